@@ -1,0 +1,62 @@
+#include "platform/Environment.h"
+
+#include "platform/DirectoryWatch.h"
+#include "platform/FatalError.h"
+#include "platform/FileCoordinator.h"
+#include "platform/FileSystem.h"
+#include "platform/Log.h"
+#include "platform/NotificationCenter.h"
+#include "platform/DispatchQueue.h"
+#include "platform/Strings.h"
+#include "platform/UserDefaults.h"
+
+namespace dayward {
+
+namespace {
+
+thread_local Environment* currentEnvironment = nullptr;
+
+std::shared_ptr<const Calendar> makeCalendar(const TimeZone& zone, const Locale& locale) {
+    return std::make_shared<const Calendar>(zone, locale.firstWeekday(), locale.minimumDaysInFirstWeek());
+}
+
+}  // namespace
+
+Environment::Environment(Services services)
+    : services_(std::move(services)), calendar_(makeCalendar(services_.zone, services_.locale)) {}
+
+Environment::~Environment() {
+    const EnvironmentScope scope(this);
+    if (services_.queues) services_.queues->waitUntilIdle();
+    const Lock lock(sharedMutex_);
+    sharedObjects_.clear();
+    while (!sharedOrder_.empty()) sharedOrder_.pop_back();
+}
+
+Environment& Environment::current() {
+    if (currentEnvironment == nullptr) fatalError("no environment is in scope");
+    return *currentEnvironment;
+}
+
+bool Environment::hasCurrent() { return currentEnvironment != nullptr; }
+
+std::shared_ptr<const Calendar> Environment::calendar() const {
+    const Lock lock(zoneMutex_);
+    return calendar_;
+}
+
+Locale Environment::locale() const { return services_.locale; }
+
+void Environment::setTimeZone(const TimeZone& zone) {
+    auto calendar = makeCalendar(zone, services_.locale);
+    const Lock lock(zoneMutex_);
+    calendar_ = std::move(calendar);
+}
+
+EnvironmentScope::EnvironmentScope(Environment* environment) : outer_(currentEnvironment) {
+    currentEnvironment = environment;
+}
+
+EnvironmentScope::~EnvironmentScope() { currentEnvironment = outer_; }
+
+}  // namespace dayward

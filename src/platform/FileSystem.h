@@ -1,0 +1,112 @@
+// Every file operation of the program goes through this interface, one system call each, so that a
+// test can fail any of them, cut a write short, or drop what was not synced.
+//
+// Paths are absolute UTF-8. Errors have the domain "file", the errno as code, and "path",
+// "operation" and "reason" in the user info. Any thread.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <string>
+#include <vector>
+
+#include "platform/Data.h"
+#include "platform/Date.h"
+#include "platform/Result.h"
+
+namespace dayward {
+
+struct FileStatus {
+    enum class Kind { file, directory, other };
+    Kind kind = Kind::file;
+    std::uint64_t size = 0;
+    Date modified;
+    std::uint64_t inode = 0;
+};
+
+/// A file opened for writing. Destroying it without close() closes it and ignores the error.
+class FileHandle {
+public:
+    virtual ~FileHandle() = default;
+    /// Writes all the bytes, or fails having written any part of them.
+    virtual Result<> write(std::span<const std::uint8_t> bytes) = 0;
+    /// Returns when the content is on the device (fsync).
+    virtual Result<> sync() = 0;
+    virtual Result<> close() = 0;
+};
+
+/// An advisory lock on a lock file, held against other processes and other holders in this one.
+/// Released when destroyed.
+class FileLock {
+public:
+    virtual ~FileLock() = default;
+};
+
+class FileSystem {
+public:
+    virtual ~FileSystem() = default;
+
+    /// Nothing where there is no such file; other failures are errors. Follows symbolic links.
+    virtual Result<std::optional<FileStatus>> status(const std::string& path) const = 0;
+    virtual Result<Data> readFile(const std::string& path) const = 0;
+    /// Names of the entries without "." and "..", in no promised order.
+    virtual Result<std::vector<std::string>> listDirectory(const std::string& path) const = 0;
+    /// Makes one directory; it is no error if it is there already.
+    virtual Result<> createDirectory(const std::string& path) = 0;
+    /// Creates or empties the file.
+    virtual Result<std::unique_ptr<FileHandle>> openForWriting(const std::string& path) = 0;
+    /// Atomically gives `from` the name `to`, replacing a file or an empty directory there.
+    virtual Result<> rename(const std::string& from, const std::string& to) = 0;
+    /// Atomically swaps two existing entries, directories included (renameat2 with RENAME_EXCHANGE).
+    virtual Result<> exchange(const std::string& a, const std::string& b) = 0;
+    virtual Result<> removeFile(const std::string& path) = 0;
+    virtual Result<> removeEmptyDirectory(const std::string& path) = 0;
+    /// Returns when the directory's entries are on the device.
+    virtual Result<> syncDirectory(const std::string& path) = 0;
+    /// Waits for the exclusive (or shared) lock on `path`, which is created if missing.
+    virtual Result<std::unique_ptr<FileLock>> lock(const std::string& path, bool exclusive) = 0;
+    virtual Result<> setExtendedAttribute(const std::string& path, const std::string& name, const Data& value) = 0;
+
+    // Built from the above.
+    [[nodiscard]] bool exists(const std::string& path) const;
+    [[nodiscard]] bool isDirectory(const std::string& path) const;
+    /// Makes the directory and its missing parents.
+    Result<> createDirectories(const std::string& path);
+    /// Removes a file, or a directory with all that is in it. Fails where there is nothing.
+    Result<> removeTree(const std::string& path);
+};
+
+/// Replaces the file whole and durably: written beside it under a temporary name, synced, renamed,
+/// the directory synced. Whatever happens, the old or the new content is there. On an error the old
+/// content stays and the temporary file is gone where it could be removed.
+Result<> writeFileAtomically(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes);
+
+/// One file of a package. A regular file directly inside the package directory.
+struct PackageFile {
+    std::string name;
+    Data bytes;
+};
+
+/// Replaces a package (a directory of files) whole and durably: a new directory is written beside
+/// it, synced, and exchanged for it by one rename; the old one is then removed. Whatever happens,
+/// the old or the new package is there, never neither and never a mix.
+Result<> writePackageAtomically(FileSystem& files, const std::string& path, std::span<const PackageFile> content);
+
+/// True for the temporary names that the two operations above use: ".NAME.tmp-PID-NUMBER". What a
+/// crash left of them is swept by removeStaleTemporaries.
+bool isTemporaryName(std::string_view name);
+/// Removes temporaries in the directory whose process is gone.
+void removeStaleTemporaries(FileSystem& files, const std::string& directory);
+
+/// "/a/b" and "c" give "/a/b/c".
+std::string joinPath(std::string_view directory, std::string_view name);
+std::string lastPathComponent(std::string_view path);
+std::string parentPath(std::string_view path);
+/// "evn" of "key.evn"; empty without a point, or for a name that only begins with one.
+std::string pathExtension(std::string_view path);
+std::string deletingPathExtension(std::string_view path);
+
+}  // namespace dayward
