@@ -1,0 +1,23 @@
+// Looks for every file of a home that cannot be read. Reading happens in child processes, so that a
+// file that stops or crashes its reader is found like any other, and nothing is ever written.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/Environment.h"
+
+namespace dayward {
+
+struct Problem {
+    std::string path;
+    std::string reason;
+
+    bool operator==(const Problem&) const = default;
+};
+
+/// Event packages, key storages and settings, user defaults and the category list in them, in the
+/// order of their paths. Forks: call it from a program's main thread, before anything else works.
+std::vector<Problem> examineHome(Environment& environment);
+
+}  // namespace dayward

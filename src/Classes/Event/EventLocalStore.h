@@ -1,0 +1,130 @@
+// The events of this device: all of them in memory, each in a package KEY.evn of its own in the
+// documents directory. Memory and observers are up to date at once, the files follow on a queue.
+//
+// Any thread may call. The data lies under the environment's data layer lock, which is never held
+// while a notification goes out. Writes of one key happen in the order of the changes, so the newest
+// state is the one that stays; writes of different keys overlap. Another process on the same home
+// is noticed by a watch of the directory: what it changed is read again and announced.
+//
+// A key becomes a file's name, so it must not be empty, begin with a point, hold "/" or NUL, or be
+// longer than 200 bytes. An event with another key lives in memory, but its write fails.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/Image.h"
+#include "platform/Mutex.h"
+#include "sync/CCFilesKeyStore.h"
+#include "sync/CCSyncKeyStore.h"
+
+namespace dayward {
+
+class DirectoryWatch;
+class HHEvent;
+class PackageReader;
+class PackageStamps;
+class PackageWrites;
+class UnreadableFiles;
+
+/// Events changed, whatever the cause. Object the store; user info "updated" or "removed": an array of
+/// HHEvent records.
+inline constexpr const char* EventLocalStoreDidUpdateNotification = "EventLocalStoreDidUpdateNotification";
+inline constexpr const char* EventLocalStoreUpdatedKey = "updated";
+inline constexpr const char* EventLocalStoreRemovedKey = "removed";
+
+class EventLocalStore final : public CCFilesKeyStore, public CCSyncKeyStore, public CCFilesKeyStoreDelegate {
+public:
+    static constexpr const char* kFileExtension = "evn";
+    static constexpr std::size_t kMaximalKeyLength = 200;
+
+    /// A file that is not shown, and why.
+    struct LeftOut {
+        std::string path;
+        std::string reason;
+    };
+
+    static EventLocalStore& shared() { return Environment::current().shared<EventLocalStore>(); }
+    /// Loads the events on the calling thread before it returns, and begins to watch the directory.
+    explicit EventLocalStore(Environment& environment);
+    /// Waits for the writes.
+    ~EventLocalStore() override;
+
+    /// Loads everything from the disk again; changes that are not on the disk yet are lost from
+    /// memory. Posts CCKeyStoreDidRefreshNotification.
+    void initialize();
+
+    [[nodiscard]] std::size_t itemsCount();
+    /// In no promised order.
+    [[nodiscard]] std::vector<std::shared_ptr<HHEvent>> allEvents();
+    /// Null for nothing and for an unknown key.
+    [[nodiscard]] std::shared_ptr<HHEvent> eventByIdentifier(const std::optional<std::string>& identifier);
+    /// The first found whose name is exactly this one.
+    [[nodiscard]] std::shared_ptr<HHEvent> eventByName(const std::string& name);
+    /// Every event for which the block answers true. The block runs under the lock.
+    [[nodiscard]] std::vector<std::shared_ptr<HHEvent>> findEvent(const std::function<bool(const HHEvent&)>& block);
+
+    /// Gives each event a new version, takes it into memory, posts the update and queues the write of
+    /// its present state. A write that fails is logged with path and reason; memory keeps the event.
+    void updateEvents(const std::vector<std::shared_ptr<HHEvent>>& events);
+    void updateEvent(const std::shared_ptr<HHEvent>& event) { updateEvents({event}); }
+    /// Takes the events out of memory, posts the removal and queues the removal of their packages.
+    void removeEvents(const std::vector<std::shared_ptr<HHEvent>>& events);
+    void removeEvent(const std::shared_ptr<HHEvent>& event) { removeEvents({event}); }
+    void removeAllEvents() { removeEvents(allEvents()); }
+
+    /// The picture in the package of the event with that key; failures are logged and give nothing.
+    [[nodiscard]] std::optional<Image> loadIconImageAtEvent(const std::string& key);
+    [[nodiscard]] std::optional<Image> loadBackgroundImageAtEvent(const std::string& key);
+
+    /// Waits for the writes queued so far and returns the first failure since the last flush. Not
+    /// from a notification that this store posts on its queue.
+    Result<> flush();
+    /// Takes in what other processes changed in the directory since it was last looked at, and
+    /// announces it. Own changes that wait to be written stand. The watch calls this by itself.
+    void refreshFromDisk();
+    /// The packages that were found but not loaded, by the last load or since.
+    [[nodiscard]] std::vector<LeftOut> leftOut();
+
+    [[nodiscard]] const std::string& directory() const { return directory_; }
+    [[nodiscard]] const std::string& fileExtension() const { return fileExtension_; }
+
+    // CCSyncKeyStore; a value in transit is the path of the sender's package.
+    [[nodiscard]] bool initialized() const override;
+    [[nodiscard]] std::vector<std::string> getSyncKeys() override;
+    [[nodiscard]] std::optional<CCSyncItemVersion> syncVersionForKey(const std::string& key) override;
+    Result<Object> syncRead(const std::string& key, CCSyncKeyStore& toStore) override;
+    /// A removal asked for by a sender without any keys is ignored: an empty container must not take
+    /// the user's events with it. An own change of the key that waits to be written wins.
+    Result<> syncWrite(const Object& value, const std::string& key, CCSyncKeyStore& fromStore) override;
+
+    // CCFilesKeyStoreDelegate
+    [[nodiscard]] std::string keyForURL(CCFilesKeyStore& store, const std::string& url) const override;
+    [[nodiscard]] Result<std::string> URLForKey(CCFilesKeyStore& store, const std::string& key) const override;
+    Result<Object> readValueFromURL(CCFilesKeyStore& store, const std::string& url) override;
+    Result<> writeValue(CCFilesKeyStore& store, const Object& value, const std::string& forURL) override;
+
+    void storeValueDidUpdate(const std::string& key) override;
+    void storeValueDidRemove(const std::string& key) override;
+
+protected:
+    [[nodiscard]] std::string typeName() const override { return "EventLocalStore"; }
+
+private:
+    using Events = std::unordered_map<std::string, std::shared_ptr<HHEvent>>;
+
+    const std::string directory_;
+    const std::string fileExtension_ = kFileExtension;
+    std::atomic<bool> initialized_ = false;
+    RecursiveMutex& dataLayerLock_;
+    Events dataLayer_ DAYWARD_GUARDED_BY(dataLayerLock_);
+};
+
+}  // namespace dayward
