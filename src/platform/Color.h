@@ -27,7 +27,7 @@ struct Color {
 /// "UIBlue", "UIAlpha", "NSColorSpace"; a grey one has "UIWhite" and "UIAlpha". Immutable.
 class ColorRecord final : public Archivable {
 public:
-    explicit ColorRecord(Color color) : color(color) {}
+    explicit ColorRecord(Color value) : color(value) {}
     const Color color;
 
     [[nodiscard]] std::vector<std::string> archiveClassNames() const override { return {"UIColor"}; }

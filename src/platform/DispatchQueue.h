@@ -23,7 +23,7 @@ public:
     /// when it has run. Never from a block of the same serial queue: that would wait for itself.
     void sync(const Block& block);
     /// Runs the block on the queue once the length of time has passed. Not before; a length that is
-    /// not a number or beyond the range of 64-bit nanoseconds stops the process.
+    /// not a number or beyond the range of 64-bit nanoseconds stops the process; a negative one is 0.
     void after(TimeInterval delay, Block block);
 
     [[nodiscard]] virtual const std::string& label() const = 0;
@@ -45,9 +45,12 @@ public:
     virtual DispatchQueue& global() = 0;
     virtual std::shared_ptr<DispatchQueue> makeSerial(std::string label) = 0;
     virtual std::shared_ptr<DispatchQueue> makeConcurrent(std::string label) = 0;
-    /// Returns when no block is running or waiting on any queue but the main one (delayed blocks
-    /// that are not due don't count). For the end of a command.
+    /// Returns when no block is running or waiting on any queue (delayed blocks that are not due
+    /// don't count). Called on the main thread it runs the main queue's blocks meanwhile; called
+    /// elsewhere it leaves the main queue alone. Never from a block. For the end of a command.
     virtual void waitUntilIdle() = 0;
+    /// Forgets the delayed blocks that are not due yet. For the end of an environment.
+    virtual void dropDelayed() = 0;
 };
 
 }  // namespace dayward

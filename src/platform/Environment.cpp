@@ -27,10 +27,20 @@ Environment::Environment(Services services)
 
 Environment::~Environment() {
     const EnvironmentScope scope(this);
-    if (services_.queues) services_.queues->waitUntilIdle();
-    const Lock lock(sharedMutex_);
-    sharedObjects_.clear();
-    while (!sharedOrder_.empty()) sharedOrder_.pop_back();
+    finishQueues();
+    {
+        const Lock lock(sharedMutex_);
+        sharedObjects_.clear();
+        while (!sharedOrder_.empty()) sharedOrder_.pop_back();
+    }
+    finishQueues();
+}
+
+void Environment::finishQueues() {
+    if (!services_.queues) return;
+    services_.queues->dropDelayed();
+    services_.queues->waitUntilIdle();
+    services_.queues->dropDelayed();
 }
 
 Environment& Environment::current() {

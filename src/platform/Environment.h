@@ -98,6 +98,9 @@ public:
     }
 
 private:
+    /// Runs what is queued and forgets what is delayed: no block may outlive the environment.
+    void finishQueues();
+
     Services services_;
     mutable Mutex zoneMutex_;
     std::shared_ptr<const Calendar> calendar_ DAYWARD_GUARDED_BY(zoneMutex_);

@@ -81,7 +81,8 @@ public:
 
 /// Replaces the file whole and durably: written beside it under a temporary name, synced, renamed,
 /// the directory synced. Whatever happens, the old or the new content is there. On an error the old
-/// content stays and the temporary file is gone where it could be removed.
+/// content stays and the temporary file is gone where it could be removed; but where only the last
+/// step, the directory's sync, fails, the new content is there and a crash may bring the old back.
 Result<> writeFileAtomically(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes);
 
 /// One file of a package. A regular file directly inside the package directory.
@@ -92,7 +93,8 @@ struct PackageFile {
 
 /// Replaces a package (a directory of files) whole and durably: a new directory is written beside
 /// it, synced, and exchanged for it by one rename; the old one is then removed. Whatever happens,
-/// the old or the new package is there, never neither and never a mix.
+/// the old or the new package is there, never neither and never a mix. A name that is no plain file
+/// name is refused (EINVAL). Errors leave what writeFileAtomically leaves.
 Result<> writePackageAtomically(FileSystem& files, const std::string& path, std::span<const PackageFile> content);
 
 /// True for the temporary names that the two operations above use: ".NAME.tmp-PID-NUMBER". What a

@@ -21,6 +21,7 @@ public:
     std::shared_ptr<DispatchQueue> makeConcurrent(std::string label) override;
     /// Runs all that is queued on every queue, the main one's included, delayed blocks not.
     void waitUntilIdle() override;
+    void dropDelayed() override;
 
     /// The same as waitUntilIdle().
     void runAll() { waitUntilIdle(); }
@@ -31,7 +32,9 @@ public:
 
 private:
     struct Impl;
+    struct Shared;
     std::shared_ptr<Impl> impl_;
+    std::unique_ptr<Shared> shared_;
 };
 
 }  // namespace dayward
