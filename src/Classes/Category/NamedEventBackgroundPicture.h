@@ -1,0 +1,22 @@
+// A background by resource name. Archived as "c004".
+#pragma once
+
+#include "Classes/Category/NamedPicture.h"
+#include "Classes/Category/EventBackgroundPicture.h"
+
+namespace dayward {
+
+class NamedEventBackgroundPicture final : public NamedPicture, public EventBackgroundPicture {
+public:
+    static constexpr const char* kArchiveClass = "c004";
+    using NamedPicture::NamedPicture;
+
+    [[nodiscard]] std::shared_ptr<const Image> getImage() const override { return namedImage(); }
+
+    [[nodiscard]] std::vector<std::string> archiveClassNames() const override {
+        return {kArchiveClass, kBaseArchiveClass};
+    }
+    static std::shared_ptr<Archivable> read(KeyedUnarchiver& coder) { return readNamed<NamedEventBackgroundPicture>(coder); }
+};
+
+}  // namespace dayward

@@ -1,0 +1,45 @@
+// Reads and writes event packages: the only code that knows what lies inside one. Stateless; any
+// thread. Paths are those of packages. While a package's archive is read, a fatal error is blamed on
+// the package.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "Classes/Event/EventDocument.h"
+#include "Classes/Event/HHEvent.h"
+#include "platform/Image.h"
+#include "platform/Result.h"
+
+namespace dayward {
+
+class EventStoreHelper {
+public:
+    /// The error domain for a package without a readable "general.t".
+    static constexpr const char* kNoDataDomain = "Нет данных info";
+
+    /// The last path component without its extension.
+    static std::string itemKeyForFileURL(std::string_view path);
+
+    /// The event of a package; reads "general.t" alone. A path that is no readable directory is an
+    /// error of the domain EventDocument::kNoFilesDomain ("fileName"); a package without a readable
+    /// "general.t", and a path where nothing is, one of kNoDataDomain ("file").
+    static Result<std::shared_ptr<HHEvent>> readEvent(const std::string& path);
+    /// Replaces the package whole. Images that the event has not changed and files of others stay byte
+    /// for byte. On an error what was there stays.
+    static Result<> writeEvent(const HHEvent& event, const std::string& path);
+
+    /// The whole package, images included; empty where nothing is at the path.
+    static Result<EventDocument> readEventDocument(const std::string& path);
+    static Result<> writeEventDocument(const EventDocument& document, const std::string& path);
+    /// The event of a document in memory, its identifier taken from the document's path.
+    static Result<std::shared_ptr<HHEvent>> getEventFromDocument(const EventDocument& document);
+
+    /// The image of "icon.i"; an error where it is missing or no image.
+    static Result<std::shared_ptr<const Image>> readIconImage(const std::string& path);
+    /// The same of "background.i".
+    static Result<std::shared_ptr<const Image>> readBackgroundImage(const std::string& path);
+};
+
+}  // namespace dayward
