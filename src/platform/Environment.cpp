@@ -28,11 +28,7 @@ Environment::Environment(Services services)
 Environment::~Environment() {
     const EnvironmentScope scope(this);
     finishQueues();
-    {
-        const Lock lock(sharedMutex_);
-        sharedObjects_.clear();
-        while (!sharedOrder_.empty()) sharedOrder_.pop_back();
-    }
+    while (std::shared_ptr<void> last = takeLastShared()) last.reset();
     finishQueues();
 }
 
@@ -41,6 +37,26 @@ void Environment::finishQueues() {
     services_.queues->dropDelayed();
     services_.queues->waitUntilIdle();
     services_.queues->dropDelayed();
+}
+
+std::shared_ptr<void> Environment::takeLastShared() {
+    const Lock lock(sharedMutex_);
+    if (sharedOrder_.empty()) return nullptr;
+    std::shared_ptr<void> last = std::move(sharedOrder_.back());
+    sharedOrder_.pop_back();
+    return last;
+}
+
+std::shared_ptr<Environment::SharedSlot> Environment::sharedSlot(std::type_index type) {
+    const Lock lock(sharedMutex_);
+    std::shared_ptr<SharedSlot>& slot = sharedSlots_[type];
+    if (!slot) slot = std::make_shared<SharedSlot>();
+    return slot;
+}
+
+void Environment::keepShared(std::shared_ptr<void> made) {
+    const Lock lock(sharedMutex_);
+    sharedOrder_.push_back(std::move(made));
 }
 
 Environment& Environment::current() {

@@ -83,29 +83,35 @@ public:
     void setTimeZone(const TimeZone& zone);
 
     /// The one object of a class that belongs to this environment, made on first use by its
-    /// constructor T(Environment&) and destroyed with the environment, last made first.
+    /// constructor T(Environment&) and destroyed with the environment, last made first. While it is
+    /// made, other threads that ask for it wait, and other classes' objects stay reachable for them.
     template <class T>
     T& shared() {
-        const Lock lock(sharedMutex_);
-        auto& slot = sharedObjects_[std::type_index(typeid(T))];
-        if (!slot) {
-            auto made = std::make_shared<T>(*this);
-            sharedObjects_[std::type_index(typeid(T))] = made;
-            sharedOrder_.push_back(made);
-            return *made;
-        }
-        return *static_cast<T*>(slot.get());
+        const std::shared_ptr<SharedSlot> slot = sharedSlot(std::type_index(typeid(T)));
+        const Lock lock(slot->mutex);
+        if (const std::shared_ptr<void> made = slot->object.lock()) return *static_cast<T*>(made.get());
+        auto made = std::make_shared<T>(*this);
+        slot->object = made;
+        keepShared(made);
+        return *made;
     }
 
 private:
     /// Runs what is queued and forgets what is delayed: no block may outlive the environment.
     void finishQueues();
+    struct SharedSlot {
+        RecursiveMutex mutex;
+        std::weak_ptr<void> object DAYWARD_GUARDED_BY(mutex);
+    };
+    std::shared_ptr<SharedSlot> sharedSlot(std::type_index type);
+    void keepShared(std::shared_ptr<void> made);
+    std::shared_ptr<void> takeLastShared();
 
     Services services_;
     mutable Mutex zoneMutex_;
     std::shared_ptr<const Calendar> calendar_ DAYWARD_GUARDED_BY(zoneMutex_);
-    RecursiveMutex sharedMutex_;
-    std::map<std::type_index, std::shared_ptr<void>> sharedObjects_ DAYWARD_GUARDED_BY(sharedMutex_);
+    Mutex sharedMutex_;
+    std::map<std::type_index, std::shared_ptr<SharedSlot>> sharedSlots_ DAYWARD_GUARDED_BY(sharedMutex_);
     std::vector<std::shared_ptr<void>> sharedOrder_ DAYWARD_GUARDED_BY(sharedMutex_);
 };
 
