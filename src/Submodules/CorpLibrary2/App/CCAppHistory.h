@@ -31,8 +31,7 @@ public:
     static void addEvent(const std::string& event, std::optional<Dictionary> userInfo);
     static void addEvent(const std::string& event, std::optional<Dictionary> userInfo, Date date);
     /// Events of that name between the two dates, both inclusive; an open end is no limit.
-    static std::size_t countEvent(const std::string& event, std::optional<Date> fromDate,
-                                  std::optional<Date> toDate);
+    static std::size_t countEvent(const std::string& event, std::optional<Date> fromDate, std::optional<Date> toDate);
     static bool containsEvent(const std::string& event);
     /// The date that many events of the name back from the newest.
     static std::optional<Date> dateToLastEvent(const std::string& event, std::int64_t offset);
