@@ -57,19 +57,20 @@ public:
     /// True where the request for the file's data was accepted; a failure is logged.
     virtual bool requestDownloadingForURL(const std::string& url);
 
-    void postNotificationStoreDidRefresh() override;
-    void postNotificationStoreDidUpdate(const std::vector<std::string>& updatedKeys,
-                                        const std::vector<std::string>& removedKeys) override;
-
 protected:
     [[nodiscard]] Environment& environment() const { return environment_; }
     [[nodiscard]] FileCoordinator& coordinator() const { return environment_.coordinator(); }
     /// The delegate; without one the process stops.
     [[nodiscard]] CCFilesKeyStoreDelegate& requiredDelegate() const;
+    [[nodiscard]] NotificationCenter& notificationCenter() const override;
+    /// Removes the key's file under coordination and runs the hook; posts nothing.
+    Result<> removeFileOfKey(const std::string& url, const std::string& key);
     /// "EventLocalStore", for log lines.
     [[nodiscard]] virtual std::string typeName() const { return "CCFilesKeyStore"; }
 
 private:
+    Result<> removeStoreValue(const std::string& key);
+
     Environment& environment_;
     std::shared_ptr<FileVersions> versions_;
     CCFilesKeyStoreDelegate* delegate_ = nullptr;

@@ -14,15 +14,20 @@ inline constexpr const char* CCKeyStoreDidUpdateNotification = "CCKeyStoreDidUpd
 inline constexpr const char* CCKeyStoreUpdatedKey = "updated";
 inline constexpr const char* CCKeyStoreRemovedKey = "removed";
 
+class NotificationCenter;
+
 class CCKeyStore {
 public:
     virtual ~CCKeyStore() = default;
 
     /// Posts CCKeyStoreDidRefreshNotification.
-    virtual void postNotificationStoreDidRefresh() = 0;
+    virtual void postNotificationStoreDidRefresh();
     /// Posts CCKeyStoreDidUpdateNotification; nothing where both lists are empty.
     virtual void postNotificationStoreDidUpdate(const std::vector<std::string>& updatedKeys,
-                                                const std::vector<std::string>& removedKeys) = 0;
+                                                const std::vector<std::string>& removedKeys);
+
+protected:
+    [[nodiscard]] virtual NotificationCenter& notificationCenter() const = 0;
 };
 
 /// The object of a store's notifications, whichever of its interfaces it is seen through: the address

@@ -64,10 +64,6 @@ public:
     /// Takes in what other processes saved; posts the update where the list is another one.
     void refreshFromDisk();
 
-    void postNotificationStoreDidRefresh() override;
-    void postNotificationStoreDidUpdate(const std::vector<std::string>& updatedKeys,
-                                        const std::vector<std::string>& removedKeys) override;
-
     // CCSyncKeyStore; a value in transit is a dictionary of the two entries above.
     [[nodiscard]] bool initialized() const override { return true; }
     [[nodiscard]] std::vector<std::string> getSyncKeys() override { return {kItemKey}; }
@@ -75,6 +71,9 @@ public:
     [[nodiscard]] std::optional<CCSyncItemVersion> syncVersionForKey(const std::string& key) override;
     Result<Object> syncRead(const std::string& key, CCSyncKeyStore& toStore) override;
     Result<> syncWrite(const Object& value, const std::string& key, CCSyncKeyStore& fromStore) override;
+
+protected:
+    [[nodiscard]] NotificationCenter& notificationCenter() const override { return environment_.notifications(); }
 
 private:
     using Map = std::map<std::string, Category>;
