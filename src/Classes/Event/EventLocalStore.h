@@ -80,9 +80,9 @@ public:
     void removeEvent(const std::shared_ptr<HHEvent>& event) { removeEvents({event}); }
     void removeAllEvents() { removeEvents(allEvents()); }
 
-    /// The picture in the package of the event with that key; failures are logged and give nothing.
-    [[nodiscard]] std::optional<Image> loadIconImageAtEvent(const std::string& key);
-    [[nodiscard]] std::optional<Image> loadBackgroundImageAtEvent(const std::string& key);
+    /// The picture in the package of the event with that key; failures are logged and give null.
+    [[nodiscard]] std::shared_ptr<const Image> loadIconImageAtEvent(const std::string& key);
+    [[nodiscard]] std::shared_ptr<const Image> loadBackgroundImageAtEvent(const std::string& key);
 
     /// Waits for the writes queued so far and returns the first failure since the last flush. Not
     /// from a notification that this store posts on its queue.
