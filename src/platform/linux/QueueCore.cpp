@@ -1,0 +1,105 @@
+#include "platform/linux/QueueCore.h"
+
+#include <asio/post.hpp>
+#include <chrono>
+#include <future>
+
+namespace dayward {
+
+namespace {
+
+std::chrono::steady_clock::time_point deadlineAfter(TimeInterval delay) {
+    const auto now = std::chrono::steady_clock::now();
+    if (delay <= TimeInterval(0)) return now;
+    using Duration = std::chrono::steady_clock::duration;
+    const auto longest = std::chrono::duration<double>(std::chrono::steady_clock::time_point::max() - now);
+    const std::chrono::duration<double> wanted(delay.seconds());
+    if (wanted >= longest) return std::chrono::steady_clock::time_point::max();
+    // Rounded up: never before its time.
+    return now + std::chrono::ceil<Duration>(wanted);
+}
+
+}  // namespace
+
+void OpenBlocks::enter() {
+    const Lock lock(mutex_);
+    ++pool_;
+}
+
+void OpenBlocks::leave() {
+    const Lock lock(mutex_);
+    if (--pool_ == 0) changed_.notify_all();
+}
+
+void OpenBlocks::enterMain() {
+    const Lock lock(mutex_);
+    ++main_;
+    changed_.notify_all();
+}
+
+void OpenBlocks::leaveMain() {
+    const Lock lock(mutex_);
+    --main_;
+}
+
+void OpenBlocks::waitForPool() {
+    const Lock lock(mutex_);
+    while (pool_ != 0) changed_.wait(mutex_);
+}
+
+bool OpenBlocks::waitForMainBlock() {
+    const Lock lock(mutex_);
+    while (pool_ != 0 && main_ == 0) changed_.wait(mutex_);
+    return main_ != 0;
+}
+
+DelayTimers::DelayTimers() : work_(context_.get_executor()), thread_([this] { context_.run(); }) {}
+
+void DelayTimers::close() {
+    {
+        const Lock lock(mutex_);
+        closed_ = true;
+    }
+    work_.reset();
+    asio::post(context_, [this] { waiting_.clear(); });
+    thread_.join();
+}
+
+void DelayTimers::add(TimeInterval delay, Block fire) {
+    const auto deadline = deadlineAfter(delay);
+    const std::uint64_t number = ++lastNumber_;
+    const Lock lock(mutex_);
+    if (closed_) return;
+    asio::post(context_, [this, deadline, number, fire = std::move(fire)] {
+        auto& timer = waiting_.try_emplace(number, context_, deadline).first->second;
+        timer.async_wait([this, number, fire](const asio::error_code&) {
+            // Gone from the list: dropped, even where the time had come already.
+            if (waiting_.erase(number) != 0) fire();
+        });
+    });
+}
+
+void DelayTimers::dropAll() {
+    std::promise<void> dropped;
+    asio::post(context_, [&] {
+        waiting_.clear();
+        dropped.set_value();
+    });
+    dropped.get_future().wait();
+}
+
+void QueueCore::post(std::function<void()> block) {
+    const Lock lock(mutex_);
+    if (!closed_) asio::post(pool_, std::move(block));
+}
+
+void QueueCore::close() {
+    timers.close();
+    {
+        const Lock lock(mutex_);
+        closed_ = true;
+    }
+    pool_.join();
+}
+
+}  // namespace dayward

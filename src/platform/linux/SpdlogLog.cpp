@@ -1,0 +1,64 @@
+#include "platform/linux/SpdlogLog.h"
+
+#include <spdlog/logger.h>
+#include <spdlog/sinks/rotating_file_sink.h>
+
+#include <cstdio>
+#include <exception>
+#include <mutex>
+
+namespace dayward {
+
+namespace {
+
+constexpr std::size_t kLongestFile = 1 << 20;
+constexpr std::size_t kOlderFiles = 2;
+
+void toStandardError(std::string_view line) {
+    std::fprintf(stderr, "%.*s\n", static_cast<int>(line.size()), line.data());
+}
+
+}  // namespace
+
+struct SpdlogLog::File {
+    std::once_flag opened;
+    std::unique_ptr<spdlog::logger> logger;
+
+    void open(const std::string& path) {
+        try {
+            auto sink = std::make_shared<spdlog::sinks::rotating_file_sink_mt>(path, kLongestFile, kOlderFiles);
+            logger = std::make_unique<spdlog::logger>("dayward", std::move(sink));
+            logger->set_pattern("%Y-%m-%d %H:%M:%S.%e %P %l %v");
+            logger->set_level(spdlog::level::debug);
+            logger->flush_on(spdlog::level::err);
+            // A full disk must not make a line on standard error of every line of the log.
+            logger->set_error_handler([](const std::string&) {});
+        } catch (const std::exception& problem) {
+            toStandardError("the log cannot be opened: " + std::string(problem.what()));
+        }
+    }
+
+    spdlog::logger* get(const std::string& path) {
+        std::call_once(opened, [&] { open(path); });
+        return logger.get();
+    }
+};
+
+SpdlogLog::SpdlogLog(Options options) : options_(std::move(options)), file_(std::make_unique<File>()) {}
+
+SpdlogLog::~SpdlogLog() = default;
+
+void SpdlogLog::error(std::string_view line) {
+    spdlog::logger* const logger = file_->get(options_.file);
+    if (logger != nullptr) logger->error(spdlog::string_view_t(line.data(), line.size()));
+    if (logger == nullptr || options_.errorsToStandardError) toStandardError(line);
+}
+
+void SpdlogLog::debug(std::string_view line) {
+    if (!wantsDebug()) return;
+    if (auto* const logger = file_->get(options_.file)) logger->debug(spdlog::string_view_t(line.data(), line.size()));
+}
+
+bool SpdlogLog::wantsDebug() const { return options_.debug; }
+
+}  // namespace dayward
