@@ -78,6 +78,18 @@ protected:
 private:
     using Map = std::map<std::string, Category>;
 
+    /// The list, read from the defaults where it is not here yet, the built-in category added.
+    Map& load() DAYWARD_REQUIRES(mutex_);
+    Category categoryNamed(const std::string& name) DAYWARD_REQUIRES(mutex_);
+    void save(const std::vector<Category>& categories, Initialize initialize) DAYWARD_REQUIRES(mutex_);
+    void writeBlocks(const std::vector<Category>& categories) DAYWARD_REQUIRES(mutex_);
+    /// None leaves the list without a version.
+    void storeVersion(const std::shared_ptr<CCSyncItemVersion>& version) DAYWARD_REQUIRES(mutex_);
+    /// Takes in the list that another process saved; true where it is another one.
+    bool takeInSaved() DAYWARD_REQUIRES(mutex_);
+    void announce(Initialize initialize);
+    void postDidUpdate();
+
     Environment& environment_;
     RecursiveMutex mutex_;
     std::optional<Map> categoryMap_ DAYWARD_GUARDED_BY(mutex_);
