@@ -18,10 +18,12 @@ FatalErrorContext::~FatalErrorContext() { innermost = outer_; }
 
 void fatalError(std::string_view text) {
     std::string line(text);
-    if (const FatalErrorContext* context = innermost) {
-        if (context->onFatal_ != nullptr) context->onFatal_(context->file_, text, context->argument_);
-        line += ": " + context->file_;
+    const FatalErrorContext* const blamed = innermost;
+    innermost = nullptr;
+    for (const FatalErrorContext* context = blamed; context != nullptr; context = context->outer_) {
+        if (context->onFatal_ != nullptr) context->onFatal_(blamed->file_, text, context->argument_);
     }
+    if (blamed != nullptr) line += ": " + blamed->file_;
     line += '\n';
     std::fputs(line.c_str(), stderr);
     std::fflush(stderr);
