@@ -24,7 +24,7 @@ public:
                                                        const std::string& language);
 
     /// The text of a key in a table, or the key itself.
-    [[nodiscard]] const std::string& localized(const std::string& key, std::string_view table = kMainTable) const;
+    [[nodiscard]] std::string localized(const std::string& key, std::string_view table = kMainTable) const;
     [[nodiscard]] bool contains(const std::string& key, std::string_view table = kMainTable) const;
 
 private:
@@ -32,8 +32,8 @@ private:
 };
 
 /// The current environment's text for a key of the main table.
-const std::string& localized(const std::string& key);
+std::string localized(const std::string& key);
 /// The same for a key of a named table.
-const std::string& localized(const std::string& key, std::string_view table);
+std::string localized(const std::string& key, std::string_view table);
 
 }  // namespace dayward

@@ -1,0 +1,41 @@
+#include "platform/Collation.h"
+
+#include <algorithm>
+#include <memory>
+
+#include <unicode/coll.h>
+
+#include "platform/FatalError.h"
+
+namespace dayward {
+
+namespace {
+
+bool isAscii(std::string_view text) {
+    return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+const icu::Collator& rootCollator() {
+    static const std::unique_ptr<icu::Collator> collator = [] {
+        UErrorCode status = U_ZERO_ERROR;
+        std::unique_ptr<icu::Collator> made(icu::Collator::createInstance(icu::Locale::getRoot(), status));
+        if (!made || U_FAILURE(status)) fatalError("the root collation cannot be loaded");
+        return made;
+    }();
+    return *collator;
+}
+
+icu::StringPiece pieceOf(std::string_view text) { return {text.data(), static_cast<std::int32_t>(text.size())}; }
+
+}  // namespace
+
+std::strong_ordering plainStringOrder(std::string_view a, std::string_view b) {
+    if (isAscii(a) && isAscii(b)) return a <=> b;
+    UErrorCode status = U_ZERO_ERROR;
+    const UCollationResult order = rootCollator().compareUTF8(pieceOf(a), pieceOf(b), status);
+    // The bytes of UTF-8 order as the code points do.
+    if (U_FAILURE(status) || order == UCOL_EQUAL) return a <=> b;
+    return order == UCOL_LESS ? std::strong_ordering::less : std::strong_ordering::greater;
+}
+
+}  // namespace dayward

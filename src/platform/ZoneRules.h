@@ -1,0 +1,57 @@
+// The compiled rules of one time zone: every change of offset as a sorted table, built from a TZif
+// file (RFC 8536, versions 1 to 4, "fat" and "slim") and its footer.
+//
+// The footer's rule is unrolled for one 400-year period of the Gregorian calendar; what lies beyond
+// is looked up one or more periods earlier. Instants are whole seconds since 1970. Immutable once
+// compiled; any thread, no locks.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/PosixZone.h"
+#include "platform/Result.h"
+
+namespace dayward {
+
+class ZoneRules {
+public:
+    struct Segment {
+        std::int64_t start = 0;   ///< first second; the first segment has no start
+        std::int32_t offset = 0;  ///< seconds east of UTC
+        bool isDaylightSaving = false;
+    };
+
+    /// Fails with the domain "time zone" and a "reason" for anything but a sound TZif file.
+    static Result<ZoneRules> parse(std::span<const std::uint8_t> bytes);
+    static ZoneRules fixed(std::int32_t offset);
+    /// The rules of a POSIX TZ text alone, for all times.
+    static Result<ZoneRules> ofPosixText(std::string_view text);
+
+    /// The segment around an instant; any number is allowed.
+    [[nodiscard]] const Segment& at(std::int64_t instant) const { return segments_[indexAt(intoTable(instant))]; }
+    /// The offset to subtract from a local time: the first pass of a repeated time, the offset
+    /// before the gap for a skipped one.
+    [[nodiscard]] std::int32_t offsetOfLocal(std::int64_t local) const;
+    [[nodiscard]] std::optional<std::int64_t> nextTransitionAfter(std::int64_t instant) const;
+
+private:
+    void append(std::int64_t start, std::int32_t offset, bool isDaylightSaving);
+    void applyFooter(const PosixZone& footer, bool hasTransitions);
+    void finish();
+    [[nodiscard]] std::size_t indexAt(std::int64_t instant) const;
+    [[nodiscard]] std::int64_t intoTable(std::int64_t seconds) const;
+
+    std::vector<Segment> segments_;
+    std::vector<std::uint16_t> firstOfBucket_;  ///< the segment at the start of each bucket
+    std::int32_t greatestOffset_ = 0;
+    std::int64_t periodStart_ = 0;   ///< with periodEnd_: the period that repeats
+    std::int64_t periodEnd_ = 0;     ///< 0: nothing repeats
+    bool repeatsBackwards_ = false;  ///< the rule holds for all times before, too
+};
+
+}  // namespace dayward
