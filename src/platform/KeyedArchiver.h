@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -20,6 +21,8 @@ class KeyedArchiver {
 public:
     /// The whole archive with the object as its root.
     static Data archivedDataWithRootObject(const Object& root);
+    /// An archive with the entries that `encode` writes in the place of a single root.
+    static Data archivedDataWithContents(const std::function<void(KeyedArchiver&)>& encode);
 
     /// Called by records while they are written; keys come out in the order of the calls.
     void encodeObject(const Object& value, std::string_view forKey);

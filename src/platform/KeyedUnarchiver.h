@@ -8,6 +8,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -25,6 +26,9 @@ public:
     static Result<Object> unarchiveObjectWithData(const Data& data, const ArchiveClasses& classes);
     /// The same with the current environment's classes.
     static Result<Object> unarchiveObjectWithData(const Data& data);
+    /// Lets `decode` read the entries beside or in the place of a single root.
+    static Result<> unarchiveContents(const Data& data, const ArchiveClasses& classes,
+                                      const std::function<void(KeyedUnarchiver&)>& decode);
 
     // Called by the readers of records, on the record that is being read. A missing key, a value of
     // another type, or an object that is still being read (a circle) is nothing. Numbers read as

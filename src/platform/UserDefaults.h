@@ -21,8 +21,8 @@ class FileSystem;
 
 class UserDefaults {
 public:
-    /// Opens the suite stored at `path`. An unreadable file reads as empty; it is kept beside under
-    /// the name PATH.unreadable and the reason is logged.
+    /// The suite stored at `path`, read on first use. A file that is no suite reads as empty; it is kept
+    /// beside under the name PATH.unreadable and the reason is logged.
     UserDefaults(std::shared_ptr<FileSystem> files, std::shared_ptr<const ArchiveClasses> classes, std::string path);
 
     [[nodiscard]] Object objectForKey(const std::string& key) const;
@@ -43,11 +43,20 @@ public:
     Result<> synchronize();
 
 private:
+    void loadOnce() const DAYWARD_REQUIRES(mutex_);
+    /// What the file holds; nothing where it is no suite.
+    [[nodiscard]] Result<std::optional<Dictionary>> readFile() const;
+    /// The same under the file's lock; a file that is no suite is put aside.
+    [[nodiscard]] Result<std::optional<Dictionary>> readFileOrPutAside() const;
+    [[nodiscard]] Result<Dictionary> exchangeWithFile(const Dictionary& known, const std::set<std::string>& changed);
+
     std::shared_ptr<FileSystem> files_;
     std::shared_ptr<const ArchiveClasses> classes_;
     const std::string path_;
-    mutable RecursiveMutex mutex_;
-    Dictionary values_ DAYWARD_GUARDED_BY(mutex_);
+    Mutex synchronizing_;  ///< held by synchronize(), before mutex_
+    mutable Mutex mutex_;
+    mutable bool isLoaded_ DAYWARD_GUARDED_BY(mutex_) = false;
+    mutable Dictionary values_ DAYWARD_GUARDED_BY(mutex_);
     std::set<std::string> changed_ DAYWARD_GUARDED_BY(mutex_);
 };
 

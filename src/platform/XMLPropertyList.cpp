@@ -1,0 +1,113 @@
+#include <plist/plist.h>
+
+#include <algorithm>
+#include <string_view>
+
+#include "platform/PropertyList.h"
+
+namespace dayward {
+
+namespace {
+
+/// The parser's own structures are freed recursively, and long dictionaries are searched in line.
+constexpr std::size_t kLargestDocument = 4 << 20;
+constexpr int kDeepestNesting = 200;
+
+/// How many arrays and dictionaries are open at once at most; text that only looks like a tag counts too.
+int nestingOf(std::string_view xml) {
+    int depth = 0;
+    int deepest = 0;
+    for (std::size_t at = xml.find('<'); at != std::string_view::npos; at = xml.find('<', at + 1)) {
+        const std::string_view tag = xml.substr(at + 1, 6);
+        if (tag.starts_with("array") || tag.starts_with("dict")) {
+            deepest = std::max(deepest, ++depth);
+        } else if (tag.starts_with("/array") || tag.starts_with("/dict")) {
+            --depth;
+        }
+        const std::size_t end = xml.find('>', at);
+        if (end != std::string_view::npos && end > at && xml[end - 1] == '/' &&
+            xml.substr(at, end - at).find('<', 1) == std::string_view::npos &&
+            (tag.starts_with("array") || tag.starts_with("dict"))) {
+            --depth;
+        }
+    }
+    return deepest;
+}
+
+PropertyList converted(plist_t node);
+
+PropertyList convertedArray(plist_t node) {
+    PropertyList::List elements;
+    plist_array_iter iterator = nullptr;
+    plist_array_new_iter(node, &iterator);
+    plist_t element = nullptr;
+    for (plist_array_next_item(node, iterator, &element); element; plist_array_next_item(node, iterator, &element)) {
+        elements.push_back(converted(element));
+    }
+    std::free(iterator);
+    return {std::move(elements)};
+}
+
+PropertyList convertedDictionary(plist_t node) {
+    PropertyList::Fields fields;
+    plist_dict_iter iterator = nullptr;
+    plist_dict_new_iter(node, &iterator);
+    while (true) {
+        char* key = nullptr;
+        plist_t value = nullptr;
+        plist_dict_next_item(node, iterator, &key, &value);
+        if (!key) break;
+        fields.emplace_back(key, converted(value));
+        std::free(key);
+    }
+    std::free(iterator);
+    return {std::move(fields)};
+}
+
+PropertyList converted(plist_t node) {
+    std::uint64_t count = 0;
+    switch (plist_get_node_type(node)) {
+        case PLIST_BOOLEAN: return {plist_bool_val_is_true(node) != 0};
+        case PLIST_UINT: plist_get_uint_val(node, &count); return {static_cast<std::int64_t>(count)};
+        case PLIST_REAL: {
+            double value = 0;
+            plist_get_real_val(node, &value);
+            return {value};
+        }
+        case PLIST_STRING: {
+            const char* text = plist_get_string_ptr(node, &count);
+            return {text ? std::string(text, count) : std::string()};
+        }
+        case PLIST_DATA: {
+            const char* bytes = plist_get_data_ptr(node, &count);
+            return {bytes ? Data(bytes, bytes + count) : Data()};
+        }
+        case PLIST_DATE: {
+            std::int32_t seconds = 0;
+            std::int32_t microseconds = 0;
+            plist_get_date_val(node, &seconds, &microseconds);
+            return {Date::sinceReference(seconds + microseconds / 1e6)};
+        }
+        case PLIST_UID: plist_get_uid_val(node, &count); return {ArchiveUID{count}};
+        case PLIST_ARRAY: return convertedArray(node);
+        case PLIST_DICT: return convertedDictionary(node);
+        default: return {};
+    }
+}
+
+}  // namespace
+
+Result<Data> binaryFromXMLPropertyList(const Data& xml) {
+    const auto damaged = [](const char* reason) { return failure("keyed archive", 0, {{"reason", reason}}); };
+    if (xml.size() > kLargestDocument) return damaged("an XML property list of this size is not read");
+    const std::string_view text(reinterpret_cast<const char*>(xml.data()), xml.size());
+    if (nestingOf(text) > kDeepestNesting) return damaged("nested too deeply");
+    plist_t root = nullptr;
+    plist_from_xml(text.data(), static_cast<std::uint32_t>(text.size()), &root);
+    if (!root) return damaged("broken XML property list");
+    const PropertyList list = converted(root);
+    plist_free(root);
+    return binaryPropertyList(list);
+}
+
+}  // namespace dayward
