@@ -1,0 +1,226 @@
+#include "Submodules/CorpLibrary2/Foundation/XXKeyStorage.h"
+
+#include <exception>
+#include <random>
+
+#include "Submodules/CorpLibrary2/Foundation/AESCrypt.h"
+#include "Submodules/CorpLibrary2/Foundation/ArchivedFile.h"
+#include "Submodules/CorpLibrary2/Foundation/CCDObject.h"
+#include "platform/Environment.h"
+#include "platform/KeyedArchiver.h"
+#include "platform/KeyedUnarchiver.h"
+#include "platform/Log.h"
+#include "platform/UserDefaults.h"
+
+namespace dayward {
+
+namespace {
+
+constexpr const char* kCryptoObjectKey = "object";
+constexpr const char* kCryptoSaltKey = "x";
+constexpr std::int64_t kCryptoSaltLimit = 1000;
+
+std::int64_t newSalt() {
+    std::random_device device;
+    return std::uniform_int_distribution<std::int64_t>(0, kCryptoSaltLimit - 1)(device);
+}
+
+}  // namespace
+
+XXKeyStorage::XXKeyStorage(const KeyStorageDefaultsKey& key)
+    : environment_(Environment::current()), userDefaultsKey_(key.key) {}
+
+XXKeyStorage::XXKeyStorage(const KeyStorageFile& file) : environment_(Environment::current()), filePath_(file.path) {}
+
+bool XXKeyStorage::autoSynchronize() const {
+    const Lock lock(mutex_);
+    return autoSynchronize_;
+}
+
+void XXKeyStorage::setAutoSynchronize(bool on) {
+    const Lock lock(mutex_);
+    autoSynchronize_ = on;
+}
+
+std::optional<std::string> XXKeyStorage::cryptoKey() const {
+    const Lock lock(mutex_);
+    return cryptoKey_;
+}
+
+void XXKeyStorage::setCryptoKey(std::optional<std::string> key) {
+    const Lock lock(mutex_);
+    cryptoKey_ = std::move(key);
+}
+
+std::optional<std::string> XXKeyStorage::userDefaultsKey() const {
+    const Lock lock(mutex_);
+    return userDefaultsKey_;
+}
+
+void XXKeyStorage::setUserDefaultsKey(std::optional<std::string> key) {
+    const Lock lock(mutex_);
+    userDefaultsKey_ = std::move(key);
+}
+
+std::optional<std::string> XXKeyStorage::filePath() const {
+    const Lock lock(mutex_);
+    return filePath_;
+}
+
+void XXKeyStorage::setFilePath(std::optional<std::string> path) {
+    const Lock lock(mutex_);
+    filePath_ = std::move(path);
+}
+
+Object XXKeyStorage::load() const {
+    if (userDefaultsKey_) return environment_.standardDefaults().objectForKey(*userDefaultsKey_);
+    if (!filePath_) return nullptr;
+    auto root = readArchivedFile(environment_, *filePath_);
+    if (root) return root->value_or(nullptr);
+    environment_.log().error("XXKeyStorage read: " + *filePath_ + ", error: " + root.error().description());
+    return nullptr;
+}
+
+Dictionary& XXKeyStorage::loadedStorage() const {
+    if (!storage_) {
+        Object loaded = load();
+        if (cryptoKey_) loaded = objectFromCryptoData(loaded, *cryptoKey_);
+        const auto* dictionary = loaded.dictionary();
+        storage_ = dictionary ? *dictionary : Dictionary();
+    }
+    return *storage_;
+}
+
+Dictionary XXKeyStorage::storage() const {
+    const Lock lock(mutex_);
+    return loadedStorage();
+}
+
+void XXKeyStorage::storeInDefaults(const Object& stored) {
+    auto& defaults = environment_.standardDefaults();
+    defaults.setObject(stored, *userDefaultsKey_);
+    // The defaults log a failure themselves, with path and reason.
+    static_cast<void>(defaults.synchronize());
+}
+
+void XXKeyStorage::synchronize() {
+    const Lock lock(mutex_);
+    Object stored = loadedStorage();
+    if (cryptoKey_) stored = cryptoDataFromObject(stored, *cryptoKey_);
+    if (userDefaultsKey_) {
+        storeInDefaults(stored);
+    } else if (filePath_) {
+        const auto written = writeArchivedFile(environment_, *filePath_, stored);
+        if (written) return;
+        environment_.log().error("XXKeyStorage write: " + *filePath_ + ", error: " + written.error().description());
+    }
+}
+
+void XXKeyStorage::performAutoSynchronize() {
+    const Lock lock(mutex_);
+    if (autoSynchronize_) synchronize();
+}
+
+std::size_t XXKeyStorage::count() {
+    const Lock lock(mutex_);
+    return loadedStorage().size();
+}
+
+std::vector<std::string> XXKeyStorage::allKeys() const {
+    const Lock lock(mutex_);
+    std::vector<std::string> keys;
+    for (const auto& [key, object] : loadedStorage()) keys.push_back(key);
+    return keys;
+}
+
+std::vector<Object> XXKeyStorage::allValues() const {
+    const Lock lock(mutex_);
+    std::vector<Object> values;
+    for (const auto& [key, object] : loadedStorage()) values.push_back(object);
+    return values;
+}
+
+Object XXKeyStorage::objectForKey(const std::string& key) const {
+    const Lock lock(mutex_);
+    const auto& storage = loadedStorage();
+    const auto found = storage.find(key);
+    return found == storage.end() ? Object() : found->second;
+}
+
+Object XXKeyStorage::valueForKey(const std::string& key) const { return objectForKey(key); }
+
+std::vector<std::string> XXKeyStorage::keyEnumerator() const { return allKeys(); }
+
+std::vector<Object> XXKeyStorage::objectEnumerator() const { return allValues(); }
+
+std::size_t XXKeyStorage::countByEnumeratingWithState(EnumerationState& state, std::span<std::string> objects) const {
+    const Lock lock(mutex_);
+    const auto& storage = loadedStorage();
+    auto next = state.lastKey ? storage.upper_bound(*state.lastKey) : storage.begin();
+    std::size_t filled = 0;
+    for (; next != storage.end() && filled < objects.size(); ++next) objects[filled++] = next->first;
+    if (filled > 0) state.lastKey = objects[filled - 1];
+    return filled;
+}
+
+void XXKeyStorage::setObject(Object object, const std::string& forKey) {
+    const Lock lock(mutex_);
+    if (object.isNull()) {
+        loadedStorage().erase(forKey);
+    } else {
+        loadedStorage().insert_or_assign(forKey, std::move(object));
+    }
+    performAutoSynchronize();
+}
+
+void XXKeyStorage::setValue(Object value, const std::string& forKey) {
+    XXKeyStorage::setObject(std::move(value), forKey);
+}
+
+void XXKeyStorage::setDictionary(Dictionary dictionary) {
+    const Lock lock(mutex_);
+    storage_ = std::move(dictionary);
+    performAutoSynchronize();
+}
+
+void XXKeyStorage::removeObjectForKey(const std::string& key) {
+    const Lock lock(mutex_);
+    loadedStorage().erase(key);
+    performAutoSynchronize();
+}
+
+void XXKeyStorage::removeAllObjects() {
+    const Lock lock(mutex_);
+    storage_ = Dictionary();
+    performAutoSynchronize();
+}
+
+void XXKeyStorage::removeObjectsForKeys(const std::vector<std::string>& keys) {
+    const Lock lock(mutex_);
+    for (const auto& key : keys) loadedStorage().erase(key);
+    performAutoSynchronize();
+}
+
+std::string XXKeyStorage::description() const { return CCDObject(storage()).description(); }
+
+std::optional<Data> XXKeyStorage::cryptoDataFromObject(const Object& object, const std::string& key) {
+    if (object.isNull()) return std::nullopt;
+    const Data archive = KeyedArchiver::archivedDataWithContents([&](KeyedArchiver& coder) {
+        coder.encodeObject(object, kCryptoObjectKey);
+        coder.encodeInteger(newSalt(), kCryptoSaltKey);
+    });
+    return AES256EncryptWithKey(archive, key);
+}
+
+Object XXKeyStorage::objectFromCryptoData(const Object& data, const std::string& key) {
+    if (!data.data()) return nullptr;
+    const auto archive = AES256DecryptWithKey(*data.data(), key);
+    if (!archive) return nullptr;
+    Object object;
+    const auto read = KeyedUnarchiver::unarchiveContents(
+        *archive, Environment::current().archiveClasses(),
+        [&](KeyedUnarchiver& coder) { object = coder.decodeObject(kCryptoObjectKey); });
+    return read ? object : Object();
+}
+
+}  // namespace dayward
