@@ -16,7 +16,9 @@ public:
     [[nodiscard]] std::vector<std::string> archiveClassNames() const override {
         return {kArchiveClass, kBaseArchiveClass};
     }
-    static std::shared_ptr<Archivable> read(KeyedUnarchiver& coder) { return readColor<ColorEventBackgroundPicture>(coder); }
+    static std::shared_ptr<Archivable> read(KeyedUnarchiver& coder) {
+        return readColor<ColorEventBackgroundPicture>(coder);
+    }
 };
 
 }  // namespace dayward

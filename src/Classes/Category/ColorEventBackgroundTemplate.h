@@ -1,9 +1,9 @@
 // A template that gives one colour. Archived as "c009".
 #pragma once
 
+#include "Classes/Category/ColorEventBackgroundPicture.h"
 #include "Classes/Category/ColorPicture.h"
 #include "Classes/Category/EventBackgroundTemplate.h"
-#include "Classes/Category/ColorEventBackgroundPicture.h"
 
 namespace dayward {
 
@@ -20,7 +20,9 @@ public:
     [[nodiscard]] std::vector<std::string> archiveClassNames() const override {
         return {kArchiveClass, kBaseArchiveClass};
     }
-    static std::shared_ptr<Archivable> read(KeyedUnarchiver& coder) { return readColor<ColorEventBackgroundTemplate>(coder); }
+    static std::shared_ptr<Archivable> read(KeyedUnarchiver& coder) {
+        return readColor<ColorEventBackgroundTemplate>(coder);
+    }
 };
 
 }  // namespace dayward

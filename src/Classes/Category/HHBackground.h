@@ -23,8 +23,7 @@ public:
     static constexpr const char* kImageNameKey = "imageName";
     static constexpr const char* kColorKey = "color";
 
-    HHBackground(std::shared_ptr<const Image> image, std::optional<std::string> imageSource,
-                 std::optional<Color> color)
+    HHBackground(std::shared_ptr<const Image> image, std::optional<std::string> imageSource, std::optional<Color> color)
         : image_(std::move(image)), imageSource_(std::move(imageSource)), color_(color) {}
 
     /// Null where the record has none.

@@ -1,8 +1,8 @@
 // A background from an image of the user's. Archived as "c005".
 #pragma once
 
-#include "Classes/Category/JPGPicture.h"
 #include "Classes/Category/EventBackgroundPicture.h"
+#include "Classes/Category/JPGPicture.h"
 
 namespace dayward {
 
@@ -18,7 +18,9 @@ public:
     [[nodiscard]] std::vector<std::string> archiveClassNames() const override {
         return {kArchiveClass, kBaseArchiveClass};
     }
-    static std::shared_ptr<Archivable> read(KeyedUnarchiver& coder) { return readImage<ImageEventBackgroundPicture>(coder); }
+    static std::shared_ptr<Archivable> read(KeyedUnarchiver& coder) {
+        return readImage<ImageEventBackgroundPicture>(coder);
+    }
 };
 
 }  // namespace dayward

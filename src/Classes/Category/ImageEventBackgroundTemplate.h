@@ -1,9 +1,9 @@
 // A template that gives one image of the user's. Archived as "c008".
 #pragma once
 
-#include "Classes/Category/JPGPicture.h"
 #include "Classes/Category/EventBackgroundTemplate.h"
 #include "Classes/Category/ImageEventBackgroundPicture.h"
+#include "Classes/Category/JPGPicture.h"
 
 namespace dayward {
 
@@ -23,7 +23,9 @@ public:
     [[nodiscard]] std::vector<std::string> archiveClassNames() const override {
         return {kArchiveClass, kBaseArchiveClass};
     }
-    static std::shared_ptr<Archivable> read(KeyedUnarchiver& coder) { return readImage<ImageEventBackgroundTemplate>(coder); }
+    static std::shared_ptr<Archivable> read(KeyedUnarchiver& coder) {
+        return readImage<ImageEventBackgroundTemplate>(coder);
+    }
 };
 
 }  // namespace dayward

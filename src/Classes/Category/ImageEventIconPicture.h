@@ -1,8 +1,8 @@
 // An icon from an image of the user's. Archived as "c003".
 #pragma once
 
-#include "Classes/Category/PNGPicture.h"
 #include "Classes/Category/EventIconPicture.h"
+#include "Classes/Category/PNGPicture.h"
 
 namespace dayward {
 

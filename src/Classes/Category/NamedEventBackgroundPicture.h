@@ -1,8 +1,8 @@
 // A background by resource name. Archived as "c004".
 #pragma once
 
-#include "Classes/Category/NamedPicture.h"
 #include "Classes/Category/EventBackgroundPicture.h"
+#include "Classes/Category/NamedPicture.h"
 
 namespace dayward {
 
@@ -16,7 +16,9 @@ public:
     [[nodiscard]] std::vector<std::string> archiveClassNames() const override {
         return {kArchiveClass, kBaseArchiveClass};
     }
-    static std::shared_ptr<Archivable> read(KeyedUnarchiver& coder) { return readNamed<NamedEventBackgroundPicture>(coder); }
+    static std::shared_ptr<Archivable> read(KeyedUnarchiver& coder) {
+        return readNamed<NamedEventBackgroundPicture>(coder);
+    }
 };
 
 }  // namespace dayward

@@ -1,9 +1,9 @@
 // A template that gives one named background. Archived as "c007".
 #pragma once
 
-#include "Classes/Category/NamedPicture.h"
 #include "Classes/Category/EventBackgroundTemplate.h"
 #include "Classes/Category/NamedEventBackgroundPicture.h"
+#include "Classes/Category/NamedPicture.h"
 
 namespace dayward {
 
@@ -20,7 +20,9 @@ public:
     [[nodiscard]] std::vector<std::string> archiveClassNames() const override {
         return {kArchiveClass, kBaseArchiveClass};
     }
-    static std::shared_ptr<Archivable> read(KeyedUnarchiver& coder) { return readNamed<NamedEventBackgroundTemplate>(coder); }
+    static std::shared_ptr<Archivable> read(KeyedUnarchiver& coder) {
+        return readNamed<NamedEventBackgroundTemplate>(coder);
+    }
 };
 
 }  // namespace dayward

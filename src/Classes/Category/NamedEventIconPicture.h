@@ -1,8 +1,8 @@
 // An icon by resource name. Archived as "c002".
 #pragma once
 
-#include "Classes/Category/NamedPicture.h"
 #include "Classes/Category/EventIconPicture.h"
+#include "Classes/Category/NamedPicture.h"
 
 namespace dayward {
 

@@ -19,7 +19,9 @@ public:
     void encodeWithCoder(KeyedArchiver&) const override {}
     /// Any two are equal.
     [[nodiscard]] bool isEqual(const Archivable& other) const override;
-    static std::shared_ptr<Archivable> read(KeyedUnarchiver&) { return std::make_shared<RColorEventBackgroundTemplate>(); }
+    static std::shared_ptr<Archivable> read(KeyedUnarchiver&) {
+        return std::make_shared<RColorEventBackgroundTemplate>();
+    }
 };
 
 }  // namespace dayward
