@@ -112,7 +112,7 @@ std::optional<Date> Calendar::dateFromComponents(const DateComponents& given) co
     };
     const Date date = dateOf(zone_, {day, seconds(given.hour, 3600) + seconds(given.minute, 60) +
                                               seconds(given.second, 1) + seconds(given.nanosecond, 1e-9)});
-    if (std::abs(date.secondsSinceReference()) > kGreatestSeconds) return std::nullopt;
+    if (std::abs(date.secondsSinceReference()) > kGreatestResult) return std::nullopt;
     return date;
 }
 

@@ -65,9 +65,9 @@ Date addAmounts(const TimeZone& zone, const CalendarAmounts& amounts, Date date)
 
 std::optional<Date> Calendar::dateByAddingComponents(const DateComponents& components, Date date) const {
     const CalendarAmounts amounts = amountsOf(components);
-    if (!(std::abs(date.secondsSinceReference()) <= kGreatestSeconds) || !isWithinLimits(amounts)) return std::nullopt;
-    const Date result = addAmounts(zone_, amounts, date);
-    if (std::abs(result.secondsSinceReference()) > kGreatestSeconds) return std::nullopt;
+    if (!isWithinLimits(amounts)) return std::nullopt;
+    const Date result = addAmounts(zone_, amounts, Date::sinceReference(clampedSeconds(date.secondsSinceReference())));
+    if (std::abs(result.secondsSinceReference()) > kGreatestResult) return std::nullopt;
     return result;
 }
 

@@ -14,6 +14,8 @@ namespace dayward::arithmetic {
 inline constexpr double kSecondsPerDay = 86400;
 /// Beyond this many seconds a date is taken for the limit itself, so that whole numbers never overflow.
 inline constexpr double kGreatestSeconds = 1e18;
+/// Results beyond this are no dates. Farther than the above, so that every date's fields lead back to a date.
+inline constexpr double kGreatestResult = 2 * kGreatestSeconds;
 /// Fields beyond this lead to no date.
 inline constexpr std::int64_t kGreatestYear = 40'000'000'000;
 inline constexpr std::int64_t kGreatestDay = kGreatestYear * 366;
