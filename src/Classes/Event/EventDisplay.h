@@ -23,9 +23,9 @@ public:
                                                   const std::shared_ptr<EventCategory>& category);
     /// `rbg` is the kept random background, which counts where the category's template is random; no
     /// new one is picked here. Last resort: white. Never null.
-    static std::shared_ptr<EventBackgroundPicture> background(
-        const std::shared_ptr<EventBackgroundPicture>& background, const std::shared_ptr<EventBackgroundPicture>& rbg,
-        const std::shared_ptr<EventCategory>& category);
+    static std::shared_ptr<EventBackgroundPicture> background(const std::shared_ptr<EventBackgroundPicture>& background,
+                                                              const std::shared_ptr<EventBackgroundPicture>& rbg,
+                                                              const std::shared_ptr<EventCategory>& category);
     /// Last resort: "HelveticaNeue".
     static std::string font(const std::optional<std::string>& font, const std::shared_ptr<EventCategory>& category);
     /// Last resort: black.

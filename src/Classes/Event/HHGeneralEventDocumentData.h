@@ -69,11 +69,11 @@ public:
     HHEventAlerts alerts;
     HHEventAppearance appearance;
     std::optional<std::string> note;
-    std::optional<std::string> icon_named;        ///< older form of a named icon
-    std::optional<std::string> background_named;  ///< older form of a named background
-    std::optional<Color> background_color;        ///< older form of a colour background
-    std::shared_ptr<EventIconPicture> icon;       ///< where it is a named one
-    bool icon_is_null = false;                    ///< the event has no icon of its own
+    std::optional<std::string> icon_named;                     ///< older form of a named icon
+    std::optional<std::string> background_named;               ///< older form of a named background
+    std::optional<Color> background_color;                     ///< older form of a colour background
+    std::shared_ptr<EventIconPicture> icon;                    ///< where it is a named one
+    bool icon_is_null = false;                                 ///< the event has no icon of its own
     std::shared_ptr<EventBackgroundPicture> background;        ///< where it is named or a colour
     std::shared_ptr<EventBackgroundPicture> randomBackground;  ///< where it is named or a colour
     bool background_is_null = false;                           ///< the event has no background of its own

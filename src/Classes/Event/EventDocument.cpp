@@ -1,0 +1,108 @@
+#include "Classes/Event/EventDocument.h"
+
+#include "Classes/Event/PropertyListFile.h"
+#include "platform/Environment.h"
+#include "platform/FileSystem.h"
+#include "platform/KeyedArchiver.h"
+#include "platform/KeyedUnarchiver.h"
+#include "platform/Log.h"
+
+namespace dayward {
+namespace {
+
+std::unexpected<Error> noFiles(const std::string& path, std::string reason) {
+    return failure(EventDocument::kNoFilesDomain, 0,
+                   {{"fileName", lastPathComponent(path)}, {"path", path}, {"reason", std::move(reason)}});
+}
+
+/// The entry's wrapper; a directory's holds nothing of what a package has no use for.
+Result<FileWrapper> readWrapper(const FileSystem& files, const std::string& path) {
+    if (files.isDirectory(path)) return FileWrapper::directory({});
+    return FileWrapper::regularFile(TRY(files.readFile(path)));
+}
+
+}  // namespace
+
+FileWrapper EventDocument::contentsForType(std::string_view) const { return FileWrapper::directory(fileWrappers_); }
+
+Result<> EventDocument::loadFromContents(const FileWrapper& contents, std::string_view) {
+    const auto* children = contents.fileWrappers();
+    if (!children) return noFiles(fileURL_, "no directory");
+    fileWrappers_ = *children;
+    return {};
+}
+
+Result<> EventDocument::readFromURL(const std::string& path) {
+    const auto& files = Environment::current().files();
+    const auto names = files.listDirectory(path);
+    if (!names) return noFiles(path, names.error().description());
+    FileWrapper::Children children;
+    for (const auto& name : *names) {
+        auto wrapper = readWrapper(files, joinPath(path, name));
+        if (!wrapper) return noFiles(path, wrapper.error().description());
+        children.emplace(name, *std::move(wrapper));
+    }
+    return loadFromContents(FileWrapper::directory(std::move(children)), kFileType);
+}
+
+Result<> EventDocument::writeToURL(const std::string& path) const {
+    std::vector<PackageFile> content;
+    for (const auto& [name, wrapper] : fileWrappers_) {
+        if (const Data* bytes = wrapper.regularFileContents()) {
+            content.push_back({name, *bytes});
+        } else {
+            logError("package " + path + ": the directory " + name + " inside it is not kept");
+        }
+    }
+    return writePackageAtomically(Environment::current().files(), path, content);
+}
+
+const Data* EventDocument::dataForKey(std::string_view key) const {
+    const auto found = fileWrappers_.find(key);
+    return found == fileWrappers_.end() ? nullptr : found->second.regularFileContents();
+}
+
+void EventDocument::setData(Data data, const std::string& forKey) {
+    fileWrappers_.insert_or_assign(forKey, FileWrapper::regularFile(std::move(data)));
+}
+
+Object EventDocument::propertyListForKey(std::string_view key) const {
+    const Data* data = dataForKey(key);
+    return data ? objectFromPropertyList(*data) : Object();
+}
+
+bool EventDocument::setPropertyList(const Object& value, const std::string& forKey) {
+    auto data = propertyListFromObject(value);
+    if (!data) return false;
+    setData(*std::move(data), forKey);
+    return true;
+}
+
+Object EventDocument::valueForKey(std::string_view key) const {
+    const Data* data = dataForKey(key);
+    if (!data) return nullptr;
+    return KeyedUnarchiver::unarchiveObjectWithData(*data).value_or(Object());
+}
+
+void EventDocument::setValue(const Object& value, const std::string& forKey) {
+    setData(KeyedArchiver::archivedDataWithRootObject(value), forKey);
+}
+
+std::shared_ptr<const Image> EventDocument::imageForKey(std::string_view key) const {
+    const Data* data = dataForKey(key);
+    if (!data) return nullptr;
+    auto image = Image::decode(*data);
+    return image ? std::make_shared<const Image>(*std::move(image)) : nullptr;
+}
+
+Result<> EventDocument::setImagePNG(const Image& image, const std::string& forKey) {
+    setData(TRY(image.pngData()), forKey);
+    return {};
+}
+
+Result<> EventDocument::setImageJPEG(const Image& image, double compression, const std::string& forKey) {
+    setData(TRY(image.jpegData(compression)), forKey);
+    return {};
+}
+
+}  // namespace dayward
