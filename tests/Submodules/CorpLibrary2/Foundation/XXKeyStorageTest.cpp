@@ -1,0 +1,185 @@
+#include "Submodules/CorpLibrary2/Foundation/XXKeyStorage.h"
+
+#include <gmock/gmock.h>
+
+#include "FoundationFixture.h"
+#include "Submodules/CorpLibrary2/Foundation/XXCacheKeyStorage.h"
+#include "platform/KeyedArchiver.h"
+#include "platform/UserDefaults.h"
+
+namespace dayward {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr const char* kKey = "пять5";
+
+class XXKeyStorageTest : public FoundationTest {
+protected:
+    [[nodiscard]] Dictionary content(const std::optional<std::string>& key = std::nullopt) const {
+        XXKeyStorage storage(KeyStorageFile{path});
+        storage.setCryptoKey(key);
+        return storage.storage();
+    }
+};
+
+TEST_F(XXKeyStorageTest, IsWrittenBySynchronizeOnly) {
+    XXKeyStorage storage(KeyStorageFile{path});
+    storage.setObject(1, "a");
+    storage.setValue(2, "b");
+    storage.setObject(nullptr, "a");
+    EXPECT_EQ(writeCount(), 0u);
+    storage.synchronize();
+    EXPECT_EQ(onDisk(path), Object(Dictionary{{"b", 2}}));
+    storage.setAutoSynchronize(true);
+    storage.setDictionary({{"c", 3}, {"d", 4}, {"e", 5}});
+    EXPECT_EQ(content(), (Dictionary{{"c", 3}, {"d", 4}, {"e", 5}}));
+    storage.removeObjectsForKeys({"c", "e", "absent"});
+    EXPECT_EQ(content(), (Dictionary{{"d", 4}}));
+    storage.removeAllObjects();
+    EXPECT_EQ(content(), Dictionary());
+    EXPECT_EQ(writeCount(), 4u);
+}
+
+TEST_F(XXKeyStorageTest, Enumerates) {
+    XXKeyStorage storage(KeyStorageFile{path});
+    storage.setDictionary({{"a", 1}, {"b", 2}, {"c", 3}});
+    EXPECT_EQ(storage.count(), 3u);
+    EXPECT_THAT(storage.allKeys(), ElementsAre("a", "b", "c"));
+    EXPECT_THAT(storage.objectEnumerator(), ElementsAre(Object(1), Object(2), Object(3)));
+    EXPECT_EQ(storage.description(), R"({"a":1,"b":2,"c":3})");
+
+    XXKeyStorage::EnumerationState state;
+    std::array<std::string, 2> keys;
+    EXPECT_EQ(storage.countByEnumeratingWithState(state, keys), 2u);
+    EXPECT_THAT(keys, ElementsAre("a", "b"));
+    storage.removeObjectForKey("b");
+    EXPECT_EQ(storage.countByEnumeratingWithState(state, keys), 1u);
+    EXPECT_EQ(keys[0], "c");
+    EXPECT_EQ(storage.countByEnumeratingWithState(state, keys), 0u);
+}
+
+TEST_F(XXKeyStorageTest, TheDefaultsKeyWinsOverTheFile) {
+    XXKeyStorage storage(KeyStorageFile{path});
+    storage.setUserDefaultsKey("older");
+    storage.setObject(1, "a");
+    storage.synchronize();
+    EXPECT_FALSE(files->exists(path));
+    EXPECT_EQ(environment->standardDefaults().objectForKey("older"), Object(Dictionary{{"a", 1}}));
+    EXPECT_EQ(XXKeyStorage(KeyStorageDefaultsKey{"older"}).objectForKey("a"), 1);
+}
+
+TEST_F(XXKeyStorageTest, AFailedWriteIsLoggedAndMayBeRepeated) {
+    XXKeyStorage storage(KeyStorageFile{path});
+    storage.setObject(1, "a");
+    files->fillDiskAt(1);
+    storage.synchronize();
+    EXPECT_THAT(environment.log->errors(), ElementsAre(testing::HasSubstr("XXKeyStorage write: " + path)));
+    files->heal();
+    storage.synchronize();
+    EXPECT_EQ(content(), (Dictionary{{"a", 1}}));
+}
+
+TEST_F(XXKeyStorageTest, OpensTheEncipheredContentOfAnotherWriter) {
+    store(path, storedArchive("enciphered.archive"));
+    EXPECT_EQ(content(kKey), (Dictionary{{"secret", "плов"}}));
+    EXPECT_EQ(content(), Dictionary());
+    for (const char* wrongKey : {"", "пять", "пять5 ", "a key that is longer than thirty-two bytes"}) {
+        EXPECT_EQ(content(wrongKey), Dictionary()) << wrongKey;
+    }
+}
+
+TEST_F(XXKeyStorageTest, EnciphersEachWriteAnew) {
+    XXKeyStorage storage(KeyStorageDefaultsKey{"enciphered"});
+    storage.setCryptoKey(kKey);
+    storage.setObject("плов", "secret");
+    std::set<Data> texts;
+    for (int i = 0; i < 20; ++i) {
+        storage.synchronize();
+        const Object stored = environment->standardDefaults().objectForKey("enciphered");
+        ASSERT_NE(stored.data(), nullptr);
+        EXPECT_EQ(XXKeyStorage::objectFromCryptoData(stored, kKey), Object(Dictionary{{"secret", "плов"}}));
+        texts.insert(*stored.data());
+    }
+    // Twenty equal numbers out of a thousand do not happen.
+    EXPECT_GT(texts.size(), 1u);
+}
+
+TEST_F(XXKeyStorageTest, NothingComesOutOfWhatIsNoContainer) {
+    EXPECT_EQ(XXKeyStorage::cryptoDataFromObject(nullptr, kKey), std::nullopt);
+    const auto data = XXKeyStorage::cryptoDataFromObject(Dictionary{{"a", 1}}, kKey);
+    ASSERT_TRUE(data);
+    EXPECT_TRUE(XXKeyStorage::objectFromCryptoData(nullptr, kKey).isNull());
+    EXPECT_TRUE(XXKeyStorage::objectFromCryptoData("text", kKey).isNull());
+    EXPECT_TRUE(XXKeyStorage::objectFromCryptoData(Data(), kKey).isNull());
+    for (std::size_t length = 0; length < data->size(); ++length) {
+        const Data cut(data->begin(), data->begin() + static_cast<std::ptrdiff_t>(length));
+        EXPECT_TRUE(XXKeyStorage::objectFromCryptoData(cut, kKey).isNull()) << length;
+    }
+    for (std::size_t at = 0; at < data->size(); ++at) {
+        Data flipped = *data;
+        flipped[at] ^= 0x10;
+        static_cast<void>(XXKeyStorage::objectFromCryptoData(flipped, kKey));  // must not crash
+    }
+}
+
+class XXCacheKeyStorageTest : public FoundationTest {
+protected:
+    XXCacheKeyStorage storage{KeyStorageFile{path}};
+};
+
+TEST_F(XXCacheKeyStorageTest, EntriesDieWhenTheirDateHasPassed) {
+    storage.setObject("brief", "a", TimeInterval(10));
+    storage.setObject("long", "b", environment.at("2026-03-11"));
+    EXPECT_EQ(storage.objectForKey("a"), "brief");
+    environment.clock->advance(TimeInterval(10));
+    EXPECT_TRUE(storage.containsKey("a")) << "the very moment is not past";
+    environment.clock->advance(TimeInterval(0.5));
+    EXPECT_FALSE(storage.containsKey("a"));
+    EXPECT_TRUE(storage.valueForKey("a").isNull());
+    EXPECT_FALSE(storage.equalsObject("brief", "a"));
+    EXPECT_TRUE(storage.equalsObject("long", "b"));
+    EXPECT_EQ(storage.allKeys().size(), 2u);
+    EXPECT_EQ(storage.count(), 1u);
+    EXPECT_EQ(storage.allKeys().size(), 1u);
+}
+
+TEST_F(XXCacheKeyStorageTest, SettingSweepsTheDead) {
+    storage.setObject(1, "a", TimeInterval(-1));
+    storage.setObject(2, "b", TimeInterval(60));
+    EXPECT_THAT(storage.allKeys(), ElementsAre("b"));
+}
+
+TEST_F(XXCacheKeyStorageTest, APlainValueGetsTheDefaultLife) {
+    storage.setDefaultLifeTime(TimeInterval(60));
+    storage.setObject(1, "a");
+    storage.setValue(2, "b");
+    storage.setDictionary({{"c", 3}});
+    environment.clock->advance(TimeInterval(59));
+    EXPECT_EQ(storage.count(), 3u);
+    environment.clock->advance(TimeInterval(2));
+    EXPECT_EQ(storage.count(), 0u);
+}
+
+TEST_F(XXCacheKeyStorageTest, ANullObjectIsAnEntryThatReadsAsNull) {
+    storage.setObject(nullptr, "a", environment.at("2026-03-11"));
+    EXPECT_TRUE(storage.containsKey("a"));
+    EXPECT_TRUE(storage.objectForKey("a").isNull());
+    EXPECT_FALSE(storage.equalsObject(nullptr, "a"));
+    EXPECT_EQ(storage.storage().at("a"), Object(Dictionary{{"endDate", environment.at("2026-03-11")}}));
+}
+
+TEST_F(XXCacheKeyStorageTest, ReadsForeignEntriesAsOld) {
+    store(path, storedArchive("dictionary.archive"));
+    EXPECT_FALSE(storage.containsKey("name"));
+    EXPECT_TRUE(storage.objectForKey("count").isNull());
+    EXPECT_EQ(storage.count(), 0u);
+}
+
+TEST_F(XXCacheKeyStorageTest, RefusesToHandOutEntries) {
+    EXPECT_DEATH(static_cast<void>(storage.allValues()), "allValues");
+    EXPECT_DEATH(static_cast<void>(storage.objectEnumerator()), "objectEnumerator");
+}
+
+}  // namespace
+}  // namespace dayward
