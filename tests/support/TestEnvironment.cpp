@@ -104,7 +104,7 @@ TestEnvironment::TestEnvironment(Options options) : home(options.home), log(std:
     services.queues = options.queues ? options.queues : queues;
     services.files = options.files ? options.files : std::make_shared<LinuxFileSystem>();
     services.archiveClasses = options.archiveClasses ? options.archiveClasses : platformClasses();
-    services.paths = Paths::resolve(home, DAYWARD_TEST_RESOURCES);
+    services.paths = Paths::resolve(home, options.resources.empty() ? DAYWARD_TEST_RESOURCES : options.resources);
     services.coordinator = std::make_shared<FileCoordinator>(services.files, joinPath(services.paths.state, "locks"));
     services.notifications = std::make_shared<NotificationCenter>();
     services.log = log;

@@ -34,11 +34,12 @@ public:
         std::string zone = "UTC";
         std::string locale = "en_US";
         std::string now = "2026-03-10T12:00:00";  ///< local time in the zone
-        std::string home;                         ///< empty: a fresh directory, removed at the end
-        std::shared_ptr<FileSystem> files;        ///< null: the real one
-        std::shared_ptr<Queues> queues;           ///< null: ManualQueues
-        std::shared_ptr<Clock> clock;             ///< null: a FixedClock at `now`
-        std::shared_ptr<const ArchiveClasses> archiveClasses;  ///< null: the platform's own classes only
+        std::string home = {};                    ///< empty: a fresh directory, removed at the end
+        std::shared_ptr<FileSystem> files = {};   ///< null: the real one
+        std::shared_ptr<Queues> queues = {};      ///< null: ManualQueues
+        std::shared_ptr<Clock> clock = {};        ///< null: a FixedClock at `now`
+        std::shared_ptr<const ArchiveClasses> archiveClasses = {};  ///< null: the platform's own classes only
+        std::string resources = {};               ///< empty: those of the source tree
     };
 
     TestEnvironment();
