@@ -28,11 +28,13 @@
 namespace dayward {
 
 class DirectoryWatch;
+class DispatchQueue;
 class HHEvent;
 class PackageReader;
 class PackageStamps;
 class PackageWrites;
 class UnreadableFiles;
+struct LoadedPackage;
 
 /// Events changed, whatever the cause. Object the store; user info "updated" or "removed": an array of
 /// HHEvent records.
@@ -119,12 +121,47 @@ protected:
 
 private:
     using Events = std::unordered_map<std::string, std::shared_ptr<HHEvent>>;
+    struct Changes;
+
+    [[nodiscard]] std::string pathOfKey(const std::string& key) const;
+    [[nodiscard]] std::vector<std::string> packagePaths() const;
+    /// Puts the event into memory and notes that this process did it.
+    void put(const std::string& key, const std::shared_ptr<HHEvent>& event) DAYWARD_REQUIRES(dataLayerLock_);
+    /// The same for taking it out; the event that was there, or null.
+    std::shared_ptr<HHEvent> take(const std::string& key) DAYWARD_REQUIRES(dataLayerLock_);
+    [[nodiscard]] std::shared_ptr<HHEvent> find(const std::string& key) DAYWARD_REQUIRES(dataLayerLock_);
+    void postDidUpdate(const char* what, const std::vector<std::shared_ptr<HHEvent>>& events);
+
+    Result<> syncRemove(const std::string& key, CCSyncKeyStore& fromStore);
+    Result<std::shared_ptr<HHEvent>> copyPackage(const std::string& sender, const std::string& key);
+    [[nodiscard]] std::shared_ptr<const Image> loadImage(
+        const std::string& key, Result<std::shared_ptr<const Image>> (*readImage)(const std::string& path));
+
+    void startWatch();
+    void refreshKeys(const std::vector<std::string>& keys);
+    void refreshKey(const std::string& key, Changes& changes);
+    void takeIn(const std::string& key, const LoadedPackage& package, std::uint64_t seenChange, Changes& changes);
+    /// An event that another process wrote is to replace the one in memory.
+    [[nodiscard]] bool isNews(const std::string& key, const HHEvent& event) DAYWARD_REQUIRES(dataLayerLock_);
+    void leaveOut(const std::string& path, const Error& error);
+    void forgetLeftOut(const std::string& path);
 
     const std::string directory_;
     const std::string fileExtension_ = kFileExtension;
     std::atomic<bool> initialized_ = false;
     RecursiveMutex& dataLayerLock_;
     Events dataLayer_ DAYWARD_GUARDED_BY(dataLayerLock_);
+    /// How often this process changed a key, so that what was read of it meanwhile is known as old.
+    std::unordered_map<std::string, std::uint64_t> changeCounts_ DAYWARD_GUARDED_BY(dataLayerLock_);
+    Mutex leftOutMutex_;
+    std::map<std::string, std::string> leftOut_ DAYWARD_GUARDED_BY(leftOutMutex_);
+
+    const std::shared_ptr<DispatchQueue> syncQueue_;
+    const std::unique_ptr<UnreadableFiles> unreadable_;
+    const std::unique_ptr<PackageReader> reader_;
+    const std::unique_ptr<PackageStamps> stamps_;
+    const std::unique_ptr<PackageWrites> writes_;
+    std::unique_ptr<DirectoryWatch> watch_;
 };
 
 }  // namespace dayward

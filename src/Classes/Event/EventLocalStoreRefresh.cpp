@@ -1,0 +1,134 @@
+// What other processes on the same home changed, taken into memory.
+#include <unordered_set>
+
+#include "Classes/Event/EventLocalStore.h"
+#include "Classes/Event/HHEvent.h"
+#include "Classes/Event/HHGeneralEventDocumentData.h"
+#include "Classes/Event/PackageReader.h"
+#include "Classes/Event/PackageWrites.h"
+#include "platform/DirectoryWatch.h"
+#include "platform/DispatchQueue.h"
+#include "platform/FileSystem.h"
+#include "platform/KeyedArchiver.h"
+#include "platform/Log.h"
+
+namespace dayward {
+
+struct EventLocalStore::Changes {
+    std::vector<std::shared_ptr<HHEvent>> updated;
+    std::vector<std::shared_ptr<HHEvent>> removed;
+};
+
+namespace {
+
+Data generalData(const HHEvent& event) { return KeyedArchiver::archivedDataWithRootObject(event.getStoreInfo()); }
+
+std::vector<std::string> keysOf(const std::vector<std::shared_ptr<HHEvent>>& events) {
+    std::vector<std::string> keys;
+    for (const auto& event : events) keys.push_back(event->identifier());
+    return keys;
+}
+
+}  // namespace
+
+void EventLocalStore::startWatch() {
+    DirectoryWatcher* const watcher = environment().watcher();
+    if (watcher == nullptr) return;
+    auto started = watcher->watch(directory_, [this](const std::vector<std::string>& names) {
+        const EnvironmentScope scope(&environment());
+        syncQueue_->async([this, names] {
+            if (names.empty()) return refreshFromDisk();
+            std::vector<std::string> keys;
+            for (const std::string& name : names)
+                if (pathExtension(name) == fileExtension_) keys.push_back(keyForURL(*this, name));
+            refreshKeys(keys);
+        });
+    });
+    if (started) {
+        watch_ = *std::move(started);
+    } else {
+        logError(typeName() + ": " + started.error().description());
+    }
+}
+
+void EventLocalStore::refreshFromDisk() {
+    const auto names = environment().files().listDirectory(directory_);
+    if (!names) {
+        // A directory that cannot be listed says nothing about its packages.
+        const EnvironmentScope scope(&environment());
+        logError(typeName() + ": " + names.error().description());
+        return;
+    }
+    std::vector<std::string> keys = stamps_->keys();
+    const std::unordered_set<std::string> known(keys.begin(), keys.end());
+    for (const std::string& name : *names) {
+        if (pathExtension(name) != fileExtension_) continue;
+        std::string key = keyForURL(*this, name);
+        if (!known.contains(key)) keys.push_back(std::move(key));
+    }
+    refreshKeys(keys);
+}
+
+void EventLocalStore::refreshKeys(const std::vector<std::string>& keys) {
+    const EnvironmentScope scope(&environment());
+    Changes changes;
+    for (const std::string& key : keys) refreshKey(key, changes);
+    if (!changes.updated.empty()) postDidUpdate(EventLocalStoreUpdatedKey, changes.updated);
+    if (!changes.removed.empty()) postDidUpdate(EventLocalStoreRemovedKey, changes.removed);
+    postNotificationStoreDidUpdate(keysOf(changes.updated), keysOf(changes.removed));
+}
+
+void EventLocalStore::refreshKey(const std::string& key, Changes& changes) {
+    const std::string path = pathOfKey(key);
+    const auto stamp = PackageStamp::ofPackage(environment().files(), path);
+    if (stamp && *stamp == stamps_->stampOfKey(key)) return;
+    std::uint64_t seenChange = 0;
+    {
+        const Lock lock(dataLayerLock_);
+        if (writes_->isWaiting(key)) return;
+        seenChange = changeCounts_[key];
+    }
+    LoadedPackage package;
+    const auto accessor = [&](const std::string& readPath) -> Result<> {
+        package = reader_->read(readPath);
+        return {};
+    };
+    const auto done = coordinator().coordinateReading(path, FileCoordinator::ReadingOptions::withoutChanges, accessor);
+    if (done) {
+        takeIn(key, package, seenChange, changes);
+    } else {
+        logError(typeName() + ": " + done.error().description());
+    }
+}
+
+void EventLocalStore::takeIn(const std::string& key, const LoadedPackage& package, std::uint64_t seenChange,
+                             Changes& changes) {
+    const Lock lock(dataLayerLock_);
+    // A change of our own since then is newer than what was read, and its write will find it.
+    if (changeCounts_[key] != seenChange || writes_->isWaiting(key)) return;
+    if (package.stamp == stamps_->stampOfKey(key)) return;
+    stamps_->set(key, package.stamp);
+    if (package.event) {
+        forgetLeftOut(package.path);
+        if (!isNews(key, **package.event)) return;
+        dataLayer_[key] = *package.event;
+        changes.updated.push_back(*package.event);
+    } else if (package.exists) {
+        leaveOut(package.path, package.event.error());
+    } else {
+        forgetLeftOut(package.path);
+        unreadable_->forget(package.path);
+        if (auto event = take(key)) changes.removed.push_back(std::move(event));
+    }
+}
+
+bool EventLocalStore::isNews(const std::string& key, const HHEvent& event) {
+    const auto present = find(key);
+    if (!present) return true;
+    // Memory is ahead of its file where a write failed: then only something newer counts.
+    if (writes_->hasFailed(key))
+        return !present->version() || (event.version() && *event.version() > *present->version());
+    return event.version() != present->version() || generalData(event) != generalData(*present);
+}
+
+}  // namespace dayward
