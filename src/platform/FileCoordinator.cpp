@@ -1,5 +1,6 @@
 #include "platform/FileCoordinator.h"
 
+#include <cerrno>
 #include <cstdint>
 #include <string_view>
 
@@ -30,7 +31,7 @@ Result<std::unique_ptr<FileLock>> lockStripe(FileSystem& files, const std::strin
     const std::string path = joinPath(directory, "lock-" + std::to_string(stripe));
     const bool exclusive = access == Access::write;
     auto lock = files.lock(path, exclusive);
-    if (lock || files.isDirectory(directory)) return lock;
+    if (lock || lock.error().code != ENOENT) return lock;
     TRY_VOID(files.createDirectories(directory));
     return files.lock(path, exclusive);
 }

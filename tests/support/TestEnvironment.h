@@ -46,8 +46,8 @@ public:
     explicit TestEnvironment(Options options);
     ~TestEnvironment();
 
-    Environment& operator*() { return *environment; }
-    Environment* operator->() { return environment.get(); }
+    Environment& operator*() const { return *environment; }
+    Environment* operator->() const { return environment.get(); }
 
     /// The instant of a local ISO 8601 time ("2027-03-14T09:00:00", or a date alone) in the zone.
     [[nodiscard]] Date at(std::string_view localTime) const;

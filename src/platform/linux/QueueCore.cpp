@@ -70,11 +70,12 @@ void DelayTimers::add(TimeInterval delay, Block fire) {
     const std::uint64_t number = ++lastNumber_;
     const Lock lock(mutex_);
     if (closed_) return;
-    asio::post(context_, [this, deadline, number, fire = std::move(fire)] {
-        auto& timer = waiting_.try_emplace(number, context_, deadline).first->second;
-        timer.async_wait([this, number, fire](const asio::error_code&) {
+    asio::post(context_, [this, deadline, number, fire = std::move(fire)]() mutable {
+        Delay delayed{asio::steady_timer(context_, deadline), std::move(fire)};
+        auto& timer = waiting_.emplace(number, std::move(delayed)).first->second.timer;
+        timer.async_wait([this, number](const asio::error_code&) {
             // Gone from the list: dropped, even where the time had come already.
-            if (waiting_.erase(number) != 0) fire();
+            if (const auto due = waiting_.extract(number)) due.mapped().fire();
         });
     });
 }

@@ -45,15 +45,20 @@ public:
 
     /// Calls `fire` on the timers' thread after the delay; it must only queue something.
     void add(TimeInterval delay, Block fire);
-    /// When it returns, nothing that was added before will fire.
+    /// When it returns, nothing that was added before will fire, and it is let go of.
     void dropAll();
     /// Drops all and ends the thread; what is added later is dropped.
     void close();
 
 private:
+    struct Delay {
+        asio::steady_timer timer;
+        Block fire;
+    };
+
     asio::io_context context_;
     asio::executor_work_guard<asio::io_context::executor_type> work_;
-    std::map<std::uint64_t, asio::steady_timer> waiting_;  ///< touched on the timers' thread only
+    std::map<std::uint64_t, Delay> waiting_;  ///< touched on the timers' thread only
     std::atomic<std::uint64_t> lastNumber_ = 0;
     Mutex mutex_;
     bool closed_ DAYWARD_GUARDED_BY(mutex_) = false;
