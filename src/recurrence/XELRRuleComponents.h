@@ -84,6 +84,9 @@ public:
     bool operator==(const XELRRuleComponents&) const = default;
 
 private:
+    /// Takes the value where the key is known.
+    bool readPart(std::string_view key, std::string_view value);
+
     RuleFrequency frequency_ = RuleFrequency::none;
     std::int64_t interval_ = 1;
     std::optional<DaysOfWeek> daysOfWeek_;

@@ -1,0 +1,182 @@
+#include <algorithm>
+#include <array>
+
+#include "recurrence/RuleWalk.h"
+
+namespace dayward {
+
+namespace {
+
+using Frequency = ParsedRule::Frequency;
+
+constexpr std::int64_t kSecondsPerDay = 86400;
+/// Units that are tried between two occurrences before a walk gives up.
+constexpr int kMaximumTries = 1'000'000;
+
+constexpr std::int64_t floorDivide(std::int64_t value, std::int64_t divisor) {
+    return value / divisor - (value % divisor < 0 ? 1 : 0);
+}
+
+bool holds(const ParsedRule::Values& values, int value) {
+    return values.empty() || std::ranges::find(values, value) != values.end();
+}
+
+/// Steps through the units (days, hours, minutes or seconds since 1970) of a rule of a day or less.
+class StepWalk final : public RuleWalk {
+public:
+    StepWalk(std::shared_ptr<const ParsedRule> rule, const IcalTime& start, const std::optional<IcalTime>& skipTo)
+        : rule_(std::move(rule)), start_(start), offsets_(secondsWithinUnit(*rule_, start)) {
+        static constexpr std::array<std::int64_t, 4> unitSeconds = {1, 60, 3600, kSecondsPerDay};
+        unitSeconds_ = unitSeconds[static_cast<std::size_t>(rule_->frequency())];
+        unit_ = floorDivide(secondsOf(start), unitSeconds_);
+        if (skipTo && rule_->count() == 0) skipTowards(secondsOf(*skipTo));
+    }
+
+    std::optional<IcalTime> next() override {
+        for (int tries = 0; tries < kMaximumTries && !isAtEnd_; ++tries) {
+            const auto time = offset_ == 0 && !isUnitAllowed() ? std::nullopt : takeTime();
+            if (time) return time;
+        }
+        isAtEnd_ = true;
+        return std::nullopt;
+    }
+
+private:
+    /// The rule's list of values for its own unit. It replaces the interval: the units of the list are
+    /// taken in each bigger unit, beginning with the start's own unit in place of the first.
+    [[nodiscard]] const ParsedRule::Values& ownValues() const {
+        static const ParsedRule::Values none;
+        switch (rule_->frequency()) {
+            case Frequency::secondly: return rule_->seconds();
+            case Frequency::minutely: return rule_->minutes();
+            case Frequency::hourly: return rule_->hours();
+            default: return none;
+        }
+    }
+    [[nodiscard]] int unitsInBigger() const { return rule_->frequency() == Frequency::hourly ? 24 : 60; }
+
+    /// The time at the present unit and offset, and a step to the following one; nothing where that
+    /// time does not occur.
+    std::optional<IcalTime> takeTime() {
+        const IcalTime time = icalTimeOfSeconds(unit_ * unitSeconds_ + offsets_[offset_]);
+        if (++offset_ == offsets_.size()) {
+            offset_ = 0;
+            advance();
+        }
+        if (isBeyondEnd(time)) isAtEnd_ = true;
+        if (isAtEnd_ || time < start_) return std::nullopt;
+        if (rule_->count() != 0 && ++occurrences_ >= rule_->count()) isAtEnd_ = true;
+        return time;
+    }
+
+    [[nodiscard]] bool isBeyondEnd(const IcalTime& time) const {
+        return time.year > kLastRuleYear || (rule_->until() && time > *rule_->until());
+    }
+
+    /// Whether the rule's parts let the present unit occur; if not, goes on to where the part that
+    /// forbids it changes.
+    bool isUnitAllowed() {
+        const std::int64_t seconds = unit_ * unitSeconds_;
+        const std::int64_t day = floorDivide(seconds, kSecondsPerDay);
+        if (!isDayAllowed(day)) {
+            skipTowardsAllowedDay(day);
+            return false;
+        }
+        const IcalTime time = icalTimeOfSeconds(seconds);
+        const Frequency frequency = rule_->frequency();
+        std::int64_t length = 0;
+        if (frequency <= Frequency::hourly && !holds(rule_->hours(), time.hour)) {
+            length = 3600;
+        } else if (frequency <= Frequency::minutely && !holds(rule_->minutes(), time.minute)) {
+            length = 60;
+        } else if (frequency == Frequency::secondly && !holds(rule_->seconds(), time.second)) {
+            length = 1;
+        } else {
+            return true;
+        }
+        if (isBeyondEnd(time)) isAtEnd_ = true;
+        advanceTo((floorDivide(seconds, length) + 1) * length);
+        return false;
+    }
+
+    void skipTowardsAllowedDay(std::int64_t day) {
+        do {
+            ++day;
+            if (isBeyondEnd(icalTimeOfSeconds(day * kSecondsPerDay))) {
+                isAtEnd_ = true;
+                return;
+            }
+        } while (!isDayAllowed(day));
+        advanceTo(day * kSecondsPerDay);
+    }
+
+    bool isDayAllowed(std::int64_t day) {
+        if (day == checkedDay_) return isCheckedDayAllowed_;
+        checkedDay_ = day;
+        const IcalTime date = icalTimeOfSeconds(day * kSecondsPerDay);
+        // Negative and numbered days never equal a date's own fields: libical reads them so.
+        isCheckedDayAllowed_ = holds(rule_->months(), date.month) && holds(rule_->daysOfMonth(), date.day) &&
+                               holds(rule_->days(), weekdayOfDayNumber(day)) &&
+                               holds(rule_->daysOfYear(), static_cast<int>(day - dayNumberOf(date.year, 1, 1) + 1));
+        return isCheckedDayAllowed_;
+    }
+
+    void advance() {
+        const auto& values = ownValues();
+        if (values.empty()) {
+            unit_ += rule_->interval();
+            return;
+        }
+        std::int64_t bigger = floorDivide(unit_, unitsInBigger());
+        if (++value_ == values.size()) {
+            value_ = 0;
+            ++bigger;
+        }
+        unit_ = bigger * unitsInBigger() + values[value_];
+    }
+
+    /// At least one step, and on to the last that is not beyond the first at or after that second.
+    void advanceTo(std::int64_t seconds) {
+        const auto& values = ownValues();
+        if (values.empty()) {
+            const std::int64_t step = unitSeconds_ * rule_->interval();
+            const std::int64_t missing = seconds - unit_ * unitSeconds_;
+            unit_ += std::max<std::int64_t>(1, floorDivide(missing + step - 1, step)) * rule_->interval();
+            return;
+        }
+        const std::int64_t bigger = floorDivide(seconds, unitSeconds_ * unitsInBigger());
+        if (bigger <= floorDivide(unit_, unitsInBigger())) {
+            advance();
+            return;
+        }
+        value_ = 0;
+        unit_ = bigger * unitsInBigger() + values[0];
+    }
+
+    void skipTowards(std::int64_t seconds) {
+        const std::int64_t margin = ownValues().empty() ? 2 * unitSeconds_ * rule_->interval() : 0;
+        const std::int64_t length = ownValues().empty() ? margin : unitSeconds_ * unitsInBigger();
+        if (seconds - margin - unit_ * unitSeconds_ > length) advanceTo(seconds - margin);
+    }
+
+    std::shared_ptr<const ParsedRule> rule_;
+    IcalTime start_;
+    std::vector<int> offsets_;
+    std::int64_t unitSeconds_ = 1;
+    std::int64_t unit_ = 0;
+    std::size_t offset_ = 0;
+    std::size_t value_ = 0;
+    int occurrences_ = 0;
+    bool isAtEnd_ = false;
+    std::int64_t checkedDay_ = INT64_MIN;
+    bool isCheckedDayAllowed_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<RuleWalk> makeStepWalk(std::shared_ptr<const ParsedRule> rule, const IcalTime& start,
+                                       const std::optional<IcalTime>& skipTo) {
+    return std::make_unique<StepWalk>(std::move(rule), start, skipTo);
+}
+
+}  // namespace dayward

@@ -1,0 +1,84 @@
+#include "recurrence/XELRRuleMath.h"
+
+#include <utility>
+
+#include "platform/Environment.h"
+#include "recurrence/DateIcal.h"
+#include "recurrence/ParsedRule.h"
+#include "recurrence/RuleEvaluation.h"
+#include "recurrence/RuleJump.h"
+
+namespace dayward {
+
+namespace {
+
+std::shared_ptr<const Calendar> currentCalendar() { return Environment::current().calendar(); }
+
+/// The wall clock's fields; the null time for a date whose fields cannot be told.
+IcalTime wallClock(std::optional<Date> date, const Calendar& calendar) {
+    return date && hasIcalTime(*date) ? notz_icaltime(*date, calendar) : IcalTime();
+}
+
+}  // namespace
+
+XELRRuleMath::XELRRuleMath(std::optional<std::string> rrule, std::optional<Date> startDate) : startDate_(startDate) {
+    setRrule(std::move(rrule));
+}
+
+XELRRuleMath::XELRRuleMath(std::shared_ptr<const ParsedRule> rule, std::optional<Date> startDate)
+    : parsed_(std::move(rule)), startDate_(startDate) {}
+
+void XELRRuleMath::setRrule(std::optional<std::string> rrule) {
+    rrule_ = std::move(rrule);
+    parsed_ = rrule_ ? ParsedRule::cached(*rrule_) : nullptr;
+}
+
+std::int64_t XELRRuleMath::intervalsToDate(std::optional<Date> date) const {
+    if (!parsed_) return 0;
+    const auto calendar = currentCalendar();
+    return distanceInIntervals(*parsed_, wallClock(startDate_, *calendar), wallClock(date, *calendar),
+                               WholeWeeks::ignored);
+}
+
+std::optional<Date> XELRRuleMath::dateAfterDate(Date date) const {
+    if (!startDate_) return std::nullopt;
+    if (!parsed_) return *startDate_ > date ? startDate_ : std::nullopt;
+    if (!hasIcalTime(*startDate_) || !hasIcalTime(date)) return std::nullopt;
+    const auto calendar = currentCalendar();
+    const auto time = nextAfter(parsed_, notz_icaltime(*startDate_, *calendar), notz_icaltime(date, *calendar));
+    if (!time) return std::nullopt;
+    return notz_dateForICalTime(*time, *calendar);
+}
+
+std::optional<Date> XELRRuleMath::dateAfterDate(Date date, std::optional<std::string> rrule,
+                                                std::optional<Date> startDate) {
+    return XELRRuleMath(std::move(rrule), startDate).dateAfterDate(date);
+}
+
+std::vector<Date> XELRRuleMath::datesFromDate(Date fromDate, Date toDate, std::size_t maxCount) const {
+    if (!startDate_) return {};
+    if (!parsed_) {
+        const bool isInside = *startDate_ > fromDate && *startDate_ < toDate && maxCount > 0;
+        return isInside ? std::vector<Date>{*startDate_} : std::vector<Date>{};
+    }
+    if (!hasIcalTime(*startDate_) || !hasIcalTime(fromDate) || !hasIcalTime(toDate)) return {};
+    const auto calendar = currentCalendar();
+    std::vector<Date> dates;
+    for (const IcalTime& time :
+         occurrencesBetween(parsed_, notz_icaltime(*startDate_, *calendar), notz_icaltime(fromDate, *calendar),
+                            notz_icaltime(toDate, *calendar), maxCount)) {
+        dates.push_back(notz_dateForICalTime(time, *calendar));
+    }
+    return dates;
+}
+
+std::optional<Date> XELRRuleMath::lastDate() const {
+    if (!parsed_ || parsed_->frequency() == ParsedRule::Frequency::none) return startDate_;
+    if (!parsed_->until() || !startDate_ || !hasIcalTime(*startDate_)) return std::nullopt;
+    const auto calendar = currentCalendar();
+    const auto time = lastOccurrence(parsed_, notz_icaltime(*startDate_, *calendar));
+    if (!time) return std::nullopt;
+    return notz_dateForICalTime(*time, *calendar);
+}
+
+}  // namespace dayward
