@@ -4,6 +4,7 @@
 #include <tuple>
 #include <utility>
 
+#include "recurrence/DaysOnly.h"
 #include "recurrence/RuleWalk.h"
 
 namespace dayward {
@@ -27,11 +28,7 @@ class DayWalk final : public RuleWalk {
 public:
     DayWalk(std::shared_ptr<const ParsedRule> rule, const IcalTime& start, const std::optional<IcalTime>& skipTo)
         : rule_(std::move(rule)), start_(start), skipTo_(skipTo), offsets_(secondsWithinUnit(*rule_, start)) {
-        icalrecurrencetype days = rule_->recurrence();
-        // COUNT, UNTIL and the times of day are applied here, to whole times.
-        days.count = 0;
-        days.until = icaltime_null_time();
-        days.by_hour[0] = days.by_minute[0] = days.by_second[0] = ICAL_RECURRENCE_ARRAY_MAX;
+        icalrecurrencetype days = daysOnly(*rule_);
         if (days.freq == ICAL_YEARLY_RECURRENCE) days.interval = std::min(days.interval, kLongestYearInterval);
         iterator_.reset(icalrecur_iterator_new(days, midnight(start)));
     }

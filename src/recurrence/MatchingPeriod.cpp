@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "platform/Calendar.h"
+#include "recurrence/DaysOnly.h"
 #include "recurrence/RuleWalk.h"
 
 namespace dayward {
@@ -26,10 +27,7 @@ struct Period {
 
 /// Asks libical about one period.
 bool matches(const ParsedRule& rule, const IcalTime& start, const Period& period) {
-    icalrecurrencetype days = rule.recurrence();
-    days.count = 0;
-    days.until = icaltime_null_time();
-    days.by_hour[0] = days.by_minute[0] = days.by_second[0] = ICAL_RECURRENCE_ARRAY_MAX;
+    icalrecurrencetype days = daysOnly(rule);
     icaltimetype first = icaltime_null_time();
     first.year = period.year;
     first.month = period.month;

@@ -172,6 +172,18 @@ void ParsedRule::take(const icalrecurrencetype& recurrence) {
     setPositions_ = valuesOf(recurrence.by_set_pos, ICAL_BY_SETPOS_SIZE);
 }
 
+std::shared_ptr<const ParsedRule> ParsedRule::anchored(std::shared_ptr<const ParsedRule> rule, const IcalTime& start) {
+    if (rule->weeks_.empty() || !rule->days_.empty()) return rule;
+    const std::shared_ptr<ParsedRule> anchored(new ParsedRule(*rule));
+    const int weekday = weekdayOfDayNumber(dayNumberOf(start.year, start.month, start.day));
+    icalrecurrencetype recurrence = *rule->recurrence_;
+    recurrence.by_day[0] = static_cast<short>(weekday);
+    recurrence.by_day[1] = ICAL_RECURRENCE_ARRAY_MAX;
+    anchored->days_ = {weekday};
+    anchored->recurrence_ = std::make_shared<icalrecurrencetype>(recurrence);
+    return anchored;
+}
+
 bool ParsedRule::hasNumberedDays() const {
     return std::ranges::any_of(days_, [](int day) { return std::abs(day) >= 8; });
 }

@@ -55,6 +55,10 @@ public:
     /// Whether a BYDAY item has an ordinal.
     [[nodiscard]] bool hasNumberedDays() const;
 
+    /// The rule with the weekday of the start where it names weeks of the year but no day. Left alone,
+    /// libical writes beyond its table of days for such a rule.
+    static std::shared_ptr<const ParsedRule> anchored(std::shared_ptr<const ParsedRule> rule, const IcalTime& start);
+
     /// What libical made of the text, for its iterators.
     [[nodiscard]] const icalrecurrencetype& recurrence() const { return *recurrence_; }
 

@@ -22,7 +22,7 @@ public:
         // A step back that leaves the calendar's years is not taken; the start is then its own answer.
         const bool canWalk = jumped.year >= 0 && jumped.day <= Calendar::daysInMonth(jumped.year, jumped.month);
         if (canWalk) passedOver_ = jumped;
-        walk_ = RuleWalk::from(rule, canWalk ? jumped : start, skipTo);
+        walk_ = RuleWalk::from(ParsedRule::anchored(rule, start), canWalk ? jumped : start, skipTo);
     }
 
     std::optional<IcalTime> next() {

@@ -56,6 +56,7 @@ std::unique_ptr<RuleWalk> RuleWalk::from(std::shared_ptr<const ParsedRule> rule,
                                          const std::optional<IcalTime>& skipTo) {
     if (rule->frequency() == Frequency::none || rule->interval() < 1) return nullptr;
     if (!isWalkable(start) || !isLegal(*rule)) return nullptr;
+    rule = ParsedRule::anchored(std::move(rule), start);
     if (rule->frequency() <= Frequency::daily) return makeStepWalk(std::move(rule), start, skipTo);
     if (rule->frequency() != Frequency::weekly && !hasMatchingPeriod(*rule, start)) return nullptr;
     return makeDayWalk(std::move(rule), start, skipTo);

@@ -28,7 +28,7 @@ public:
         : rule_(std::move(rule)), start_(start), offsets_(secondsWithinUnit(*rule_, start)) {
         static constexpr std::array<std::int64_t, 4> unitSeconds = {1, 60, 3600, kSecondsPerDay};
         unitSeconds_ = unitSeconds[static_cast<std::size_t>(rule_->frequency())];
-        unit_ = floorDivide(secondsOf(start), unitSeconds_);
+        unit_ = floorDivide(secondsOf(firstTime()), unitSeconds_);
         if (skipTo && rule_->count() == 0) skipTowards(secondsOf(*skipTo));
     }
 
@@ -42,6 +42,15 @@ public:
     }
 
 private:
+    /// libical begins at the first of the listed hours and minutes of the start's day, not at the
+    /// start's own, and keeps that phase.
+    [[nodiscard]] IcalTime firstTime() const {
+        IcalTime first = start_;
+        if (rule_->frequency() < Frequency::hourly && !rule_->hours().empty()) first.hour = rule_->hours()[0];
+        if (rule_->frequency() < Frequency::minutely && !rule_->minutes().empty()) first.minute = rule_->minutes()[0];
+        return first;
+    }
+
     /// The rule's list of values for its own unit. It replaces the interval: the units of the list are
     /// taken in each bigger unit, beginning with the start's own unit in place of the first.
     [[nodiscard]] const ParsedRule::Values& ownValues() const {

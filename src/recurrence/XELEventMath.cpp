@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "intervals/XELDateTime.h"
+#include "recurrence/DateIcal.h"
 #include "recurrence/ParsedRule.h"
 #include "recurrence/XELRRuleMath.h"
 
@@ -28,9 +29,10 @@ void XELEventMath::setStartDateTimes(std::vector<std::int64_t> times) {
 
 std::vector<Date> XELEventMath::getStartDates() const {
     std::vector<Date> dates;
-    if (!startDateDay_) return dates;
+    if (!startDateDay_ || !hasIcalTime(*startDateDay_)) return dates;
     for (const std::int64_t minutes : startDateTimes_) {
-        if (const std::optional<Date> date = dateWithTimesAsMinutes(*startDateDay_, minutes)) dates.push_back(*date);
+        const Date date = dateWithTimesAsMinutes(*startDateDay_, minutes);
+        if (hasIcalTime(date)) dates.push_back(date);
     }
     return dates;
 }

@@ -25,7 +25,7 @@ class XELRRuleMath {
 public:
     /// Without a rule the start is the only occurrence; without a start there is none.
     XELRRuleMath(std::optional<std::string> rrule, std::optional<Date> startDate);
-    /// The same for a rule that is parsed already; null is no rule.
+    /// The same for a rule that is parsed already, whose text is then not known; null is no rule.
     XELRRuleMath(std::shared_ptr<const ParsedRule> rule, std::optional<Date> startDate);
 
     [[nodiscard]] const std::optional<std::string>& rrule() const { return rrule_; }
@@ -34,8 +34,8 @@ public:
     void setStartDate(std::optional<Date> startDate) { startDate_ = startDate; }
 
     /// How many whole intervals of the rule lie between the start and the date, negative before the
-    /// start; 0 without a rule or with interval 0. In rules of a second to a week the distance counts
-    /// only the days beyond whole weeks where it is no whole number of weeks, and 0 where it is one.
+    /// start; 0 without a rule or with interval 0. In rules of a second to a week a distance of an exact
+    /// number of weeks is 0.
     [[nodiscard]] std::int64_t intervalsToDate(std::optional<Date> date) const;
 
     /// The first occurrence strictly after the date, and none before the start.
