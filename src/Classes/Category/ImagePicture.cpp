@@ -12,10 +12,13 @@ ImagePicture::ImagePicture(std::shared_ptr<const Image> image, std::optional<std
       source_(std::move(source)),
       encoded_(std::move(encoded)) {}
 
+Result<Data> ImagePicture::encodedData() const {
+    if (!encoded_.empty()) return encoded_;
+    return encodedImage();
+}
+
 void ImagePicture::encodeWithCoder(KeyedArchiver& coder) const {
-    if (!encoded_.empty()) {
-        coder.encodeObject(encoded_, kImageKey);
-    } else if (auto data = encodedImage()) {
+    if (auto data = encodedData()) {
         coder.encodeObject(*std::move(data), kImageKey);
     } else {
         logError("picture without image data: " + data.error().description());

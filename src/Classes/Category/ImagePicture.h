@@ -29,13 +29,15 @@ public:
     [[nodiscard]] const std::shared_ptr<const Image>& image() const { return image_; }
     /// A file name or a link.
     [[nodiscard]] const std::optional<std::string>& source() const { return source_; }
+    /// The image's bytes in the picture's own format, as an archive would hold them.
+    [[nodiscard]] Result<Data> encodedData() const;
 
     void encodeWithCoder(KeyedArchiver& coder) const override;
     /// Same class, same pixels, same source.
     [[nodiscard]] bool isEqual(const Archivable& other) const override;
 
 protected:
-    /// The image's bytes in the picture's own format.
+    /// A new encoding.
     [[nodiscard]] virtual Result<Data> encodedImage() const = 0;
 
     /// Null where the archive has no readable image.
