@@ -1,0 +1,27 @@
+// One section of a sectioned list: its section object and its rows in display order.
+#pragma once
+
+#include <vector>
+
+#include "Submodules/CorpLibrary2/Foundation/OrderedItems.h"
+
+namespace dayward {
+
+template <class Row, class Section>
+struct CCTableDataSourceNode {
+    /// The node in the list's tree.
+    using Place = typename IndexedList<CCTableDataSourceNode>::Node;
+
+    struct Item {
+        Row object;
+        std::size_t hash;  ///< of the object when it came in
+        Place* section;
+    };
+
+    explicit CCTableDataSourceNode(Section sectionObject) : object(std::move(sectionObject)) {}
+
+    Section object;
+    OrderedItems<Item, Row> items;
+};
+
+}  // namespace dayward
