@@ -93,8 +93,8 @@ struct KeyedUnarchiver::Impl {
             case Kind::data:
                 if (!file.spend(item.count)) return {};
                 return BinaryPropertyList::data(item);
-            case Kind::array: return decodeElements(item);
-            case Kind::dictionary: return decodePairs(item);
+            case Kind::array:
+            case Kind::dictionary: return decodeContainer(item);
             case Kind::uid: break;
         }
         fail("a reference in the place of an object");
@@ -122,16 +122,13 @@ struct KeyedUnarchiver::Impl {
             fail("object " + std::to_string(number) + " has no class");
             return {};
         }
-        if (depth >= KeyedArchiveFile::kDeepestNesting) {
-            fail("nested too deeply");
-            return {};
-        }
-        ++depth;
+        if (!enter()) return {};
         slot.state = Slot::State::beingRead;
-        Object result = decodeOfClass(knownClass(*classNumber), number, object);
-        const auto record = result.record();
-        slot.record = record;
-        slot.state = record ? Slot::State::read : Slot::State::untouched;
+        const KnownClass known = knownClass(*classNumber);
+        Object result = decodeOfClass(known, number, object);
+        slot.record = result.record();
+        const bool isShared = slot.record || known.kind == ClassKind::record;
+        slot.state = isShared ? Slot::State::read : Slot::State::untouched;
         --depth;
         return result;
     }
@@ -173,19 +170,33 @@ struct KeyedUnarchiver::Impl {
         return content.kind == kind ? content : Item{kind};
     }
 
-    Object decodeElements(const Item& array) {
+    bool enter() {
+        if (depth == KeyedArchiveFile::kDeepestNesting) {
+            fail("nested too deeply");
+            return false;
+        }
+        ++depth;
+        return true;
+    }
+
+    /// A collection that stands in the place of an object, without a class.
+    Object decodeContainer(const Item& item) {
         if (!enter()) return {};
+        Object result = item.kind == Kind::array ? decodeElements(item) : decodePairs(item);
+        --depth;
+        return result;
+    }
+
+    Object decodeElements(const Item& array) {
         Array elements;
         for (std::uint64_t i = 0; i < array.count && mayGoOn(); ++i) {
             if (!file.spend(kCostOfValue)) break;
             elements.push_back(decode(file.list().element(array, i)));
         }
-        --depth;
         return elements;
     }
 
     Object decodePairs(const Item& dictionary) {
-        if (!enter()) return {};
         Dictionary pairs;
         for (std::uint64_t i = 0; i < dictionary.count && mayGoOn(); ++i) {
             const Item key = file.list().key(dictionary, i);
@@ -196,15 +207,7 @@ struct KeyedUnarchiver::Impl {
             if (!file.spend(kCostOfPair + 3 * key.count)) break;
             pairs.try_emplace(BinaryPropertyList::text(key), decode(file.list().element(dictionary, i)));
         }
-        --depth;
         return pairs;
-    }
-
-    bool enter() {
-        if (++depth <= 2 * KeyedArchiveFile::kDeepestNesting) return true;
-        --depth;
-        fail("nested too deeply");
-        return false;
     }
 
     /// A dictionary with other keys than strings is kept whole.

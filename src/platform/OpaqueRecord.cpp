@@ -23,7 +23,9 @@ std::vector<std::string> classChainOf(const PropertyList& classRecord) {
         if (!text) return {};
         chain.push_back(*text);
     }
-    return chain;
+    const PropertyList* name = fieldOf(classRecord, "$classname");
+    const auto* text = name ? std::get_if<std::string>(&name->value) : nullptr;
+    return text && !chain.empty() && chain.front() == *text ? chain : std::vector<std::string>();
 }
 
 std::vector<std::string> OpaqueRecord::archiveClassNames() const {

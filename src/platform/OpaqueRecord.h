@@ -38,7 +38,8 @@ private:
 
 /// The value under a key of an archived object, null where there is none.
 const PropertyList* fieldOf(const PropertyList& object, std::string_view key);
-/// "$classes" of a class record, nearest first, with "NSObject"; empty where it is no class record.
+/// "$classes" of a class record, nearest first, with "NSObject"; empty where it is no class record, or
+/// one whose "$classname" says otherwise.
 std::vector<std::string> classChainOf(const PropertyList& classRecord);
 
 }  // namespace dayward

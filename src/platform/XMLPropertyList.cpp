@@ -1,6 +1,7 @@
 #include <plist/plist.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <string_view>
 
 #include "platform/PropertyList.h"
@@ -13,25 +14,20 @@ namespace {
 constexpr std::size_t kLargestDocument = 4 << 20;
 constexpr int kDeepestNesting = 200;
 
-/// How many arrays and dictionaries are open at once at most; text that only looks like a tag counts too.
-int nestingOf(std::string_view xml) {
+/// Whether arrays and dictionaries are nested no deeper than the parser bears. Comments and literal
+/// sections, which could hide tags, are not what an archiver writes.
+bool isTame(std::string_view xml) {
     int depth = 0;
-    int deepest = 0;
     for (std::size_t at = xml.find('<'); at != std::string_view::npos; at = xml.find('<', at + 1)) {
-        const std::string_view tag = xml.substr(at + 1, 6);
-        if (tag.starts_with("array") || tag.starts_with("dict")) {
-            deepest = std::max(deepest, ++depth);
-        } else if (tag.starts_with("/array") || tag.starts_with("/dict")) {
-            --depth;
-        }
-        const std::size_t end = xml.find('>', at);
-        if (end != std::string_view::npos && end > at && xml[end - 1] == '/' &&
-            xml.substr(at, end - at).find('<', 1) == std::string_view::npos &&
-            (tag.starts_with("array") || tag.starts_with("dict"))) {
-            --depth;
-        }
+        const std::size_t end = std::min(xml.find_first_of("<>", at + 1), xml.size());
+        const std::string_view tag = xml.substr(at + 1, end - at - 1);
+        if (tag.starts_with('!') && (!tag.starts_with("!DOCTYPE") || tag.find('[') != std::string_view::npos))
+            return false;
+        if (tag == "/array" || tag == "/dict") --depth;
+        const bool opens = tag.starts_with("array") || tag.starts_with("dict");
+        if (opens && !tag.ends_with('/') && ++depth > kDeepestNesting) return false;
     }
-    return deepest;
+    return true;
 }
 
 PropertyList converted(plist_t node);
@@ -61,6 +57,9 @@ PropertyList convertedDictionary(plist_t node) {
         std::free(key);
     }
     std::free(iterator);
+    // XML has no references of its own.
+    const auto* number = fields.size() == 1 ? std::get_if<std::int64_t>(&fields.front().second.value) : nullptr;
+    if (number && fields.front().first == "CF$UID") return {ArchiveUID{static_cast<std::uint64_t>(*number)}};
     return {std::move(fields)};
 }
 
@@ -101,7 +100,7 @@ Result<Data> binaryFromXMLPropertyList(const Data& xml) {
     const auto damaged = [](const char* reason) { return failure("keyed archive", 0, {{"reason", reason}}); };
     if (xml.size() > kLargestDocument) return damaged("an XML property list of this size is not read");
     const std::string_view text(reinterpret_cast<const char*>(xml.data()), xml.size());
-    if (nestingOf(text) > kDeepestNesting) return damaged("nested too deeply");
+    if (!isTame(text)) return damaged("nested too deeply, or with comments");
     plist_t root = nullptr;
     plist_from_xml(text.data(), static_cast<std::uint32_t>(text.size()), &root);
     if (!root) return damaged("broken XML property list");
