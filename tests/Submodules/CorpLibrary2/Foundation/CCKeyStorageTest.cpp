@@ -2,11 +2,14 @@
 
 #include <gmock/gmock.h>
 
+#include <thread>
+
 #include "FoundationFixture.h"
 #include "Submodules/CorpLibrary2/Foundation/ArchivedFile.h"
 #include "Submodules/CorpLibrary2/Foundation/CCCacheKeyStorage.h"
 #include "platform/KeyedArchiver.h"
 #include "platform/UserDefaults.h"
+#include "platform/linux/AsioQueues.h"
 
 namespace dayward {
 namespace {
@@ -190,6 +193,35 @@ TEST_F(CCKeyStorageTest, TheDefaultsHoldTheDictionaryUnderOneKey) {
     EXPECT_EQ(environment->standardDefaults().objectForKey("settings"), Object(Dictionary{{"size", 5}}));
     EXPECT_EQ(CCKeyStorage(KeyStorageDefaultsKey{"settings"}).valueForKey("size"), 5);
     EXPECT_TRUE(CCKeyStorage(KeyStorageDefaultsKey{"other"}).isEmpty());
+}
+
+TEST(CCKeyStorageThreadsTest, HoldersOnManyThreadsLoseNoConfirmedKey) {
+    constexpr int kHolders = 4;
+    constexpr int kKeys = 25;
+    const auto queues = std::make_shared<AsioQueues>();
+    auto options = withFoundationClasses();
+    options.queues = queues;
+    TestEnvironment environment(std::move(options));
+    const KeyStorageFile file{joinPath(environment->paths().applicationSupport, "storage")};
+    CCKeyStorage shared(file);
+    const auto change = [&](int holder) {
+        const EnvironmentScope scope(&*environment);
+        CCKeyStorage own(file);
+        for (int i = 0; i < kKeys; ++i) {
+            own.setValue(i, std::to_string(holder) + "-own-" + std::to_string(i));
+            shared.setValue(i, std::to_string(holder) + "-shared-" + std::to_string(i));
+            if (i % 5 == 0) own.write();
+        }
+    };
+    {
+        std::vector<std::jthread> threads;
+        for (int holder = 0; holder < kHolders; ++holder) threads.emplace_back(change, holder);
+    }
+    shared.write();
+    // Delayed writes that are due find that there is nothing left to do.
+    queues->main().after(shared.timeOutWrite(), [&] { queues->mainLoop().stop(); });
+    queues->mainLoop().run();
+    EXPECT_EQ(CCKeyStorage(file).count(), std::size_t{2} * kHolders * kKeys);
 }
 
 class CCCacheKeyStorageTest : public FoundationTest {};
