@@ -17,7 +17,7 @@
 
 namespace dayward {
 
-class XDIDateInterval final : public Archivable {
+class XDIDateInterval : public Archivable {
 public:
     static constexpr const char* kClassName = "XDIDateInterval";
     static constexpr const char* kYearKey = "Year";
