@@ -8,6 +8,7 @@
 #include <sys/xattr.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
 #include <cstring>
 #include <utility>
@@ -72,9 +73,13 @@ private:
     std::string path_;
 };
 
+/// flock orders the threads of a process in time, but the language does not know it: this does.
+std::atomic<std::uint64_t> lockOrder = 0;
+
 class LinuxFileLock final : public FileLock {
 public:
-    explicit LinuxFileLock(FileDescriptor file) : file_(std::move(file)) {}
+    explicit LinuxFileLock(FileDescriptor file) : file_(std::move(file)) { (void)lockOrder.load(); }
+    ~LinuxFileLock() override { ++lockOrder; }
 
 private:
     FileDescriptor file_;
