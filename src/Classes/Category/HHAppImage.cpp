@@ -1,6 +1,7 @@
 #include "Classes/Category/HHAppImage.h"
 
 #include "Classes/Category/ImageEventIconPicture.h"
+#include "Classes/Category/ImageObject.h"
 #include "Classes/Category/NamedEventIconPicture.h"
 #include "Classes/Category/OlderImages.h"
 #include "platform/Environment.h"
@@ -15,12 +16,6 @@ namespace {
 OptionalImage resourceImage(const std::string& name) {
     auto image = HHResources::image(name);
     return image->isEmpty() ? nullptr : image;
-}
-
-/// The image object of archives holds its own bytes; readers of such an object give them as data.
-OptionalImage imageObject(const Object& object) {
-    const auto* data = object.data();
-    return data ? imageFromData(*data) : nullptr;
 }
 
 }  // namespace
@@ -63,7 +58,9 @@ std::shared_ptr<Archivable> HHAppImage::read(KeyedUnarchiver& coder) {
     // The resource's name is the source that it came from, or updatedPicture would copy its pixels.
     if (image && !source) source = systemName;
     if (!image) image = imageFromData(coder.decodeData(kImageDataKey));
-    if (!image) image = imageObject(coder.decodeObject(kImageKey));
+    if (const auto object = coder.decodeRecord<ImageObject>(kImageKey); object && !image) {
+        image = imageFromData(object->data());
+    }
     return std::make_shared<HHAppImage>(std::move(image), std::move(source));
 }
 

@@ -9,6 +9,7 @@
 #include "Classes/Category/ImageEventBackgroundPicture.h"
 #include "Classes/Category/ImageEventBackgroundTemplate.h"
 #include "Classes/Category/ImageEventIconPicture.h"
+#include "Classes/Category/ImageObject.h"
 #include "Classes/Category/NamedEventBackgroundPicture.h"
 #include "Classes/Category/NamedEventBackgroundTemplate.h"
 #include "Classes/Category/NamedEventIconPicture.h"
@@ -29,7 +30,7 @@ void registerPictureClasses(ArchiveClasses& classes) {
     addRecords<EventCategory, NamedEventIconPicture, ImageEventIconPicture, NamedEventBackgroundPicture,
                ImageEventBackgroundPicture, ColorEventBackgroundPicture, NamedEventBackgroundTemplate,
                ImageEventBackgroundTemplate, ColorEventBackgroundTemplate, RNamedEventBackgroundTemplate,
-               RColorEventBackgroundTemplate, HHAppImage, HHBackground, HHBackgroundInfo>(classes);
+               RColorEventBackgroundTemplate, HHAppImage, HHBackground, HHBackgroundInfo, ImageObject>(classes);
     for (const std::string edition : {"Chronello", "Chronelle"}) {
         classes.addAlias(edition + ".RNamedEventBackgroundTemplate", RNamedEventBackgroundTemplate::kArchiveClass);
         classes.addAlias(edition + ".RColorEventBackgroundTemplate", RColorEventBackgroundTemplate::kArchiveClass);
