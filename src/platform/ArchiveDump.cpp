@@ -119,7 +119,9 @@ private:
         if (*name == "NSData" || *name == "NSMutableData") return content(item, "NS.data", *name);
         if (*name == "NSDictionary" || *name == "NSMutableDictionary") return pairs(item, *name);
         if (*name == "NSDate") {
-            if (const auto time = file_.find(item, "NS.time")) return Json{{"$date", TRY(value(*time))}};
+            const auto time = file_.find(item, "NS.time");
+            Json seconds = TRY(value(time.value_or(Item{Kind::null})));
+            return Json{{"$date", std::move(seconds)}};
         }
         return fields(item, *name);
     }
@@ -144,7 +146,8 @@ private:
                 --depth_;
                 return fields(item, className);
             }
-            add(json, key.get<std::string>(), TRY(value(file_.list().element(*values, i))));
+            Json element = TRY(value(file_.list().element(*values, i)));
+            add(json, key.get<std::string>(), std::move(element));
         }
         --depth_;
         return json;
@@ -159,7 +162,8 @@ private:
             if (!BinaryPropertyList::isText(key)) return archiveFailure("a key that is no text");
             if (!className.empty() && BinaryPropertyList::equals(key, "$class")) continue;
             const Json name = TRY(text(key));
-            add(json, name.get<std::string>(), TRY(value(file_.list().element(item, i))));
+            Json element = TRY(value(file_.list().element(item, i)));
+            add(json, name.get<std::string>(), std::move(element));
         }
         --depth_;
         return json;

@@ -32,7 +32,8 @@ inline std::unexpected<Error> failure(std::string domain, int code = 0,
 
 }  // namespace dayward
 
-/// Yields the value of a Result, or returns its Error from the enclosing function.
+/// Yields the value of a Result, or returns its Error from the enclosing function. Not beside
+/// temporaries in one expression, such as another made argument: the return would leak them.
 #define TRY(expression)                                              \
     __extension__({                                                  \
         auto&& tryResult_ = (expression);                            \
