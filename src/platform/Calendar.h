@@ -4,6 +4,7 @@
 // An immutable value, cheap to copy, safe to share between threads; nothing is built per question.
 // A local time that occurs twice means its first pass; a skipped one moves forward by the length of
 // the gap. Years before 1 are counted astronomically (0, -1, …); the Gregorian rule holds for all.
+// Dates beyond ±10^18 s count as that limit, NaN as 0.
 #pragma once
 
 #include <cstdint>
@@ -53,19 +54,22 @@ public:
 
     /// The distance from one instant to another in the requested units: as many whole units as fit,
     /// biggest first, each measured on the wall clock from where the bigger ones led, all of one
-    /// sign. Every requested unit of year, month, week or weekOfYear, day, hour, minute, second,
-    /// nanosecond is set in the result.
+    /// sign. Every requested unit of year, quarter, month, week, weekOfMonth or weekOfYear, day, hour,
+    /// minute, second, nanosecond is set in the result. Adding the result to the first instant gives
+    /// the second, where a unit as small as their difference was asked for.
     [[nodiscard]] DateComponents components(CalendarUnits units, Date from, Date to) const;
 
     /// The instant of the given fields. Undefined year is 1, month 1, day 1, hour, minute, second 0.
     /// Out-of-range fields roll over. Where week fields are given (weekOfMonth, or
     /// yearForWeekOfYear with weekOfYear) together with a weekday and no day, they decide the day;
-    /// so does weekdayOrdinal with a weekday. Nothing for fields beyond what a Date can hold.
+    /// so does weekdayOrdinal with a weekday. The era is not read. Nothing for fields beyond ±4·10^10
+    /// years; the fields of any date lead back to a date.
     [[nodiscard]] std::optional<Date> dateFromComponents(const DateComponents& components) const;
 
     /// Adds each set field, years first and seconds last. Years and months keep the day, or take
     /// the last day of a shorter month; days and weeks keep the wall clock; hours and below are
-    /// lengths of time.
+    /// lengths of time. A weekday counts as a day, its ordinal as a week. Without years to weeks the
+    /// instant stays exact, also in the second pass of a repeated hour.
     [[nodiscard]] std::optional<Date> dateByAddingComponents(const DateComponents& components, Date date) const;
     [[nodiscard]] std::optional<Date> dateByAddingUnit(CalendarUnit unit, std::int64_t value, Date date) const;
 

@@ -156,7 +156,8 @@ std::vector<std::string> TimeZone::knownNames() {
     for (auto entry = fs::recursive_directory_iterator(root, error); !error && entry != fs::end(entry);
          entry.increment(error)) {
         const std::string name = entry->path().lexically_relative(root).string();
-        if (entry->is_directory(error)) {
+        std::error_code ignored;
+        if (entry->is_directory(ignored)) {
             // "posix" repeats the database, "right" counts leap seconds.
             if (name == "posix" || name == "right") entry.disable_recursion_pending();
         } else if (name != "localtime" && name != "posixrules" && isSoundName(name) && isZoneFile(entry->path())) {
