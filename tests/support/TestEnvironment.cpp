@@ -5,6 +5,7 @@
 
 #include "platform/Archivable.h"
 #include "platform/Color.h"
+#include "platform/DirectoryWatch.h"
 #include "platform/FatalError.h"
 #include "platform/FileCoordinator.h"
 #include "platform/FileSystem.h"
@@ -106,6 +107,7 @@ TestEnvironment::TestEnvironment(Options options) : home(options.home), log(std:
 
     Environment::Services services;
     services.clock = options.clock ? options.clock : fixedClock;
+    services.watcher = options.watcher;
     services.queues = options.queues ? options.queues : queues;
     services.files = options.files ? options.files : std::make_shared<LinuxFileSystem>();
     services.archiveClasses = options.archiveClasses ? options.archiveClasses : platformClasses();

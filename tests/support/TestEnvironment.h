@@ -28,6 +28,8 @@ private:
     std::vector<std::string> debugLines_ DAYWARD_GUARDED_BY(mutex_);
 };
 
+class DirectoryWatcher;
+
 class TestEnvironment {
 public:
     struct Options {
