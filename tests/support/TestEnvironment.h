@@ -39,6 +39,7 @@ public:
         std::string home = {};                    ///< empty: a fresh directory, removed at the end
         std::shared_ptr<FileSystem> files = {};   ///< null: the real one
         std::shared_ptr<Queues> queues = {};      ///< null: ManualQueues
+        std::shared_ptr<DirectoryWatcher> watcher = {};  ///< null: nothing is watched
         std::shared_ptr<Clock> clock = {};        ///< null: a FixedClock at `now`
         std::shared_ptr<const ArchiveClasses> archiveClasses = {};  ///< null: the platform's own classes only
         std::string resources = {};               ///< empty: those of the source tree
