@@ -5,7 +5,9 @@
 #include "Classes/Event/HHEvent.h"
 #include "Classes/Event/HHGeneralEventDocumentData.h"
 #include "Classes/Event/PackageReader.h"
+#include "Classes/Event/PackageStamp.h"
 #include "Classes/Event/PackageWrites.h"
+#include "Classes/Event/UnreadableFiles.h"
 #include "platform/DirectoryWatch.h"
 #include "platform/DispatchQueue.h"
 #include "platform/FileSystem.h"
@@ -71,6 +73,7 @@ void EventLocalStore::refreshFromDisk() {
 
 void EventLocalStore::refreshKeys(const std::vector<std::string>& keys) {
     const EnvironmentScope scope(&environment());
+    unreadable_->reload();
     Changes changes;
     for (const std::string& key : keys) refreshKey(key, changes);
     if (!changes.updated.empty()) postDidUpdate(EventLocalStoreUpdatedKey, changes.updated);

@@ -30,17 +30,23 @@ std::string digestName(std::string_view text) {
 
 UnreadableFiles::UnreadableFiles(FileSystem& files, std::string directory)
     : files_(files), directory_(std::move(directory)) {
+    reload();
+}
+
+void UnreadableFiles::reload() {
+    std::map<std::string, Entry> entries;
     const auto names = files_.listDirectory(directory_);
-    if (!names) return;
-    for (const std::string& name : *names) {
+    for (const std::string& name : names.value_or(std::vector<std::string>())) {
         const auto content = files_.readFile(joinPath(directory_, name));
         if (!content || isTemporaryName(name)) continue;
         std::istringstream lines(textOf(*content));
         std::string path;
         Entry entry;
         if (std::getline(lines, path) && std::getline(lines, entry.stamp) && std::getline(lines, entry.reason))
-            entries_[path] = std::move(entry);
+            entries[path] = std::move(entry);
     }
+    const Lock lock(mutex_);
+    entries_ = std::move(entries);
 }
 
 std::string UnreadableFiles::entryPath(const std::string& path) const { return joinPath(directory_, digestName(path)); }

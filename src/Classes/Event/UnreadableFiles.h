@@ -21,6 +21,8 @@ public:
     /// Reads the record. An entry that cannot be read is as none.
     UnreadableFiles(FileSystem& files, std::string directory);
 
+    /// Reads the record again, for what other processes added.
+    void reload();
     /// Why the file must not be read; nothing if it may be, because it never stopped a process or is
     /// no longer in the state in which it did.
     [[nodiscard]] std::optional<std::string> reasonToLeaveOut(const std::string& path, std::string_view stamp) const;

@@ -38,7 +38,7 @@ protected:
 };
 
 TEST_F(DoctorTest, FindsNothingInASoundHome) {
-    for (int i = 0; i < 50; ++i) device.writePackage(*makeEvent("key" + std::to_string(i)));
+    device.writeManyPackages(50);
     device.writeFile(paths().library + "/CCAppValues.dat", KeyedArchiver::archivedDataWithRootObject(Dictionary{}));
     device.environment->standardDefaults().setObject(
         Array{KeyedArchiver::archivedDataWithRootObject(std::make_shared<EventCategory>("default"))}, "k003");

@@ -38,7 +38,7 @@ TEST_F(EventLocalStoreTest, ADirectoryThatCannotBeListedIsLoggedAndEmpty) {
 }
 
 TEST_F(EventLocalStoreTest, LoadsWhatCanBeReadAndKeepsTheRestOnDisk) {
-    for (int i = 0; i < 300; ++i) device.writePackage(*makeEvent("key" + std::to_string(i), "n" + std::to_string(i)));
+    device.writeManyPackages(300);
     const std::string& documents = device.environment->paths().documents;
     device.writeFile(documents + "/plain.evn", dataOf("no package"));
     device.writeFile(documents + "/empty.evn/other", {});
@@ -144,7 +144,7 @@ TEST_F(EventLocalStoreTest, KeysThatAreNoFileNamesStayInMemory) {
     EXPECT_THAT(device.environment->files().listDirectory(device.environment->paths().documents),
                 testing::Optional(testing::IsEmpty()));
     EXPECT_FALSE(device.environment->files().exists(joinPath(parentPath(home), "escape.evn")));
-    for (const std::string key :
+    for (const std::string& key :
          {std::string(200, 'x'), std::string("a.b"), std::string("ключ ☃"), std::string("a..b")}) {
         store.updateEvent(makeEvent(key, "good"));
         EXPECT_TRUE(store.flush()) << key;

@@ -10,11 +10,13 @@
 #include "Classes/Event/EventLocalStore.h"
 #include "Classes/Event/EventStoreHelper.h"
 #include "Classes/Event/HHEvent.h"
+#include "Classes/Event/HHGeneralEventDocumentData.h"
 #include "Classes/Other/Date/HHEventDateFormat.h"
 #include "Submodules/CorpLibrary2/Foundation/FoundationClasses.h"
 #include "intervals/IntervalClasses.h"
 #include "platform/FatalError.h"
 #include "platform/FileSystem.h"
+#include "platform/KeyedArchiver.h"
 #include "support/NotificationRecorder.h"
 #include "support/TestEnvironment.h"
 
@@ -94,6 +96,19 @@ struct EventStoreDevice {
         const EnvironmentScope scope(environment.environment.get());
         const auto written = EventStoreHelper::writeEvent(event, path(event.identifier()));
         if (!written) fatalError(written.error().description());
+    }
+    /// Many packages "key0", "key1" … with the names "n0", "n1" …, without waiting for the device.
+    void writeManyPackages(int count) const {
+        FileSystem& files = environment.environment->files();
+        for (int i = 0; i < count; ++i) {
+            const std::string number = std::to_string(i);
+            const std::string package = path("key" + number);
+            const Object data = makeEvent("key" + number, "n" + number)->getStoreInfo();
+            const bool made = files.createDirectory(package).has_value();
+            const auto file = files.openForWriting(joinPath(package, "general.t"));
+            if (!made || !file || !(*file)->write(KeyedArchiver::archivedDataWithRootObject(data)) || !(*file)->close())
+                fatalError("cannot write " + package);
+        }
     }
     void writeBomb(const std::string& key, const char* className = "FatalBomb") const {
         const auto event = makeEvent(key);

@@ -29,7 +29,7 @@ protected:
 };
 
 TEST_F(UnreadablePackagesTest, AreNamedAndLeftOutAtTheNextStart) {
-    for (int i = 0; i < 300; ++i) device.writePackage(*makeEvent("key" + std::to_string(i)));
+    device.writeManyPackages(300);
     device.writeBomb("bomb");
     EXPECT_DEATH(startThatDies(home), "a bomb went off: .*bomb.evn");
 
