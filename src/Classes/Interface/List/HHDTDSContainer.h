@@ -1,0 +1,37 @@
+// The section object of the list by date: what kind of section, and for those ahead which month or year.
+#pragma once
+
+#include <compare>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "platform/Date.h"
+
+namespace dayward {
+
+class Calendar;
+class HHEvent;
+
+struct HHDTDSContainer {
+    enum class Type : std::uint8_t { noDate = 0, missed = 1, today = 2, ahead = 3, passed = 4 };
+
+    Type type = Type::noDate;
+    std::optional<std::int64_t> year;
+    std::optional<std::int64_t> month;  ///< 1 to 12; nothing for a section of a whole year
+
+    bool operator==(const HHDTDSContainer&) const = default;
+    [[nodiscard]] std::size_t hash() const;
+    /// The localised title: "Missed", "Today Tuesday, March 10", "April 2026", "2027", "Passed".
+    [[nodiscard]] std::string text() const;
+
+    /// The section in which an event belongs at the moment. `isMissed` tells whether an alert of it
+    /// fired unseen.
+    static HHDTDSContainer sectionOf(const HHEvent& event, bool isMissed, Date now, const Calendar& calendar);
+    /// Whether a stands before b: by type, the months and years ahead in time order, the months of a
+    /// year before its year-only section. Two equal sections of one type other than `ahead` answer true.
+    static bool isOrderedBefore(const HHDTDSContainer& a, const HHDTDSContainer& b);
+};
+
+}  // namespace dayward

@@ -1,0 +1,242 @@
+#include <gmock/gmock.h>
+
+#include <random>
+
+#include "Classes/Category/NamedEventIconPicture.h"
+#include "Classes/Event/EventLocalStore.h"
+#include "Classes/Interface/List/EventByCustomTableManager.h"
+#include "Classes/Interface/List/EventByDateTableManager.h"
+#include "Classes/Interface/List/EventByNameTableManager.h"
+#include "Classes/Interface/List/EventSearch.h"
+#include "Classes/Interface/List/EventTableViewCell.h"
+#include "Classes/Interface/List/TableView.h"
+#include "Classes/Settings/AppSettings.h"
+#include "ListFixture.h"
+#include "alerts/MissedEventsHelper.h"
+#include "platform/NotificationCenter.h"
+
+namespace dayward {
+namespace {
+
+using testing::ElementsAre;
+
+std::string pathText(IndexPath path) { return std::to_string(path.section) + "." + std::to_string(path.row); }
+
+/// Writes down what it is told.
+class RecordingTable final : public TableView {
+public:
+    void reloadData() override { messages.push_back("reload"); }
+    void insertRow(IndexPath path) override { messages.push_back("insert " + pathText(path)); }
+    void reloadRow(IndexPath path) override { messages.push_back("reload " + pathText(path)); }
+    void deleteRow(IndexPath path) override { messages.push_back("delete " + pathText(path)); }
+    void moveRow(IndexPath from, IndexPath to) override { messages.push_back("move " + pathText(from) + " " + pathText(to)); }
+    void insertSection(std::size_t index) override { messages.push_back("insert section " + std::to_string(index)); }
+    void reloadSection(std::size_t index) override { messages.push_back("reload section " + std::to_string(index)); }
+    void deleteSection(std::size_t index) override { messages.push_back("delete section " + std::to_string(index)); }
+    void moveSection(std::size_t, std::size_t) override { messages.push_back("move section"); }
+    void deselectRow(IndexPath path, bool) override { messages.push_back("deselect " + pathText(path)); }
+    std::vector<std::shared_ptr<EventTableViewCell>> visibleCells() override { return cells; }
+    std::optional<IndexPath> indexPathForCell(const EventTableViewCell& cell) override {
+        for (std::size_t row = 0; row < cells.size(); ++row) {
+            if (cells[row].get() == &cell && row != vanishing) return IndexPath{0, row};
+        }
+        return std::nullopt;
+    }
+    std::shared_ptr<EventTableViewCell> dequeueReusableCell(const std::string&) override {
+        return std::make_shared<EventTableViewCell>();
+    }
+    double contentOffsetY() const override { return offset; }
+
+    std::vector<std::string> messages;
+    std::vector<std::shared_ptr<EventTableViewCell>> cells;
+    std::size_t vanishing = 99;
+    double offset = 0;
+};
+
+std::vector<std::string> keys(const EventTableManager& manager) {
+    std::vector<std::string> result;
+    for (const EventRow& event : manager.objects()) result.push_back(event->identifier());
+    return result;
+}
+
+class TableManagers : public testing::Test {
+protected:
+    std::shared_ptr<HHEvent> event(const EventSpec& spec) { return makeEvent(environment, spec); }
+
+    TestEnvironment environment{listOptions()};
+    RecordingTable table;
+};
+
+TEST_F(TableManagers, AnUpdatedRowStaysUntilTheListIsSorted) {
+    EventByDateTableManager manager(&table);
+    manager.setObjects({event({"a", "2026-03-20"}), event({"b", "2026-03-21"}), event({"c", "2026-04-01"})});
+    manager.updateObject(event({"a", "2026-05-01"}));
+    EXPECT_THAT(keys(manager), ElementsAre("a", "b", "c"));
+    manager.sortData();
+    EXPECT_THAT(keys(manager), ElementsAre("b", "c", "a"));
+    EXPECT_THAT(table.messages, ElementsAre("reload", "reload 0.0", "insert section 2", "move 0.1 0.0", "move 0.1 2.0"));
+    EXPECT_EQ(manager.titleForHeaderInSection(2), "  May 2026");
+    EXPECT_EQ(manager.heightForHeaderInSection(2), 20.0);
+    EXPECT_EQ(manager.heightForRowAtIndexPath({}), 70.0);
+}
+
+TEST_F(TableManagers, PullToClearEmptiesTheMissedSection) {
+    EventByDateTableManager manager(&table);
+    MissedEventsHelper::setMissedEvents({"a"});
+    manager.setObjects({event({"a", "2026-03-01"}), event({"b", "2026-03-21"})});
+    EXPECT_EQ(manager.titleForHeaderInSection(0), "  Missed");
+    table.messages.clear();
+    for (const auto& [offset, decelerates] : {std::pair(-151.0, false), {-150.0, true}, {0.0, true}}) {
+        table.offset = offset;
+        manager.scrollViewDidEndDragging(decelerates);
+        EXPECT_TRUE(MissedEventsHelper::isMissed("a"));
+    }
+    table.offset = -150.5;
+    manager.scrollViewDidEndDragging(true);
+    EXPECT_FALSE(MissedEventsHelper::isMissed("a"));
+    EXPECT_THAT(table.messages, ElementsAre("insert section 2", "move 0.0 2.0", "delete section 0"));
+}
+
+TEST_F(TableManagers, NamesStandUnnamedFirstAndCapitalsBeforeSmallLetters) {
+    EventByNameTableManager manager(nullptr);
+    manager.setObjects({event({"1", "2026-05-01", "beta"}), event({"2", "2026-05-01", "Gamma"}),
+                        event({"3", "2026-05-01", {}}), event({"4", "2026-05-01", "ärger"}),
+                        event({"5", "2026-05-01", "bet"})});
+    EXPECT_THAT(keys(manager), ElementsAre("3", "4", "2", "5", "1"));
+    EXPECT_EQ(manager.numberOfSections(), 1);
+    EXPECT_EQ(manager.titleForHeaderInSection(0), std::nullopt);
+    manager.appendObject(event({"6", "2026-05-01", "az"}));
+    EXPECT_THAT(keys(manager), ElementsAre("3", "4", "2", "6", "5", "1"));
+}
+
+TEST_F(TableManagers, TheCustomOrderIsKeptInTheSettings) {
+    AppSettings::setTableSortIdentifiers({"c", "copy-source-x", "a"});
+    EventByCustomTableManager manager(&table);
+    manager.setObjects({event({"a"}), event({"copy-source (conflict 2)"}), event({"c"}), event({"unknown"})});
+    EXPECT_THAT(keys(manager), ElementsAre("unknown", "c", "copy-source (conflict 2)", "a"));
+    EXPECT_THAT(AppSettings::tableSortIdentifiers(), ElementsAre("c", "copy-source-x", "a"));
+
+    manager.appendObject(event({"new"}));
+    EXPECT_THAT(keys(manager), ElementsAre("new", "unknown", "c", "copy-source (conflict 2)", "a"));
+    EXPECT_EQ(AppSettings::tableSortIdentifiers(), keys(manager));
+
+    table.messages.clear();
+    manager.EventByCustomTableManager::moveRowAtIndexPath(IndexPath{0, 4}, IndexPath{0, 1});
+    EXPECT_THAT(keys(manager), ElementsAre("new", "a", "unknown", "c", "copy-source (conflict 2)"));
+    EXPECT_EQ(AppSettings::tableSortIdentifiers(), keys(manager));
+    EXPECT_THAT(table.messages, ElementsAre());
+
+    manager.removeObject(event({"unknown"}));
+    EXPECT_EQ(AppSettings::tableSortIdentifiers(), keys(manager));
+    manager.sortData();
+    EXPECT_THAT(keys(manager), ElementsAre("new", "a", "c", "copy-source (conflict 2)"));
+}
+
+TEST_F(TableManagers, ARowSaysTitleDateAndCountdown) {
+    EventByDateTableManager manager(nullptr);
+    const auto birthday = event({"a", "1960-05-04T00:00:00", "Mother"});
+    birthday->setRrule("FREQ=YEARLY;INTERVAL=1");
+    birthday->setShowAge(true);
+    const auto running = event({"b", "2026-03-10T11:00:00", "Running", 2});
+    const auto never = event({"c"});
+    never->setTimes({});
+    manager.setObjects({birthday, running, never});
+    const auto texts = [&](const EventRow& row) {
+        const auto cell = manager.cellForRowAtIndexPath(*manager.indexPathForObject(row));
+        const EventRowText text = cell->text();
+        return std::vector<std::string>{text.title, text.date, text.interval.value_or("-")};
+    };
+    EXPECT_THAT(texts(birthday), ElementsAre("Mother (66)", "Monday, May 4", "55 Days"));
+    EXPECT_THAT(texts(running), ElementsAre("Running", testing::StartsWith("Tuesday, March 10"), "Now"));
+    EXPECT_THAT(texts(never), ElementsAre("", "No date!", "-"));
+    EXPECT_FALSE(manager.configureCell(std::make_shared<EventTableViewCell>(), nullptr));
+}
+
+TEST_F(TableManagers, AReusedRowTakesNoIconOfAnotherEvent) {
+    EventTableViewCell cell;
+    cell.setRow("a", {});
+    const auto icon = std::make_shared<const Image>();
+    cell.setIcon(icon, "b");
+    EXPECT_EQ(cell.icon(), nullptr);
+    cell.setIcon(icon, "a");
+    EXPECT_EQ(cell.icon(), icon);
+    cell.setRow("a", {});
+    EXPECT_EQ(cell.icon(), icon);
+    cell.setRow("b", {});
+    EXPECT_EQ(cell.icon(), nullptr);
+}
+
+TEST_F(TableManagers, VisibleRowsAreRewrittenAndVanishingOnesLeftAlone) {
+    EventByDateTableManager manager(&table);
+    manager.setObjects({event({"a", "2026-03-20", "A"}), event({"b", "2026-03-21", "B"})});
+    table.cells = {std::make_shared<EventTableViewCell>(), std::make_shared<EventTableViewCell>()};
+    table.vanishing = 1;
+    manager.configureVisibleCells();
+    EXPECT_EQ(table.cells[0]->text().title, "A");
+    EXPECT_EQ(table.cells[1]->eventKey(), std::nullopt);
+}
+
+TEST_F(TableManagers, SelectingTellsTheEventAndDeletingRemovesItFromTheStore) {
+    EventByDateTableManager manager(&table);
+    const auto stored = event({"a", "2026-03-20", "A"});
+    EventLocalStore::shared().updateEvent(stored);
+    manager.setObjects({stored});
+    std::shared_ptr<HHEvent> selected;
+    const auto observation = environment->notifications().addObserver(
+        EventTableManagerDidSelectItemNotification,
+        [&](const Notification& note) { selected = note.userInfo.at(EventTableManagerItemKey).as<HHEvent>(); }, &manager);
+    manager.didSelectRowAtIndexPath({0, 0});
+    EXPECT_EQ(selected, stored);
+    EXPECT_EQ(table.messages.back(), "deselect 0.0");
+    manager.commitEditingStyle(EventTableManager::EditingStyle::insert, {0, 0});
+    EXPECT_EQ(EventLocalStore::shared().itemsCount(), 1);
+    manager.commitEditingStyle(EventTableManager::EditingStyle::remove, {0, 0});
+    EXPECT_EQ(EventLocalStore::shared().itemsCount(), 0);
+    EXPECT_EQ(manager.numberOfRowsInSection(0), 1);
+}
+
+TEST_F(TableManagers, TheStoredSortModeCountsByItsTwoLowBits) {
+    const std::vector<std::pair<std::int64_t, const char*>> cases{{0, "by Date"}, {1, "by Name"}, {2, "Customizable"},
+                                                                  {3, "by Date"}, {5, "by Name"}, {-1, "by Date"}};
+    for (const auto& [stored, label] : cases) EXPECT_EQ(eventSortLabel(eventSortType(stored)), label) << stored;
+}
+
+TEST_F(TableManagers, ASearchLooksIntoNamesAndNotesWithoutCase) {
+    const auto named = event({"a", "2026-05-01", "ЁЛКА Straße"});
+    const auto noted = event({"b", "2026-05-01", {}});
+    noted->setNote("buy a ёлка");
+    const auto ids = [&](std::string_view text) {
+        std::vector<std::string> result;
+        for (const auto& found : eventsMatching(text, {named, noted})) result.push_back(found->identifier());
+        return result;
+    };
+    EXPECT_THAT(ids("ёлк"), ElementsAre("a", "b"));
+    EXPECT_THAT(ids("STRASSE"), ElementsAre("a"));
+    EXPECT_THAT(ids("."), ElementsAre());
+    EXPECT_THAT(ids(""), ElementsAre());
+}
+
+TEST_F(TableManagers, SortingByDateGivesTheOrderOfTheComparator) {
+    constexpr unsigned kSeed = 20260310;
+    SCOPED_TRACE(kSeed);
+    std::mt19937 random(kSeed);
+    std::vector<EventRow> events;
+    for (int number = 0; number < 400; ++number) {
+        const auto made = event({"key " + std::to_string(number), "2026-03-10T12:00:00",
+                                 std::string(1, static_cast<char>('a' + random() % 26)), random() % 3 == 0 ? 5.0 : 0.0});
+        made->setDate(environment->now() + TimeInterval(86400.0 * (static_cast<double>(random() % 800) - 200)));
+        events.push_back(made);
+    }
+    EventByDateTableManager manager(nullptr);
+    manager.setObjects(events);
+    for (std::size_t section = 0; section < manager.numberOfSections(); ++section) {
+        const auto rows = manager.objectsInSectionAtIndex(section);
+        for (std::size_t row = 1; row < rows.size(); ++row) {
+            const EventDateRank before(*rows[row - 1], environment->now());
+            EXPECT_FALSE(EventDateRank(*rows[row], environment->now()).isOrderedBefore(before));
+        }
+    }
+}
+
+}  // namespace
+}  // namespace dayward
