@@ -1,0 +1,29 @@
+// An event as a text to share.
+#pragma once
+
+#include <memory>
+#include <string>
+
+namespace dayward {
+
+class HHEvent;
+
+class TextActivitySource {
+public:
+    explicit TextActivitySource(std::shared_ptr<const HHEvent> event) : event_(std::move(event)) {}
+
+    [[nodiscard]] const std::shared_ptr<const HHEvent>& event() const { return event_; }
+
+    /// "Countdown to NAME".
+    [[nodiscard]] std::string subject() const;
+    /// How far away the event is, as of now; a second sentence tells the whole distance in each unit
+    /// where the event counts in more than one.
+    [[nodiscard]] std::string text() const;
+
+private:
+    [[nodiscard]] std::string name() const;
+
+    std::shared_ptr<const HHEvent> event_;
+};
+
+}  // namespace dayward
