@@ -1,0 +1,56 @@
+#include "cli/EventLook.h"
+
+#include <filesystem>
+
+#include "Classes/Category/BackgroundTemplateConversion.h"
+#include "Classes/Category/ColorEventBackgroundPicture.h"
+#include "Classes/Category/ImageEventBackgroundPicture.h"
+#include "Classes/Category/ImageEventIconPicture.h"
+#include "Classes/Category/NamedEventBackgroundPicture.h"
+#include "Classes/Category/NamedEventIconPicture.h"
+#include "Classes/Category/RColorEventBackgroundTemplate.h"
+#include "Classes/Category/RNamedEventBackgroundTemplate.h"
+#include "cli/Arguments.h"
+#include "platform/Environment.h"
+#include "platform/FileSystem.h"
+#include "platform/Image.h"
+#include "resources/HHResources.h"
+
+namespace dayward {
+
+namespace {
+
+Result<std::shared_ptr<const Image>> imageFile(const std::string& text, const char* kind) {
+    const FileSystem& files = Environment::current().files();
+    const std::string path = std::filesystem::absolute(text).string();
+    const auto status = files.status(path);
+    if (!status || !*status) return failure("'" + text + "' is no " + kind + " of the catalogue and no file");
+    const auto bytes = files.readFile(path);
+    if (!bytes) return failure("'" + text + "' cannot be read", 0, {{"reason", bytes.error().description()}});
+    auto image = Image::decode(*bytes);
+    if (!image) return failure("'" + text + "' is no PNG or JPEG picture", 0, {{"reason", image.error().description()}});
+    return std::make_shared<const Image>(std::move(*image));
+}
+
+std::string fileName(const std::string& path) { return std::filesystem::path(path).filename().string(); }
+
+}  // namespace
+
+Result<std::shared_ptr<EventIconPicture>> iconNamed(const std::string& text) {
+    if (HHResources::pathForFileName(text)) return std::make_shared<NamedEventIconPicture>(text);
+    return std::make_shared<ImageEventIconPicture>(TRY(imageFile(text, "icon")), fileName(text));
+}
+
+Result<std::shared_ptr<EventBackgroundPicture>> backgroundNamed(const std::string& text) {
+    if (text.starts_with('#')) return std::make_shared<ColorEventBackgroundPicture>(TRY(parseColor(text)));
+    if (HHResources::pathForFileName(text)) return std::make_shared<NamedEventBackgroundPicture>(text);
+    return std::make_shared<ImageEventBackgroundPicture>(TRY(imageFile(text, "background")), fileName(text));
+}
+
+Result<std::shared_ptr<EventBackgroundTemplate>> backgroundTemplateNamed(const std::string& text) {
+    if (text == "random") return std::make_shared<RNamedEventBackgroundTemplate>();
+    if (text == "random-color") return std::make_shared<RColorEventBackgroundTemplate>();
+    return backgroundTemplateFromObject(Object(TRY(backgroundNamed(text))));
+}
+
+}  // namespace dayward

@@ -1,0 +1,163 @@
+#include "cli/Program.h"
+
+#include <CLI/CLI.hpp>
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+
+#include "Classes/App/ArchiveRegistration.h"
+#include "Classes/App/FirstLaunch.h"
+#include "Classes/Event/EventLocalStore.h"
+#include "cli/Command.h"
+#include "cli/ProgramVersion.h"
+#include "intervals/ISODate.h"
+#include "platform/Environment.h"
+#include "platform/FileSystem.h"
+#include "platform/linux/LinuxEnvironment.h"
+
+namespace dayward {
+
+namespace {
+
+enum Exit { done = 0, failed = 1, wrongUsage = 2 };
+
+/// Beside the program: PREFIX/bin/dayward has PREFIX/share/dayward.
+std::string resourceDirectory() {
+    std::error_code error;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    return (program.parent_path().parent_path() / "share" / "dayward").string();
+}
+
+void complain(const std::string& line) { std::cerr << "dayward: " << line << std::endl; }
+
+void declareGlobalOptions(CLI::App& app, GlobalOptions& options) {
+    app.add_option("--home", options.home, "Keep everything in this directory");
+    app.add_option("--now", options.now, "Answer as of this local time");
+    app.add_option("--tz", options.zone, "The time zone, such as Europe/Moscow");
+    app.add_option("--locale", options.locale, "Language and region, such as ru_RU");
+    app.add_flag("--json", options.json, "Print one JSON document");
+    app.set_version_flag("--version", std::string(kProgramVersion));
+    app.fallthrough();
+    app.require_subcommand(0, 1);
+}
+
+void addCommands(CLI::App& app, ChosenCommand& chosen) {
+    addListCommand(app, chosen);
+    addShowCommand(app, chosen);
+    addAddCommand(app, chosen);
+    addEditCommand(app, chosen);
+    addRemoveCommand(app, chosen);
+    addWatchCommand(app, chosen);
+    addCategoriesCommand(app, chosen);
+    addSettingsCommand(app, chosen);
+    addRuleCommand(app, chosen);
+    addIntervalCommand(app, chosen);
+    addDocumentCommand(app, chosen);
+    addDoctorCommand(app, chosen);
+}
+
+/// The environment's options, or nothing after a complaint about wrong usage.
+std::optional<LinuxOptions> linuxOptions(const GlobalOptions& options, bool live) {
+    LinuxOptions result;
+    if (!options.home.empty()) result.home = std::filesystem::absolute(options.home).string();
+    result.resources = resourceDirectory();
+    result.zone = options.zone;
+    result.locale = options.locale;
+    result.archiveClasses = allArchiveClasses();
+    const auto zone = options.zone.empty() ? Result<TimeZone>(TimeZone::system()) : TimeZone::named(options.zone);
+    if (!zone) {
+        complain("--tz: there is no time zone '" + options.zone + "'");
+        return std::nullopt;
+    }
+    if (options.now.empty()) return result;
+    const std::optional<Date> now = dateFromISOText(options.now, Calendar(*zone));
+    if (!now) {
+        complain("--now: '" + options.now + "' is not a time such as 2027-03-14T09:00:00");
+        return std::nullopt;
+    }
+    if (live) {
+        result.shift = *now - SystemClock().now();
+    } else {
+        result.fixedNow = *now;
+    }
+    return result;
+}
+
+/// Says which documents are not shown, and why: they stay on the disk.
+void reportLeftOut() {
+    for (const EventLocalStore::LeftOut& left : EventLocalStore::shared().leftOut()) {
+        complain("left out " + left.path + ": " + left.reason);
+    }
+}
+
+Result<> perform(Environment& environment, const ChosenCommand& chosen, const GlobalOptions& options) {
+    if (chosen.needsStore) {
+        const CCApp::Information information{.bundleIdentifier = "dayward",
+                                             .displayName = "Dayward",
+                                             .shortVersion = kProgramVersion,
+                                             .bundleVersion = kProgramVersion};
+        TRY_VOID(performFirstLaunchIfNeeded(environment, information));
+        reportLeftOut();
+    }
+    return chosen.action(environment, options);
+}
+
+int run(const ChosenCommand& chosen, const GlobalOptions& options, bool live) {
+    const auto environmentOptions = linuxOptions(options, live);
+    if (!environmentOptions) return wrongUsage;
+    auto services = makeLinuxServices(*environmentOptions);
+    if (!services) {
+        complain(services.error().description());
+        return failed;
+    }
+    Environment environment(std::move(*services));
+    const EnvironmentScope scope(&environment);
+    const Result<> result = perform(environment, chosen, options);
+    std::cout.flush();
+    if (!result) {
+        complain(result.error().description());
+        return failed;
+    }
+    if (!std::cout) {
+        complain("standard output cannot be written");
+        return failed;
+    }
+    return chosen.exitStatus;
+}
+
+/// Opens the application where it is installed and there is a display; returns only where it did not.
+void openApplication(const GlobalOptions& options) {
+    if (std::getenv("DISPLAY") == nullptr && std::getenv("WAYLAND_DISPLAY") == nullptr) return;
+    std::error_code error;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", error).parent_path() / "dayward-app";
+    if (!std::filesystem::exists(program, error)) return;
+    if (!options.home.empty()) setenv("DAYWARD_HOME", std::filesystem::absolute(options.home).c_str(), 1);
+    const std::string path = program.string();
+    execl(path.c_str(), path.c_str(), static_cast<char*>(nullptr));
+}
+
+}  // namespace
+
+int runProgram(int argc, char** argv) {
+    std::ios::sync_with_stdio(false);
+    CLI::App app("Countdowns and reminders: what you wait for and must not miss.", "dayward");
+    GlobalOptions options;
+    ChosenCommand chosen;
+    declareGlobalOptions(app, options);
+    addCommands(app, chosen);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) return app.exit(error);
+        complain(std::string(error.what()) + "; try --help");
+        return wrongUsage;
+    }
+    const bool live = app.get_subcommands().empty() || app.got_subcommand("watch");
+    if (!chosen.action) {
+        openApplication(options);
+        chosen.action = watchList;
+    }
+    return run(chosen, options, live);
+}
+
+}  // namespace dayward

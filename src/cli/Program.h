@@ -1,0 +1,9 @@
+// The program `dayward`: reads the command line, builds the real environment, runs one command.
+#pragma once
+
+namespace dayward {
+
+/// Exit status 0 done, 1 could not be done (one line on standard error), 2 wrong usage.
+int runProgram(int argc, char** argv);
+
+}  // namespace dayward
