@@ -4,8 +4,8 @@
 // Rows and sections are values with equality and hash (equal means equal hash); a row is found by
 // equality, and of equal rows the first in the list is meant. After every public operation but
 // updateObject no section is empty and no two section objects are equal. Rows are found through an index
-// and positions through balanced trees, so that an operation costs O(log n) and sortData O(n log n); only
-// appending to rows that stand out of order walks them.
+// and positions through balanced trees, so that an operation costs O(log n) and sortData O(n log n);
+// appending to rows that stand out of order costs as much more as they have places of disorder.
 //
 // Any thread; each operation holds the list's own recursive monitor from first to last, also while the
 // delegate is told.

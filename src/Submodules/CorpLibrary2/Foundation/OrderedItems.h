@@ -1,16 +1,18 @@
 // An indexed list of entries (each with a member `object`) that knows where it is out of order, so that
-// the place for a new element is found in O(log n) as long as the list stands in order.
+// the place for a new element is found without walking over all of them.
 //
 // The place is always the one that a walk from the front finds: before the first element that the new
-// one is before. In a list in order those elements are the list's end, and a binary search finds where
-// it begins. The list remembers each neighbour pair that contradicts the order; while there is one, it
-// really walks. One thread at a time.
+// one is before. The list remembers each neighbour pair that contradicts the order; between two such
+// pairs it stands in order, and there the elements that the new one is before are the end of the run. So
+// one look at a run's last element tells whether the place is in the run, and a binary search finds it:
+// O(r + log n) for r runs, and r is 1 while the list is in order. One thread at a time.
 #pragma once
 
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <unordered_set>
 
 #include "Submodules/CorpLibrary2/Foundation/IndexedList.h"
@@ -57,7 +59,13 @@ public:
     /// checked again.
     [[nodiscard]] std::size_t insertionIndex(const Object& object, const Before& before, std::int64_t stamp) const {
         checkPairs(before, stamp);
-        return outOfOrder_.empty() ? searchFrom(object, before) : walkFrom(object, before);
+        std::size_t start = 0;
+        for (const Node* nextRun : outOfOrder_) {
+            const std::size_t end = List::indexOf(nextRun);
+            if (before(object, objectAt(end - 1))) return searchRun(start, end, object, before);
+            start = end;
+        }
+        return searchRun(start, size(), object, before);
     }
 
 private:
@@ -82,30 +90,28 @@ private:
             outOfOrder_.erase(node);
     }
 
-    std::size_t searchFrom(const Object& object, const Before& before) const {
-        std::size_t first = 0;
-        std::size_t last = size();
-        while (first < last) {
-            const std::size_t middle = first + (last - first) / 2;
+    std::size_t searchRun(std::size_t first, std::size_t end, const Object& object, const Before& before) const {
+        while (first < end) {
+            const std::size_t middle = first + (end - first) / 2;
             if (before(object, objectAt(middle)))
-                last = middle;
+                end = middle;
             else
                 first = middle + 1;
         }
         return first;
     }
 
-    std::size_t walkFrom(const Object& object, const Before& before) const {
-        std::size_t index = 0;
-        for (Node* node = list_.first(); node != nullptr; node = List::next(node), ++index)
-            if (before(object, node->value.object)) return index;
-        return index;
-    }
+    struct EarlierInList {
+        bool operator()(const Node* left, const Node* right) const {
+            return List::indexOf(left) < List::indexOf(right);
+        }
+    };
 
     List list_;
     mutable std::optional<std::int64_t> stamp_;
-    mutable std::unordered_set<Node*> unchecked_;   ///< their pairs with the node before are to be checked
-    mutable std::unordered_set<Node*> outOfOrder_;  ///< these have to stand before the node before them
+    mutable std::unordered_set<Node*> unchecked_;  ///< their pairs with the node before are to be checked
+    /// These have to stand before the node before them: each begins a run.
+    mutable std::set<Node*, EarlierInList> outOfOrder_;
 };
 
 }  // namespace dayward

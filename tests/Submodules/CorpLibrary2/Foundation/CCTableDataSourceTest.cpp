@@ -287,8 +287,10 @@ double comparisonsForEachRow(int count) {
     table.takeLog();
     table.sortData();
     EXPECT_EQ(table.takeLog(), Log{});
-    for (int key = 0; key < count; key += 2) table.removeObject({key});
-    EXPECT_EQ(table.objects().size(), static_cast<std::size_t>(count / 2));
+    table.updateObject({table.objects().front().key, 0, 2000000});
+    for (int key = count; key < 2 * count; ++key) table.appendObject({key, key % 11, anyOrder()});
+    for (int key = 0; key < 2 * count; key += 2) table.removeObject({key});
+    EXPECT_EQ(table.objects().size(), static_cast<std::size_t>(count));
     return static_cast<double>(table.comparisons) / count;
 }
 
