@@ -180,7 +180,7 @@ void ZoneRules::applyFooter(const PosixZone& footer, bool hasTransitions) {
         changes.push_back({saving.end.inYear(year) - saving.offset, footer.offset, false});
     }
     // A year-round saving time ends when the next year's begins, and the beginning must win.
-    std::ranges::stable_sort(changes, [](const Segment& a, const Segment& b) {
+    std::ranges::sort(changes, [](const Segment& a, const Segment& b) {
         return a.start != b.start ? a.start < b.start : a.isDaylightSaving < b.isDaylightSaving;
     });
     for (const Segment& change : changes) {
