@@ -29,9 +29,8 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
     target_compile_options(dayward_options INTERFACE -Wthread-safety -Wno-gnu-statement-expression)
 endif()
 if(DAYWARD_SANITIZE)
-    # The instrumented code misleads GCC's flow analysis; the other presets keep that warning.
     target_compile_options(dayward_options INTERFACE -fsanitize=${DAYWARD_SANITIZE} -fno-omit-frame-pointer
-                                                     -fno-sanitize-recover=all -Wno-maybe-uninitialized)
+                                                     -fno-sanitize-recover=all)
     target_link_options(dayward_options INTERFACE -fsanitize=${DAYWARD_SANITIZE})
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         # Instrumented code makes this warning speak of moved variants that are never read.
