@@ -1,0 +1,95 @@
+#include "Submodules/CorpLibrary2/Foundation/StandardPaths.h"
+
+#include <gmock/gmock.h>
+
+#include "Submodules/CorpLibrary2/Foundation/CCApplicationGroup.h"
+#include "support/FaultFileSystem.h"
+#include "support/TestEnvironment.h"
+
+namespace dayward {
+
+namespace {
+
+using testing::ElementsAre;
+
+class StandardPaths : public testing::Test {
+protected:
+    std::shared_ptr<FaultFileSystem> files = std::make_shared<FaultFileSystem>();
+    TestEnvironment environment{{.files = files}};
+};
+
+TEST_F(StandardPaths, areMadeAndMarkedOnTheFirstReadOnly) {
+    const std::string offline = offlineDataPath();
+    EXPECT_EQ(offline, environment->paths().applicationSupport + "/Offline Data");
+    EXPECT_TRUE(files->isDirectory(offline));
+    EXPECT_EQ(files->extendedAttribute(offline, "user.com.apple.MobileBackup"), dataOf("1"));
+    EXPECT_EQ(temporaryDataPath(), environment->paths().caches + "/Temporary Files");
+    EXPECT_TRUE(files->isDirectory(temporaryDataPath()));
+
+    const std::size_t before = files->operationCount();
+    EXPECT_EQ(pathForOfflineFile("a.dat"), offline + "/a.dat");
+    EXPECT_EQ(pathForTemporaryFile("a"), temporaryDataPath() + "/a");
+    EXPECT_EQ(pathForPrivateFile("HHSettings"), environment->paths().applicationSupport + "/HHSettings");
+    EXPECT_EQ(files->operationCount(), before);
+}
+
+TEST_F(StandardPaths, belongToTheirEnvironment) {
+    const std::string first = offlineDataPath();
+    TestEnvironment other({.home = "/home/other", .files = files});
+    EXPECT_NE(offlineDataPath(), first);
+    EXPECT_TRUE(files->isDirectory("/home/other/data/Application Support/Offline Data"));
+}
+
+TEST_F(StandardPaths, areGivenAlsoWhereTheyCannotBeMade) {
+    files->fillDiskAt(1);
+    EXPECT_EQ(offlineDataPath(), environment->paths().applicationSupport + "/Offline Data");
+    EXPECT_EQ(environment.log->errors().size(), 1U);
+}
+
+TEST_F(StandardPaths, findTheFirstExistingFile) {
+    for (const char* name : {"a.png", "a.jpg", "b", "c.tar.gz"}) {
+        files->store(joinPath(publicDataPath(), name), dataOf("x"));
+    }
+    struct Case {
+        const char* name;
+        std::vector<std::string> types;
+        const char* found;  // null: nothing
+    };
+    const Case cases[] = {
+        {"a", {"gif", "jpg", "png"}, "a.jpg"}, {"a.png", {}, "a.png"}, {"a.png", {"jpg"}, nullptr},
+        {"a", {}, nullptr},                    {"b", {}, "b"},         {"b", {"png"}, nullptr},
+        {"c.tar.gz", {}, "c.tar.gz"},          {"c.tar", {"gz"}, "c.tar.gz"},
+    };
+    for (const Case& tested : cases) {
+        const auto expected =
+            tested.found == nullptr ? std::nullopt : std::optional(pathForPublicFile(tested.found));
+        EXPECT_EQ(findPathForPublicFileName(tested.name, tested.types), expected) << tested.name;
+    }
+    EXPECT_THAT(getTestExtensionsForFileName("a.png", {}), ElementsAre("png"));
+    EXPECT_THAT(getTestExtensionsForFileName("a.png", {"x", "y"}), ElementsAre("x", "y"));
+}
+
+TEST_F(StandardPaths, theGroupsDirectoriesAreMadeOnRequest) {
+    const CCApplicationGroup group("group.dayward");
+    const std::string directory = environment->paths().group;
+    EXPECT_EQ(group.getSubDirectory("Later", CCApplicationGroup::Create::no), directory + "/Later");
+    EXPECT_FALSE(files->exists(directory + "/Later"));
+    EXPECT_EQ(group.getSubDirectory("Now", CCApplicationGroup::Create::yes), directory + "/Now");
+    EXPECT_TRUE(files->isDirectory(directory + "/Now"));
+    EXPECT_EQ(group.documentDirectory("a.evn"), directory + "/Documents/a.evn");
+    EXPECT_EQ(group.libraryDirectory(), directory + "/Library");
+}
+
+TEST_F(StandardPaths, withoutTheirPlaceTheProcessStops) {
+    ASSERT_TRUE(files->removeTree(environment->paths().library));
+    ASSERT_TRUE(files->removeTree(environment->paths().group));
+    files->fillDiskAt(1);
+    EXPECT_DEATH((void)systemDirectory(SystemDirectory::library),
+                 "The application directory doesn't exist and could not be created. Error: file");
+    EXPECT_DEATH((void)CCApplicationGroup("group.dayward").groupDirectory(),
+                 "The shared application group container is unavailable. Check your entitlements and provisioning");
+}
+
+}  // namespace
+
+}  // namespace dayward
