@@ -11,8 +11,9 @@ std::string cacheKey(std::string_view itemKey) { return "bg_" + std::string(item
 }  // namespace
 
 std::shared_ptr<const Image> LoadEventBackgroundPicture::getImage() const {
-    return DocumentImages::image(cacheKey(itemKey_),
-                                 [this] { return EventLocalStore::shared().loadBackgroundImageAtEvent(itemKey_); });
+    // Made first: a store that loads its events meanwhile would make the image look outdated.
+    auto& store = EventLocalStore::shared();
+    return DocumentImages::image(cacheKey(itemKey_), [&] { return store.loadBackgroundImageAtEvent(itemKey_); });
 }
 
 void LoadEventBackgroundPicture::forgetImage(std::string_view itemKey) { DocumentImages::forget(cacheKey(itemKey)); }

@@ -12,8 +12,9 @@ std::string cacheKey(std::string_view itemKey) { return "icon_" + std::string(it
 }  // namespace
 
 std::shared_ptr<const Image> LoadEventIconPicture::getImage() const {
-    return DocumentImages::image(cacheKey(itemKey_),
-                                 [this] { return EventLocalStore::shared().loadIconImageAtEvent(itemKey_); });
+    // Made first: a store that loads its events meanwhile would make the image look outdated.
+    auto& store = EventLocalStore::shared();
+    return DocumentImages::image(cacheKey(itemKey_), [&] { return store.loadIconImageAtEvent(itemKey_); });
 }
 
 void LoadEventIconPicture::getImageWithCompletion(const ImageCompletion& completion) const {
