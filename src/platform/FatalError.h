@@ -7,12 +7,13 @@
 namespace dayward {
 
 /// Writes the text as one line to standard error and aborts. If a FatalErrorContext is open on this
-/// thread, the line ends with ": " and the file that the context names, and the hooks run
-/// first, so that the next start can leave that file out.
+/// thread, the line ends with ": " and the file that the context names, and the hooks run first, so
+/// that the next start can leave that file out.
 [[noreturn]] void fatalError(std::string_view text);
 
 /// While it lives, a fatalError on this thread is blamed on `file`. Contexts nest; the innermost
-/// names the file, and the hooks of all run, inner ones first. `onFatal` must be async-signal-tolerant in spirit: it only records the file's name.
+/// names the file, and the hooks of all run, inner ones first. `onFatal` must be async-signal-tolerant
+/// in spirit: it only records the file's name.
 class FatalErrorContext {
 public:
     using Hook = void (*)(const std::string& file, std::string_view text, void* argument);
