@@ -9,7 +9,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <variant>
 #include <vector>
 
@@ -28,11 +27,17 @@ struct ArchiveUID {
 /// An owned property list.
 struct PropertyList {
     using List = std::vector<PropertyList>;
-    using Fields = std::vector<std::pair<std::string, PropertyList>>;  ///< in stored order
+    struct Field;
+    using Fields = std::vector<Field>;  ///< in stored order
 
     std::variant<std::monostate, bool, std::int64_t, std::uint64_t, double, Date, std::string, Data, ArchiveUID, List,
                  Fields>
         value;
+};
+
+struct PropertyList::Field {
+    std::string key;
+    PropertyList value;
 };
 
 /// The binary form; equal strings, numbers and references are stored once. Text that is no UTF-8 gets

@@ -58,8 +58,8 @@ PropertyList convertedDictionary(plist_t node) {
     }
     std::free(iterator);
     // XML has no references of its own.
-    const auto* number = fields.size() == 1 ? std::get_if<std::int64_t>(&fields.front().second.value) : nullptr;
-    if (number && fields.front().first == "CF$UID") return {ArchiveUID{static_cast<std::uint64_t>(*number)}};
+    const auto* number = fields.size() == 1 ? std::get_if<std::int64_t>(&fields.front().value.value) : nullptr;
+    if (number && fields.front().key == "CF$UID") return {ArchiveUID{static_cast<std::uint64_t>(*number)}};
     return {std::move(fields)};
 }
 
