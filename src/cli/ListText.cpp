@@ -11,13 +11,16 @@ namespace dayward {
 
 namespace {
 
-constexpr const char* kBold = "\x1b[1m";
+constexpr const char* kHeading = "\x1b[1;36m";
 constexpr const char* kDim = "\x1b[2m";
+constexpr const char* kCountdown = "\x1b[1;33m";
+constexpr const char* kRunning = "\x1b[1;32m";
 constexpr const char* kReset = "\x1b[0m";
 constexpr int kGap = 2;
 
 struct Row {
     std::string title, date, interval, identifier;
+    bool running = false;
 };
 
 struct Widths {
@@ -26,7 +29,7 @@ struct Widths {
 
 Row rowOf(const HHEvent& event) {
     const EventRowText text = eventRowText(event);
-    return {text.title, text.date, text.interval.value_or(""), event.identifier()};
+    return {text.title, text.date, text.interval.value_or(""), event.identifier(), event.isComing()};
 }
 
 void widen(int& width, const std::string& text, int most) { width = std::min(std::max(width, displayWidth(text)), most); }
@@ -59,7 +62,7 @@ private:
     }
 
     void write(const std::string& title, const std::vector<Row>& rows) {
-        if (!title.empty()) line(styled(kBold, fitted(title, options_.width)));
+        if (!title.empty()) line(styled(kHeading, fitted(title, options_.width)));
         for (const Row& row : rows) line(rowText(row));
         if (!title.empty()) line("");
     }
@@ -69,7 +72,7 @@ private:
         const std::string blanks(static_cast<std::size_t>(std::max(0, widths_.interval - displayWidth(row.interval))), ' ');
         std::string text = "  " + padded(row.title, widths_.title) + gap +
                            styled(kDim, padded(row.date, widths_.date)) + gap + blanks +
-                           styled(kBold, fitted(row.interval, widths_.interval));
+                           styled(row.running ? kRunning : kCountdown, fitted(row.interval, widths_.interval));
         if (options_.identifiers) text += gap + fitted(row.identifier, 200);
         return text;
     }
