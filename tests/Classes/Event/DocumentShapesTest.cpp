@@ -1,5 +1,6 @@
 // Every shape that "general.t" has had, from archives made by another writer.
 #include <gmock/gmock.h>
+#include <stdio.h>
 
 #include "Classes/Category/CategoryLocalStore.h"
 #include "Classes/Category/ColorEventBackgroundPicture.h"
@@ -137,6 +138,32 @@ TEST_F(DocumentShapesTest, KeysComeOutInTheirOrder) {
     EXPECT_EQ(root["Alerts"]["HHEventAlerts"], 0);
     EXPECT_EQ(root["DateFormat"]["HHEventDateFormat"], 0);
     EXPECT_TRUE(root["IconSystemName"].is_null());
+}
+
+TEST_F(DocumentShapesTest, AnotherReaderOfTheFormatListsTheSame) {
+    const auto archive = KeyedArchiver::archivedDataWithRootObject(readStored<DocumentData>("full"));
+    const auto path = joinPath(environment_.home, "general.t");
+    ASSERT_TRUE(writeFileAtomically(environment_->files(), path, archive));
+    const auto command = std::string("/usr/bin/python3 " DAYWARD_TEST_DATA "/documents/list_archive.py ") + path;
+    FILE* output = popen(command.c_str(), "r");
+    ASSERT_TRUE(output);
+    std::string listed;
+    for (int byte = fgetc(output); byte != EOF; byte = fgetc(output)) listed += static_cast<char>(byte);
+    EXPECT_EQ(pclose(output), 0);
+    for (const char* line : {
+             "HHGeneralEventDocumentData NSObject\nType: 0\nSourceInfo: NSDictionary(",
+             "\nName: Trip to the sea\nCategory: c-17\nDate: date 473299200.25\nTimes: [540, 1080]\n"
+             "Duration: XDIDateInterval(XDIDateInterval 0, Day 2, Hour 0)\nRRule: FREQ=YEARLY;INTERVAL=1\n"
+             "ShowYear: True\nDateFormat: HHEventDateFormat(HHEventDateFormat 0, Units 48, UnitsFormatType 2)\n"
+             "Alerts: HHEventAlerts(HHEventAlerts 0, List [XDIDateInterval(XDIDateInterval 0, Day 1), "
+             "XDIDateInterval(XDIDateInterval 0), XDIDateInterval(XDIDateInterval 0, Hour -2)], SoundName bell.mp3)\n"
+             "Appearance: HHEventAppearance(HHEventAppearance 1, FontName Papyrus, FontColor UIColor(",
+             "\nNote: Take the blue bag\nIconSystemName: $null\nBackgroundSystemName: $null\n"
+             "BackgroundColor: $null\np001: c002(p001 heart4.png)\np004: False\np002: c006(p001 UIColor(",
+             "\np003: c004(p001 bg-37.jpg)\np005: False\np006: _csy001(v 1795221234.25)\n",
+         }) {
+        EXPECT_THAT(listed, testing::HasSubstr(line));
+    }
 }
 
 TEST_F(DocumentShapesTest, OnlyNamedAndColoredPicturesGoIntoTheArchive) {
