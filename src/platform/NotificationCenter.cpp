@@ -84,8 +84,7 @@ void NotificationCenter::Observation::end() {
     entry->end();
 }
 
-NotificationCenter::Observation NotificationCenter::addObserver(std::string name, Handler handler,
-                                                                const void* object) {
+NotificationCenter::Observation NotificationCenter::addObserver(std::string name, Handler handler, const void* object) {
     Observation observation;
     observation.entry_ = std::make_shared<Observation::Entry>(name, std::move(handler), object);
     observation.center_ = weak_from_this();

@@ -20,8 +20,7 @@ std::string baseDirectory(const char* variable, const std::string& underUserHome
     return joinPath(base, "dayward");
 }
 
-Paths pathsIn(const std::string& data, const std::string& config, const std::string& state,
-              const std::string& cache) {
+Paths pathsIn(const std::string& data, const std::string& config, const std::string& state, const std::string& cache) {
     Paths paths;
     paths.documents = joinPath(data, "Documents");
     paths.library = joinPath(data, "Library");
@@ -37,13 +36,12 @@ Paths pathsIn(const std::string& data, const std::string& config, const std::str
 
 Paths Paths::resolve(const std::string& home, const std::string& resources) {
     const std::string root = home.empty() ? environmentValue("DAYWARD_HOME") : home;
-    Paths paths = root.empty()
-                      ? pathsIn(baseDirectory("XDG_DATA_HOME", ".local/share"),
-                                baseDirectory("XDG_CONFIG_HOME", ".config"),
-                                baseDirectory("XDG_STATE_HOME", ".local/state"),
-                                baseDirectory("XDG_CACHE_HOME", ".cache"))
-                      : pathsIn(joinPath(root, "data"), joinPath(root, "config"), joinPath(root, "state"),
-                                joinPath(root, "cache"));
+    Paths paths =
+        root.empty()
+            ? pathsIn(baseDirectory("XDG_DATA_HOME", ".local/share"), baseDirectory("XDG_CONFIG_HOME", ".config"),
+                      baseDirectory("XDG_STATE_HOME", ".local/state"), baseDirectory("XDG_CACHE_HOME", ".cache"))
+            : pathsIn(joinPath(root, "data"), joinPath(root, "config"), joinPath(root, "state"),
+                      joinPath(root, "cache"));
     paths.resources = resources;
     return paths;
 }

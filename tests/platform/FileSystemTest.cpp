@@ -149,12 +149,11 @@ TEST_P(AtomicWrite, aCrashAtAnyPointLeavesOldOrNewWhole) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, AtomicWrite, testing::ValuesIn(kReplacements),
-                         [](const auto& tested) {
-                             std::string name = tested.param.name;
-                             std::ranges::replace(name, ' ', '_');
-                             return name;
-                         });
+INSTANTIATE_TEST_SUITE_P(All, AtomicWrite, testing::ValuesIn(kReplacements), [](const auto& tested) {
+    std::string name = tested.param.name;
+    std::ranges::replace(name, ' ', '_');
+    return name;
+});
 
 TEST(PackageWrite, refusesNamesThatLeadOutOfThePackage) {
     for (const std::string& name : {std::string(), std::string("."), std::string(".."), std::string("../values.dat"),
@@ -181,8 +180,12 @@ TEST(Temporaries, sweepsThoseOfDeadProcessesOnly) {
     const std::string own = std::to_string(getpid());
     // Beyond the highest process id of Linux.
     const std::string dead = ".a.evn.tmp-4194305-1";
-    const std::vector<std::string> stored = {dead + "/general.t", "a.evn/general.t", ".hidden", ".a.tmp-x-1",
-                                             ".live.tmp-1-7", ".earlier.tmp-" + own + "-999999999",
+    const std::vector<std::string> stored = {dead + "/general.t",
+                                             "a.evn/general.t",
+                                             ".hidden",
+                                             ".a.tmp-x-1",
+                                             ".live.tmp-1-7",
+                                             ".earlier.tmp-" + own + "-999999999",
                                              ".huge.tmp-99999999999999999999-1"};
     for (const std::string& name : stored) {
         files.store("/home/documents/" + name, kOld);
@@ -190,14 +193,15 @@ TEST(Temporaries, sweepsThoseOfDeadProcessesOnly) {
     removeStaleTemporaries(files, "/home/documents");
     auto names = *files.listDirectory("/home/documents");
     std::ranges::sort(names);
-    EXPECT_THAT(names, ElementsAre(".a.tmp-x-1", ".hidden", ".huge.tmp-99999999999999999999-1", ".live.tmp-1-7",
-                                   "a.evn"));
+    EXPECT_THAT(names,
+                ElementsAre(".a.tmp-x-1", ".hidden", ".huge.tmp-99999999999999999999-1", ".live.tmp-1-7", "a.evn"));
 }
 
 TEST(Temporaries, recognisesItsNames) {
-    for (const char* name : {".a.tmp-1-2", ".a.evn.tmp-12-345", ".a.tmp-1-2.tmp-3-4"}) EXPECT_TRUE(isTemporaryName(name));
-    for (const char* name : {"", "a.tmp-1-2", ".tmp-1-2", ".a.tmp-1", ".a.tmp--2", ".a.tmp-1-", ".a.tmp-1-2x",
-                             ".a.tmp-+1-2", "a.evn"}) {
+    for (const char* name : {".a.tmp-1-2", ".a.evn.tmp-12-345", ".a.tmp-1-2.tmp-3-4"})
+        EXPECT_TRUE(isTemporaryName(name));
+    for (const char* name :
+         {"", "a.tmp-1-2", ".tmp-1-2", ".a.tmp-1", ".a.tmp--2", ".a.tmp-1-", ".a.tmp-1-2x", ".a.tmp-+1-2", "a.evn"}) {
         EXPECT_FALSE(isTemporaryName(name)) << name;
     }
 }

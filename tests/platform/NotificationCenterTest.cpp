@@ -155,8 +155,7 @@ TEST_F(Notifications, observersComeAndGoWhileOthersPost) {
     for (int round = 0; round < 500; ++round) {
         // The handler's target dies right after the observation: a late call would be seen by the sanitizers.
         auto target = std::make_unique<std::atomic<int>>(0);
-        const auto observation =
-            center->addObserver("a", [&counter = *target](const Notification&) { ++counter; });
+        const auto observation = center->addObserver("a", [&counter = *target](const Notification&) { ++counter; });
     }
     over = true;
     poster.join();

@@ -85,7 +85,7 @@ private:
     NodePointer root_ DAYWARD_GUARDED_BY(mutex_);
     std::unique_ptr<Faults> faults_ DAYWARD_GUARDED_BY(mutex_);
     std::uint64_t lastInode_ DAYWARD_GUARDED_BY(mutex_) = 0;
-    std::uint64_t life_ DAYWARD_GUARDED_BY(mutex_) = 1;  ///< grows with each restart
+    std::uint64_t life_ DAYWARD_GUARDED_BY(mutex_) = 1;              ///< grows with each restart
     std::map<std::string, int> holders_ DAYWARD_GUARDED_BY(mutex_);  ///< readers of a lock; -1 is a writer
 };
 

@@ -56,7 +56,8 @@ struct ManualQueues::Impl {
     bool takeNext(const QueueState* onlyQueue, Item& taken) {
         const Lock lock(mutex);
         const auto next = std::ranges::find_if(ready, [&](const Item& item) {
-            return (onlyQueue == nullptr || item.queue.get() == onlyQueue) && !(item.queue->serial && item.queue->running);
+            return (onlyQueue == nullptr || item.queue.get() == onlyQueue) &&
+                   !(item.queue->serial && item.queue->running);
         });
         if (next == ready.end()) return false;
         taken = std::move(*next);

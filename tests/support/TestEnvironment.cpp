@@ -64,8 +64,8 @@ Date localInstant(const TimeZone& zone, std::string_view text) {
     int hour = 0;
     int minute = 0;
     double second = 0;
-    const int count = std::sscanf(std::string(text).c_str(), "%d-%d-%dT%d:%d:%lf", &year, &month, &day, &hour, &minute,
-                                  &second);
+    const int count =
+        std::sscanf(std::string(text).c_str(), "%d-%d-%dT%d:%d:%lf", &year, &month, &day, &hour, &minute, &second);
     if (count != 3 && count != 5 && count != 6) fatalError("not a local time: " + std::string(text));
     const Calendar::Fields fields{year, month, day, hour, minute, 0};
     return Calendar(zone).date(fields) + TimeInterval(second);

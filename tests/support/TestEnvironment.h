@@ -35,14 +35,14 @@ public:
     struct Options {
         std::string zone = "UTC";
         std::string locale = "en_US";
-        std::string now = "2026-03-10T12:00:00";  ///< local time in the zone
-        std::string home = {};                    ///< empty: a fresh directory, removed at the end
-        std::shared_ptr<FileSystem> files = {};   ///< null: the real one
-        std::shared_ptr<Queues> queues = {};      ///< null: ManualQueues
-        std::shared_ptr<DirectoryWatcher> watcher = {};  ///< null: nothing is watched
-        std::shared_ptr<Clock> clock = {};        ///< null: a FixedClock at `now`
+        std::string now = "2026-03-10T12:00:00";                    ///< local time in the zone
+        std::string home = {};                                      ///< empty: a fresh directory, removed at the end
+        std::shared_ptr<FileSystem> files = {};                     ///< null: the real one
+        std::shared_ptr<Queues> queues = {};                        ///< null: ManualQueues
+        std::shared_ptr<DirectoryWatcher> watcher = {};             ///< null: nothing is watched
+        std::shared_ptr<Clock> clock = {};                          ///< null: a FixedClock at `now`
         std::shared_ptr<const ArchiveClasses> archiveClasses = {};  ///< null: the platform's own classes only
-        std::string resources = {};               ///< empty: those of the source tree
+        std::string resources = {};                                 ///< empty: those of the source tree
     };
 
     TestEnvironment();
@@ -58,8 +58,8 @@ public:
     [[nodiscard]] std::string text(Date date) const;
 
     std::string home;
-    std::shared_ptr<FixedClock> clock;      ///< null where Options gave another clock
-    std::shared_ptr<ManualQueues> queues;   ///< null where Options gave other queues
+    std::shared_ptr<FixedClock> clock;     ///< null where Options gave another clock
+    std::shared_ptr<ManualQueues> queues;  ///< null where Options gave other queues
     std::shared_ptr<TestLog> log;
     std::unique_ptr<Environment> environment;
 

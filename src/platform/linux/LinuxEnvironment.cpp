@@ -44,19 +44,18 @@ Result<Environment::Services> makeLinuxServices(const LinuxOptions& options) {
     services.files = std::make_shared<LinuxFileSystem>();
     services.paths = Paths::resolve(options.home, options.resources);
     TRY_VOID(prepareDirectories(*services.files, services.paths));
-    services.strings = TRY(Strings::load(*services.files, joinPath(services.paths.resources, "strings"),
-                                         services.locale.languageCode()));
+    services.strings = TRY(
+        Strings::load(*services.files, joinPath(services.paths.resources, "strings"), services.locale.languageCode()));
     services.coordinator = std::make_shared<FileCoordinator>(services.files, joinPath(services.paths.state, "locks"));
     services.watcher = std::make_shared<InotifyWatcher>();
     services.notifications = std::make_shared<NotificationCenter>();
     services.archiveClasses = options.archiveClasses;
-    services.standardDefaults = std::make_shared<UserDefaults>(
-        services.files, services.archiveClasses, joinPath(services.paths.config, "standard.defaults"));
+    services.standardDefaults = std::make_shared<UserDefaults>(services.files, services.archiveClasses,
+                                                               joinPath(services.paths.config, "standard.defaults"));
     services.groupDefaults = std::make_shared<UserDefaults>(services.files, services.archiveClasses,
                                                             joinPath(services.paths.group, "group.defaults"));
-    services.log = std::make_shared<SpdlogLog>(
-        SpdlogLog::Options{joinPath(services.paths.state, options.logName + ".log"), options.errorsToStandardError,
-                           options.debugLog});
+    services.log = std::make_shared<SpdlogLog>(SpdlogLog::Options{
+        joinPath(services.paths.state, options.logName + ".log"), options.errorsToStandardError, options.debugLog});
     services.queues = options.queues ? options.queues : std::make_shared<AsioQueues>();
     return services;
 }

@@ -12,14 +12,14 @@ namespace dayward {
 class AsioQueues;
 
 struct LinuxOptions {
-    std::string home;       ///< empty: $DAYWARD_HOME or the XDG directories
-    std::string resources;  ///< the program's own files
-    TimeInterval shift;     ///< added to the device's clock
+    std::string home;              ///< empty: $DAYWARD_HOME or the XDG directories
+    std::string resources;         ///< the program's own files
+    TimeInterval shift;            ///< added to the device's clock
     std::optional<Date> fixedNow;  ///< a clock that stands still there
-    std::string zone;       ///< empty: the device's
-    std::string locale;     ///< empty: the user's
+    std::string zone;              ///< empty: the device's
+    std::string locale;            ///< empty: the user's
     std::shared_ptr<const ArchiveClasses> archiveClasses;
-    std::shared_ptr<Queues> queues;  ///< null: AsioQueues, this thread the main one
+    std::shared_ptr<Queues> queues;   ///< null: AsioQueues, this thread the main one
     std::string logName = "dayward";  ///< the log is LOGNAME.log in the state directory
     bool errorsToStandardError = false;
     bool debugLog = false;

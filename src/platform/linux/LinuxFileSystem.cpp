@@ -93,7 +93,8 @@ Result<std::optional<FileStatus>> LinuxFileSystem::status(const std::string& pat
         if (errno == ENOENT || errno == ENOTDIR) return std::nullopt;
         return systemFailure(path, "status");
     }
-    const double modified = static_cast<double>(found.st_mtim.tv_sec) + static_cast<double>(found.st_mtim.tv_nsec) / 1e9;
+    const double modified =
+        static_cast<double>(found.st_mtim.tv_sec) + static_cast<double>(found.st_mtim.tv_nsec) / 1e9;
     return FileStatus{kindOf(found), static_cast<std::uint64_t>(found.st_size), Date::since1970(modified),
                       static_cast<std::uint64_t>(found.st_ino)};
 }

@@ -50,9 +50,7 @@ void SerialQueue::add(Item item) {
     items_.push_back(std::move(item));
 }
 
-bool SerialQueue::mayRunNext() const {
-    return !active_ && !items_.empty() && (kind_ == Kind::pool || isMainThread());
-}
+bool SerialQueue::mayRunNext() const { return !active_ && !items_.empty() && (kind_ == Kind::pool || isMainThread()); }
 
 void SerialQueue::runNext() {
     active_ = true;

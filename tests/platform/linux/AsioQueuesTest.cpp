@@ -180,8 +180,8 @@ TEST_F(RealQueues, droppedDelaysNeverRunAndLetGoOfTheirBlocks) {
 
 TEST_F(RealQueues, delaysBeyondTheRangeStopTheProcess) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
-    for (const double delay : {1e10, -1e10, std::numeric_limits<double>::infinity(),
-                               std::numeric_limits<double>::quiet_NaN()}) {
+    for (const double delay :
+         {1e10, -1e10, std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()}) {
         EXPECT_DEATH(AsioQueues(2).global().after(TimeInterval(delay), [] {}), "a delay is out of range");
     }
 }

@@ -50,8 +50,8 @@ TEST_F(Coordination, writersOfOnePathExcludeEachOtherBetweenProcesses) {
     storeNumber(file, "0");
     const auto addMany = [&] {
         for (int round = 0; round < kRounds; ++round) {
-            const auto added = coordinator.coordinateWriting(
-                file, Writing::none, [&](const std::string& given) { return addOne(given); });
+            const auto added = coordinator.coordinateWriting(file, Writing::none,
+                                                             [&](const std::string& given) { return addOne(given); });
             if (!added) return 1;
         }
         return 0;
@@ -120,12 +120,12 @@ TEST_F(Coordination, anyPairOfPathsIsTakenAlsoWhereBothShareALock) {
     // With 64 locks, 200 paths meet in many of them.
     int count = 0;
     for (int number = 0; number < 200; ++number) {
-        const auto done = coordinator.coordinateReadingAndWriting(
-            path("fixed"), Reading::none, path(std::to_string(number)), Writing::none,
-            [&](const std::string&, const std::string&) {
-                ++count;
-                return Result<>();
-            });
+        const auto done =
+            coordinator.coordinateReadingAndWriting(path("fixed"), Reading::none, path(std::to_string(number)),
+                                                    Writing::none, [&](const std::string&, const std::string&) {
+                                                        ++count;
+                                                        return Result<>();
+                                                    });
         EXPECT_TRUE(done);
     }
     EXPECT_EQ(count, 200);

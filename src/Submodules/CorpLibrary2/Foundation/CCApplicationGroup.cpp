@@ -12,8 +12,7 @@ std::string CCApplicationGroup::groupDirectory() const {
     const std::string& directory = environment.paths().group;
     const auto made = environment.files().createDirectories(directory);
     if (!made || identifier.empty()) {
-        fatalError(
-            "The shared application group container is unavailable. Check your entitlements and provisioning");
+        fatalError("The shared application group container is unavailable. Check your entitlements and provisioning");
     }
     return directory;
 }

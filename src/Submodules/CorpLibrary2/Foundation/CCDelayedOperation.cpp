@@ -31,9 +31,8 @@ void CCDelayedOperation::setDelayedTime(TimeInterval delayedTime) {
 
 void CCDelayedOperation::start() {
     const Lock lock(state_->mutex);
-    operationQueue_->after(state_->delayedTime, [state = state_, index = ++state_->operationTaskIndex] {
-        state->runIfLatest(index);
-    });
+    operationQueue_->after(state_->delayedTime,
+                           [state = state_, index = ++state_->operationTaskIndex] { state->runIfLatest(index); });
 }
 
 void CCDelayedOperation::stop() {

@@ -18,17 +18,17 @@ void CCUniqueOperationQueue::addOperation(const std::shared_ptr<Operation>& oper
     }
     // By address: the block belongs to the operation and must not keep it alive. While the entry is
     // there, no other operation has that address.
-    operation->setCompletionBlock([monitor = monitor_, key = withUniqueKey, finished = operation.get(),
-                                   earlier = operation->completionBlock()] {
-        {
-            const Lock lock(monitor->mutex);
-            const auto entry = monitor->lastOperations.find(key);
-            if (entry != monitor->lastOperations.end() && entry->second.get() == finished) {
-                monitor->lastOperations.erase(entry);
+    operation->setCompletionBlock(
+        [monitor = monitor_, key = withUniqueKey, finished = operation.get(), earlier = operation->completionBlock()] {
+            {
+                const Lock lock(monitor->mutex);
+                const auto entry = monitor->lastOperations.find(key);
+                if (entry != monitor->lastOperations.end() && entry->second.get() == finished) {
+                    monitor->lastOperations.erase(entry);
+                }
             }
-        }
-        if (earlier) earlier();
-    });
+            if (earlier) earlier();
+        });
     addOperation(operation);
 }
 

@@ -121,8 +121,7 @@ std::optional<std::string> findPathForFileName(const std::string& name, const st
     return std::nullopt;
 }
 
-std::optional<std::string> findPathForPublicFileName(const std::string& name,
-                                                     const std::vector<std::string>& ofTypes) {
+std::optional<std::string> findPathForPublicFileName(const std::string& name, const std::vector<std::string>& ofTypes) {
     return findPathForFileName(name, ofTypes, publicDataPath());
 }
 

@@ -17,8 +17,8 @@ enum class SystemDirectory { library = 5, documents = 9, caches = 13, applicatio
 /// The directory of that code, made if missing; stops the process where it cannot be.
 std::string systemDirectory(SystemDirectory code);
 
-std::string publicDataPath();     ///< the documents; not made
-std::string privateDataPath();    ///< application support
+std::string publicDataPath();   ///< the documents; not made
+std::string privateDataPath();  ///< application support
 std::string cacheDataPath();
 std::string offlineDataPath();    ///< "Offline Data" in privateDataPath(), marked as left out of backups
 std::string temporaryDataPath();  ///< "Temporary Files" in cacheDataPath()

@@ -253,8 +253,8 @@ TEST(OperationsOnRealQueues, tellOnTheMainThreadThatTheyRanDry) {
     std::atomic<int> ran = 0;
     int ranWhenDry = 0;
     const auto mainThread = std::this_thread::get_id();
-    const auto observation = environment->notifications().addObserver(
-        XXOperationQueue::kDidFinishedNotification, [&](const Notification&) {
+    const auto observation =
+        environment->notifications().addObserver(XXOperationQueue::kDidFinishedNotification, [&](const Notification&) {
             EXPECT_EQ(std::this_thread::get_id(), mainThread);
             ranWhenDry = ran;
         });

@@ -56,13 +56,17 @@ TEST_F(StandardPaths, findTheFirstExistingFile) {
         const char* found;  // null: nothing
     };
     const Case cases[] = {
-        {"a", {"gif", "jpg", "png"}, "a.jpg"}, {"a.png", {}, "a.png"}, {"a.png", {"jpg"}, nullptr},
-        {"a", {}, nullptr},                    {"b", {}, "b"},         {"b", {"png"}, nullptr},
-        {"c.tar.gz", {}, "c.tar.gz"},          {"c.tar", {"gz"}, "c.tar.gz"},
+        {"a", {"gif", "jpg", "png"}, "a.jpg"},
+        {"a.png", {}, "a.png"},
+        {"a.png", {"jpg"}, nullptr},
+        {"a", {}, nullptr},
+        {"b", {}, "b"},
+        {"b", {"png"}, nullptr},
+        {"c.tar.gz", {}, "c.tar.gz"},
+        {"c.tar", {"gz"}, "c.tar.gz"},
     };
     for (const Case& tested : cases) {
-        const auto expected =
-            tested.found == nullptr ? std::nullopt : std::optional(pathForPublicFile(tested.found));
+        const auto expected = tested.found == nullptr ? std::nullopt : std::optional(pathForPublicFile(tested.found));
         EXPECT_EQ(findPathForPublicFileName(tested.name, tested.types), expected) << tested.name;
     }
     EXPECT_THAT(getTestExtensionsForFileName("a.png", {}), ElementsAre("png"));
@@ -81,6 +85,7 @@ TEST_F(StandardPaths, theGroupsDirectoriesAreMadeOnRequest) {
 }
 
 TEST_F(StandardPaths, withoutTheirPlaceTheProcessStops) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
     ASSERT_TRUE(files->removeTree(environment->paths().library));
     ASSERT_TRUE(files->removeTree(environment->paths().group));
     files->fillDiskAt(1);
