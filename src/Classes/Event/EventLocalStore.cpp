@@ -5,7 +5,7 @@
 #include "Classes/Event/PackageReader.h"
 #include "Classes/Event/PackageStamp.h"
 #include "Classes/Event/PackageWrites.h"
-#include "Classes/Event/UnreadableFiles.h"
+#include "platform/UnreadableFiles.h"
 #include "platform/DirectoryWatch.h"
 #include "platform/DispatchQueue.h"
 #include "platform/FileSystem.h"

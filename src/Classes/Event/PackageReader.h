@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "Classes/Event/PackageStamp.h"
-#include "Classes/Event/UnreadableFiles.h"
+#include "platform/UnreadableFiles.h"
 #include "platform/Environment.h"
 #include "platform/Result.h"
 

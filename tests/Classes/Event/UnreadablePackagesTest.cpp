@@ -1,7 +1,7 @@
 // Packages that stop the process which reads them.
 #include <gmock/gmock.h>
 
-#include "Classes/Event/UnreadableFiles.h"
+#include "platform/UnreadableFiles.h"
 #include "EventStoreDevice.h"
 #include "support/FaultFileSystem.h"
 

@@ -1,4 +1,4 @@
-#include "Classes/Event/UnreadableFiles.h"
+#include "platform/UnreadableFiles.h"
 
 #include <algorithm>
 #include <cstdio>
