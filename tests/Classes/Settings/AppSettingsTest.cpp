@@ -32,23 +32,27 @@ class AppSettingsTest : public testing::Test {
 protected:
     AppSettingsTest() { restart(); }
 
-    /// The next start of the program on the same disk.
-    void restart() {
-        device.reset();
+    static TestEnvironment::Options withClasses() {
         auto classes = std::make_shared<ArchiveClasses>();
         registerIntervalClasses(*classes);
         registerDateFormatClasses(*classes);
         registerColorClass(*classes);
         TestEnvironment::Options options;
-        options.files = files;
         options.archiveClasses = classes;
+        return options;
+    }
+    /// The next start of the program on the same disk.
+    void restart() {
+        device.reset();
+        auto options = withClasses();
+        options.files = files;
         device = std::make_unique<TestEnvironment>(std::move(options));
         Analytics::setReporter(spy);
     }
-    void store(const char* fileName, const std::string& archive) {
-        const LinuxFileSystem disk;
-        files->store(pathOf(fileName), *disk.readFile(joinPath(DAYWARD_TEST_DATA, "settings/" + archive)));
+    static Data archived(const std::string& name) {
+        return LinuxFileSystem().readFile(joinPath(DAYWARD_TEST_DATA, "settings/" + name)).value();
     }
+    void store(const char* fileName, const std::string& archive) { files->store(pathOf(fileName), archived(archive)); }
     std::string pathOf(const char* fileName) { return joinPath((*device)->paths().applicationSupport, fileName); }
 
     std::shared_ptr<FaultFileSystem> files = std::make_shared<FaultFileSystem>();
@@ -178,6 +182,20 @@ TEST_F(AppSettingsTest, AFullDiskIsLoggedAndTheChoiceIsKept) {
     AppSettings::setTableCellIconShow(false);
     restart();
     EXPECT_EQ(AppSettings::defaultTime(), 30);
+}
+
+TEST_F(AppSettingsTest, AFileThatStoppedTheProcessIsLeftOutOfTheNextStartAndKept) {
+    device.reset();
+    TestEnvironment onDisk(withClasses());
+    const std::string path = joinPath(onDisk->paths().applicationSupport, AppSettings::kFileName);
+    ASSERT_TRUE(writeFileAtomically(onDisk->files(), path, archived("corrupt.archive")));
+    EXPECT_DEATH(static_cast<void>(AppSettings::tableSortType()), AppSettings::kFileName);
+    EXPECT_EQ(AppSettings::defaultTime(), 0);
+    EXPECT_THAT(onDisk.log->errors(), ElementsAre(testing::HasSubstr(path + " stopped an earlier start")));
+    AppSettings::setDefaultTime(30);
+    AppSettings::synchronize();
+    EXPECT_EQ(onDisk->files().readFile(path + ".unreadable").value(), archived("corrupt.archive"));
+    EXPECT_EQ(CCKeyStorage(KeyStorageFile{path}).values(), (Dictionary{{AppSettings::Keys::defaultTime, 30}}));
 }
 
 }  // namespace

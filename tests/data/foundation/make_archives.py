@@ -158,6 +158,11 @@ def main():
         "app-badge-show": "yes",
     })
     write(settings / "partial.archive", {"event-def-time": 75, "table-cell-icon-show": False, "event-def-alerts": 3})
+    write(settings / "corrupt.archive", {
+        "event-def-time": 75,
+        "event-def-date-format": Record("HHEventDateFormat", {
+            "HHEventDateFormat": Plain(0), "Units": Plain(48), "UnitsFormatType": Plain(9)}),
+    })
 
 
 main()

@@ -1,10 +1,12 @@
 #include "Submodules/CorpLibrary2/Foundation/ArchivedFile.h"
 
+#include "Submodules/CorpLibrary2/Foundation/MD5Addition.h"
 #include "platform/Environment.h"
-#include "platform/FatalError.h"
 #include "platform/FileSystem.h"
 #include "platform/KeyedArchiver.h"
 #include "platform/KeyedUnarchiver.h"
+#include "platform/Log.h"
+#include "platform/UnreadableFiles.h"
 
 namespace dayward {
 
@@ -16,17 +18,49 @@ Result<std::optional<Data>> readIfPresent(FileSystem& files, const std::string& 
     return TRY(files.readFile(path));
 }
 
+/// The environment's record of archives whose reading stopped a process.
+struct StoppingArchives {
+    explicit StoppingArchives(Environment& environment)
+        : record(environment.files(), joinPath(environment.paths().state, "unreadable")) {}
+
+    UnreadableFiles record;
+};
+
+std::string stampOf(const Data& bytes) { return stringFromMD5(textOf(bytes)).value_or("empty"); }
+
+/// A copy beside the file, since the next write replaces it.
+Result<> keepBeside(Environment& environment, const std::string& path, const Data& bytes, const std::string& reason) {
+    const std::string kept = path + ".unreadable";
+    environment.log().error(path + " stopped an earlier start: " + reason + "; it is left out and kept as " + kept);
+    const auto present = environment.files().readFile(kept);
+    if (present && *present == bytes) return {};
+    return writeFileAtomically(environment.files(), kept, bytes);
+}
+
+/// Whether the archive stopped a process before; then it is also kept beside.
+Result<bool> isLeftOut(Environment& environment, const std::string& path, const Data& bytes) {
+    const auto& record = environment.shared<StoppingArchives>().record;
+    const auto reason = record.reasonToLeaveOut(path, stampOf(bytes));
+    if (reason) TRY_VOID(keepBeside(environment, path, bytes, *reason));
+    return reason.has_value();
+}
+
+/// A reader that stops the process over a corrupt value names this file, and the next start leaves it out.
 Result<Object> unarchive(Environment& environment, const std::string& path, const Data& bytes) {
-    // A reader that stops the process over a corrupt value names this file.
-    const FatalErrorContext context(path);
-    return KeyedUnarchiver::unarchiveObjectWithData(bytes, environment.archiveClasses());
+    auto& record = environment.shared<StoppingArchives>().record;
+    auto root = [&] {
+        const UnreadableFiles::Reading reading(record, path, stampOf(bytes));
+        return KeyedUnarchiver::unarchiveObjectWithData(bytes, environment.archiveClasses());
+    }();
+    record.forget(path);
+    return root;
 }
 
 }  // namespace
 
 Result<std::optional<Object>> readArchivedFile(Environment& environment, const std::string& path) {
     const auto bytes = TRY(readIfPresent(environment.files(), path));
-    if (!bytes) return std::nullopt;
+    if (!bytes || TRY(isLeftOut(environment, path, *bytes))) return std::nullopt;
     return TRY(unarchive(environment, path, *bytes));
 }
 
@@ -43,7 +77,7 @@ Result<Object> updateArchivedFile(Environment& environment, const std::string& p
 
     const auto bytes = TRY(readIfPresent(environment.files(), path));
     std::optional<Object> present;
-    if (bytes) {
+    if (bytes && !TRY(isLeftOut(environment, path, *bytes))) {
         if (auto root = unarchive(environment, path, *bytes)) present = std::move(*root);
     }
     Object root = change(present);

@@ -1,5 +1,8 @@
 // Files that hold one keyed archive, whole: reading, replacing, and changing one that other
 // processes change too. Any thread.
+//
+// An archive whose reading once stopped a process reads as a missing file from then on, as long as it
+// does not change; it is kept beside under the name PATH.unreadable, and the log says so.
 #pragma once
 
 #include <functional>
