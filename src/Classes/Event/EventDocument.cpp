@@ -15,9 +15,11 @@ std::unexpected<Error> noFiles(const std::string& path, std::string reason) {
                    {{"fileName", lastPathComponent(path)}, {"path", path}, {"reason", std::move(reason)}});
 }
 
-/// The entry's wrapper; a directory's holds nothing of what a package has no use for.
+/// The entry's wrapper. What is no regular file, a link to nowhere included, becomes an empty directory: a
+/// package has no use for it, and it must not stand in the way of reading the rest.
 Result<FileWrapper> readWrapper(const FileSystem& files, const std::string& path) {
-    if (files.isDirectory(path)) return FileWrapper::directory({});
+    const auto status = TRY(files.status(path));
+    if (!status || status->kind != FileStatus::Kind::file) return FileWrapper::directory({});
     return FileWrapper::regularFile(TRY(files.readFile(path)));
 }
 

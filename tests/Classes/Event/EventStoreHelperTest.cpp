@@ -1,6 +1,8 @@
 #include "Classes/Event/EventStoreHelper.h"
 
 #include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include "Classes/Category/ImageEventBackgroundPicture.h"
 #include "Classes/Category/ImageEventIconPicture.h"
@@ -94,6 +96,17 @@ TEST_F(EventStoreHelperTest, UnchangedImagesAndForeignFilesStayByteForByte) {
     EXPECT_EQ(textOf(fileOf(package, "icon.i")), "any bytes");
     EXPECT_EQ(textOf(fileOf(package, "background.i")), "others");
     EXPECT_EQ(textOf(fileOf(package, "notes.txt")), "foreign");
+}
+
+TEST_F(EventStoreHelperTest, WhatIsNoFileInsideAPackageIsNotInTheWay) {
+    const auto package = writePackage(path("k.evn"), {{"general.t", storedArchive("empty")}});
+    ASSERT_TRUE(environment_->files().createDirectories(joinPath(package, "directory/inside")));
+    ASSERT_EQ(::mkfifo(joinPath(package, "pipe").c_str(), 0600), 0);
+    ASSERT_EQ(::symlink("/nowhere/at/all", joinPath(package, "link").c_str()), 0);
+    const auto event = *EventStoreHelper::readEvent(package);
+    event->setName("renamed");
+    ASSERT_TRUE(EventStoreHelper::writeEvent(*event, package));
+    EXPECT_EQ((*EventStoreHelper::readEvent(package))->name(), "renamed");
 }
 
 TEST_F(EventStoreHelperTest, OwnImagesGetFilesOfTheirOwn) {
