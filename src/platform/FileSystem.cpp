@@ -87,6 +87,14 @@ Result<> writePackageContent(FileSystem& files, const std::string& directory, st
     return files.syncDirectory(directory);
 }
 
+/// A temporary path at which nothing is. A crashed process with our id may have left a directory of
+/// that name with files in it.
+Result<std::string> freeTemporaryPath(FileSystem& files, const std::string& path) {
+    std::string temporary = makeTemporaryPath(path);
+    if (files.exists(temporary)) TRY_VOID(files.removeTree(temporary));
+    return temporary;
+}
+
 /// Gives the new package its place. What stood there before is then under the temporary name.
 Result<> putPackageInPlace(FileSystem& files, const std::string& temporary, const std::string& path) {
     const auto old = TRY(files.status(path));
@@ -141,9 +149,7 @@ Result<> writeFileAtomically(FileSystem& files, const std::string& path, std::sp
 }
 
 Result<> writePackageAtomically(FileSystem& files, const std::string& path, std::span<const PackageFile> content) {
-    const std::string temporary = makeTemporaryPath(path);
-    // A crashed process with our id may have left a directory of that name with files in it.
-    if (files.exists(temporary)) TRY_VOID(files.removeTree(temporary));
+    const std::string temporary = TRY(freeTemporaryPath(files, path));
     auto written = writePackageContent(files, temporary, content);
     if (written) written = putPackageInPlace(files, temporary, path);
     if (!written) {
@@ -152,6 +158,15 @@ Result<> writePackageAtomically(FileSystem& files, const std::string& path, std:
     }
     // Unless the exchange is on the device, a crash may bring the old package's name back: its files
     // must not be gone then.
+    TRY_VOID(files.syncDirectory(parentPath(path)));
+    (void)files.removeTree(temporary);
+    return {};
+}
+
+Result<> removePackageAtomically(FileSystem& files, const std::string& path) {
+    const std::string temporary = TRY(freeTemporaryPath(files, path));
+    TRY_VOID(files.rename(path, temporary));
+    // Only then may its files go: a crash must not bring the name back without them.
     TRY_VOID(files.syncDirectory(parentPath(path)));
     (void)files.removeTree(temporary);
     return {};

@@ -97,7 +97,13 @@ struct PackageFile {
 /// name is refused (EINVAL). Errors leave what writeFileAtomically leaves.
 Result<> writePackageAtomically(FileSystem& files, const std::string& path, std::span<const PackageFile> content);
 
-/// True for the temporary names that the two operations above use: ".NAME.tmp-PID-NUMBER". What a
+/// Removes a package, or whatever has its name, whole and durably: it loses its name first and its
+/// files afterwards, so that nobody ever finds a part of it. A symbolic link goes itself. An error
+/// means that it is still there; but where only the directory's sync fails, it is gone and a crash
+/// may bring it back.
+Result<> removePackageAtomically(FileSystem& files, const std::string& path);
+
+/// True for the temporary names that the operations above use: ".NAME.tmp-PID-NUMBER". What a
 /// crash left of them is swept by removeStaleTemporaries.
 bool isTemporaryName(std::string_view name);
 /// Removes temporaries in the directory whose process is gone.

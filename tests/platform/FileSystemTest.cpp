@@ -29,10 +29,12 @@ struct Replacement {
     const char* name;
     bool isPackage;
     bool existsBefore;
+    bool existsAfter = true;
 };
 
 const Replacement kReplacements[] = {
-    {"file", false, true}, {"new file", false, false}, {"package", true, true}, {"new package", true, false}};
+    {"file", false, true}, {"new file", false, false}, {"package", true, true}, {"new package", true, false},
+    {"removed package", true, true, false}};
 
 class Subject {
 public:
@@ -47,6 +49,7 @@ public:
     }
 
     Result<> replace() {
+        if (!replacement_.existsAfter) return removePackageAtomically(files, kPackage);
         if (replacement_.isPackage) return writePackageAtomically(files, kPackage, kNewPackage);
         return writeFileAtomically(files, kFile, kNew);
     }
@@ -57,6 +60,7 @@ public:
     }
 
     [[nodiscard]] bool isNew() const {
+        if (!replacement_.existsAfter) return !files.exists(path());
         return found() == (replacement_.isPackage ? kNewTree : Tree{{"values.dat", kNew}});
     }
 
