@@ -59,6 +59,10 @@ void Environment::keepShared(std::shared_ptr<void> made) {
     sharedOrder_.push_back(std::move(made));
 }
 
+void Environment::stopForRecursion(const std::type_info& type) {
+    fatalError(std::string("a shared object is asked for while it is being made: ") + type.name());
+}
+
 Environment& Environment::current() {
     if (currentEnvironment == nullptr) fatalError("no environment is in scope");
     return *currentEnvironment;

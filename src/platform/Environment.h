@@ -12,6 +12,8 @@
 #include <memory>
 #include <string>
 #include <typeindex>
+#include <typeinfo>
+#include <utility>
 #include <vector>
 
 #include "platform/Archivable.h"
@@ -84,15 +86,23 @@ public:
 
     /// The one object of a class that belongs to this environment, made on first use by its
     /// constructor T(Environment&) and destroyed with the environment, last made first. While it is
-    /// made, other threads that ask for it wait, and other classes' objects stay reachable for them.
+    /// made, other threads that ask for it wait, and other classes' objects stay reachable for them; a
+    /// constructor that asks for its own object stops the process. A class that has something to tell
+    /// about its beginning does it in didBecomeShared(), when everybody can reach the object.
     template <class T>
     T& shared() {
         const std::shared_ptr<SharedSlot> slot = sharedSlot(std::type_index(typeid(T)));
-        const Lock lock(slot->mutex);
-        if (const std::shared_ptr<void> made = slot->object.lock()) return *static_cast<T*>(made.get());
-        auto made = std::make_shared<T>(*this);
-        slot->object = made;
-        keepShared(made);
+        std::shared_ptr<T> made;
+        {
+            const Lock lock(slot->mutex);
+            if (const std::shared_ptr<void> known = slot->object.lock()) return *static_cast<T*>(known.get());
+            if (std::exchange(slot->isBeingMade, true)) stopForRecursion(typeid(T));
+            made = std::make_shared<T>(*this);
+            slot->isBeingMade = false;
+            slot->object = made;
+            keepShared(made);
+        }
+        if constexpr (requires { made->didBecomeShared(); }) made->didBecomeShared();
         return *made;
     }
 
@@ -102,10 +112,12 @@ private:
     struct SharedSlot {
         RecursiveMutex mutex;
         std::weak_ptr<void> object DAYWARD_GUARDED_BY(mutex);
+        bool isBeingMade DAYWARD_GUARDED_BY(mutex) = false;
     };
     std::shared_ptr<SharedSlot> sharedSlot(std::type_index type);
     void keepShared(std::shared_ptr<void> made);
     std::shared_ptr<void> takeLastShared();
+    [[noreturn]] static void stopForRecursion(const std::type_info& type);
 
     Services services_;
     mutable Mutex zoneMutex_;
