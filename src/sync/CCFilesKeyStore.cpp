@@ -49,18 +49,16 @@ Result<> CCFilesKeyStore::setStoreValue(const Object& value, const std::string& 
 Result<> CCFilesKeyStore::removeStoreValue(const std::string& key) {
     const std::string url = TRY(requiredDelegate().URLForKey(*this, key));
     logDebug([&] { return typeName() + " remove: " + key; });
-    TRY_VOID(removeFileOfKey(url, key));
+    const auto accessor = [&](const std::string& path) { return removeFile(path, key); };
+    TRY_VOID(coordinator().coordinateWriting(url, FileCoordinator::WritingOptions::forDeleting, accessor));
     postNotificationStoreDidUpdate({}, {key});
     return {};
 }
 
-Result<> CCFilesKeyStore::removeFileOfKey(const std::string& url, const std::string& key) {
-    const auto accessor = [&](const std::string& path) -> Result<> {
-        TRY_VOID(environment_.files().removeTree(path));
-        storeValueDidRemove(key);
-        return {};
-    };
-    return coordinator().coordinateWriting(url, FileCoordinator::WritingOptions::forDeleting, accessor);
+Result<> CCFilesKeyStore::removeFile(const std::string& path, const std::string& key) {
+    TRY_VOID(removePackageAtomically(environment_.files(), path));
+    storeValueDidRemove(key);
+    return {};
 }
 
 void CCFilesKeyStore::storeValueDidUpdate(const std::string&) {}

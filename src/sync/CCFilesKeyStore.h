@@ -63,8 +63,8 @@ protected:
     /// The delegate; without one the process stops.
     [[nodiscard]] CCFilesKeyStoreDelegate& requiredDelegate() const;
     [[nodiscard]] NotificationCenter& notificationCenter() const override;
-    /// Removes the key's file under coordination and runs the hook; posts nothing.
-    Result<> removeFileOfKey(const std::string& url, const std::string& key);
+    /// For within a coordinated access: removes the key's file and runs the hook; posts nothing.
+    Result<> removeFile(const std::string& path, const std::string& key);
     /// "EventLocalStore", for log lines.
     [[nodiscard]] virtual std::string typeName() const { return "CCFilesKeyStore"; }
 

@@ -54,7 +54,12 @@ EventLocalStore::EventLocalStore(Environment& environment)
     setDelegate(this);
     const EnvironmentScope scope(&environment);
     startWatch();
-    initialize();
+    load();
+}
+
+void EventLocalStore::didBecomeShared() {
+    const EnvironmentScope scope(&environment());
+    postNotificationStoreDidRefresh();
 }
 
 EventLocalStore::~EventLocalStore() {
@@ -64,6 +69,11 @@ EventLocalStore::~EventLocalStore() {
 
 void EventLocalStore::initialize() {
     const EnvironmentScope scope(&environment());
+    load();
+    postNotificationStoreDidRefresh();
+}
+
+void EventLocalStore::load() {
     removeStaleTemporaries(environment().files(), directory_);
     {
         const Lock lock(dataLayerLock_);
@@ -85,7 +95,6 @@ void EventLocalStore::initialize() {
         }
     }
     initialized_ = true;
-    postNotificationStoreDidRefresh();
 }
 
 std::vector<std::string> EventLocalStore::packagePaths() const {
@@ -259,11 +268,11 @@ std::string EventLocalStore::pathOfKey(const std::string& key) const {
 
 void EventLocalStore::put(const std::string& key, const std::shared_ptr<HHEvent>& event) {
     dataLayer_[key] = event;
-    ++changeCounts_[key];
+    writes_->noteChange(key);
 }
 
 std::shared_ptr<HHEvent> EventLocalStore::take(const std::string& key) {
-    ++changeCounts_[key];
+    writes_->noteChange(key);
     const auto node = dataLayer_.extract(key);
     return node ? node.mapped() : nullptr;
 }

@@ -59,8 +59,10 @@ public:
     /// Waits for the writes.
     ~EventLocalStore() override;
 
-    /// Loads everything from the disk again; changes that are not on the disk yet are lost from
-    /// memory. Posts CCKeyStoreDidRefreshNotification.
+    /// Announces the first load, once observers can reach the store: as initialize() does.
+    void didBecomeShared();
+    /// Loads everything from the disk again; changes that wait to be written stay, those whose write
+    /// failed are lost from memory. Posts CCKeyStoreDidRefreshNotification.
     void initialize();
 
     [[nodiscard]] std::size_t itemsCount();
@@ -123,6 +125,7 @@ private:
     using Events = std::unordered_map<std::string, std::shared_ptr<HHEvent>>;
     struct Changes;
 
+    void load();
     [[nodiscard]] std::string pathOfKey(const std::string& key) const;
     [[nodiscard]] std::vector<std::string> packagePaths() const;
     /// Puts the event into memory and notes that this process did it.
@@ -133,7 +136,12 @@ private:
     void postDidUpdate(const char* what, const std::vector<std::shared_ptr<HHEvent>>& events);
 
     Result<> syncRemove(const std::string& key, CCSyncKeyStore& fromStore);
-    Result<std::shared_ptr<HHEvent>> copyPackage(const std::string& sender, const std::string& key);
+    /// Copies the sender's package. `seenChange` is the own change that the copy replaced; nothing where
+    /// one waits.
+    Result<std::shared_ptr<HHEvent>> copyPackage(const std::string& sender, const std::string& key,
+                                                 std::optional<std::uint64_t>& seenChange);
+    /// No own change of the key came, or waits, since `seenChange`.
+    [[nodiscard]] bool isLatest(const std::string& key, std::optional<std::uint64_t> seenChange) const;
     [[nodiscard]] std::shared_ptr<const Image> loadImage(
         const std::string& key, Result<std::shared_ptr<const Image>> (*readImage)(const std::string& path));
 
@@ -151,8 +159,6 @@ private:
     std::atomic<bool> initialized_ = false;
     RecursiveMutex& dataLayerLock_;
     Events dataLayer_ DAYWARD_GUARDED_BY(dataLayerLock_);
-    /// How often this process changed a key, so that what was read of it meanwhile is known as old.
-    std::unordered_map<std::string, std::uint64_t> changeCounts_ DAYWARD_GUARDED_BY(dataLayerLock_);
     Mutex leftOutMutex_;
     std::map<std::string, std::string> leftOut_ DAYWARD_GUARDED_BY(leftOutMutex_);
 

@@ -85,12 +85,8 @@ void EventLocalStore::refreshKey(const std::string& key, Changes& changes) {
     const std::string path = pathOfKey(key);
     const auto stamp = PackageStamp::ofPackage(environment().files(), path);
     if (stamp && *stamp == stamps_->stampOfKey(key)) return;
-    std::uint64_t seenChange = 0;
-    {
-        const Lock lock(dataLayerLock_);
-        if (writes_->isWaiting(key)) return;
-        seenChange = changeCounts_[key];
-    }
+    const auto seenChange = writes_->settledChange(key);
+    if (!seenChange) return;
     LoadedPackage package;
     const auto accessor = [&](const std::string& readPath) -> Result<> {
         package = reader_->read(readPath);
@@ -98,7 +94,7 @@ void EventLocalStore::refreshKey(const std::string& key, Changes& changes) {
     };
     const auto done = coordinator().coordinateReading(path, FileCoordinator::ReadingOptions::withoutChanges, accessor);
     if (done) {
-        takeIn(key, package, seenChange, changes);
+        takeIn(key, package, *seenChange, changes);
     } else {
         logError(typeName() + ": " + done.error().description());
     }
@@ -108,7 +104,7 @@ void EventLocalStore::takeIn(const std::string& key, const LoadedPackage& packag
                              Changes& changes) {
     const Lock lock(dataLayerLock_);
     // A change of our own since then is newer than what was read, and its write will find it.
-    if (changeCounts_[key] != seenChange || writes_->isWaiting(key)) return;
+    if (!isLatest(key, seenChange)) return;
     if (package.stamp == stamps_->stampOfKey(key)) return;
     stamps_->set(key, package.stamp);
     if (package.event) {
@@ -123,6 +119,10 @@ void EventLocalStore::takeIn(const std::string& key, const LoadedPackage& packag
         unreadable_->forget(package.path);
         if (auto event = take(key)) changes.removed.push_back(std::move(event));
     }
+}
+
+bool EventLocalStore::isLatest(const std::string& key, std::optional<std::uint64_t> seenChange) const {
+    return seenChange && writes_->settledChange(key) == seenChange;
 }
 
 bool EventLocalStore::isNews(const std::string& key, const HHEvent& event) {

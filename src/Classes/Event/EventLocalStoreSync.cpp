@@ -31,17 +31,20 @@ Result<> EventLocalStore::syncWrite(const Object& value, const std::string& key,
     logDebug([&] { return typeName() + " sync write: " + key; });
     const std::string* const sender = value.string();
     if (sender == nullptr) return failure("event store", 0, {{"syncKey", key}, {"reason", "the value is no path"}});
-    const std::shared_ptr<HHEvent> event = TRY(copyPackage(*sender, key));
+    std::optional<std::uint64_t> seenChange;
+    const std::shared_ptr<HHEvent> event = TRY(copyPackage(*sender, key, seenChange));
     {
         const Lock lock(dataLayerLock_);
-        if (writes_->isWaiting(key)) return {};
+        // An own change since then is newer, and its write comes after the copy.
+        if (!isLatest(key, seenChange)) return {};
         put(key, event);
     }
     postDidUpdate(EventLocalStoreUpdatedKey, {event});
     return {};
 }
 
-Result<std::shared_ptr<HHEvent>> EventLocalStore::copyPackage(const std::string& sender, const std::string& key) {
+Result<std::shared_ptr<HHEvent>> EventLocalStore::copyPackage(const std::string& sender, const std::string& key,
+                                                              std::optional<std::uint64_t>& seenChange) {
     const std::string own = TRY(URLForKey(*this, key));
     std::shared_ptr<HHEvent> event;
     const auto accessor = [&](const std::string& readPath, const std::string& writePath) -> Result<> {
@@ -49,6 +52,7 @@ Result<std::shared_ptr<HHEvent>> EventLocalStore::copyPackage(const std::string&
         event = TRY(EventStoreHelper::getEventFromDocument(document));
         TRY_VOID(EventStoreHelper::writeEventDocument(document, writePath));
         storeValueDidUpdate(key);
+        seenChange = writes_->settledChange(key);
         return {};
     };
     TRY_VOID(coordinator().coordinateReadingAndWriting(sender, FileCoordinator::ReadingOptions::withoutChanges, own,
@@ -60,11 +64,17 @@ Result<> EventLocalStore::syncRemove(const std::string& key, CCSyncKeyStore& fro
     logDebug([&] { return typeName() + " sync remove: " + key; });
     if (fromStore.getSyncKeys().empty()) return {};
     const std::string url = TRY(URLForKey(*this, key));
-    TRY_VOID(removeFileOfKey(url, key));
+    std::optional<std::uint64_t> seenChange;
+    const auto accessor = [&](const std::string& path) -> Result<> {
+        TRY_VOID(removeFile(path, key));
+        seenChange = writes_->settledChange(key);
+        return {};
+    };
+    TRY_VOID(coordinator().coordinateWriting(url, FileCoordinator::WritingOptions::forDeleting, accessor));
     std::shared_ptr<HHEvent> event;
     {
         const Lock lock(dataLayerLock_);
-        if (writes_->isWaiting(key)) return {};
+        if (!isLatest(key, seenChange)) return {};
         event = take(key);
     }
     if (event) postDidUpdate(EventLocalStoreRemovedKey, {event});

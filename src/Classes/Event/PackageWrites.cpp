@@ -86,10 +86,17 @@ void PackageWrites::fileIsDone(const std::string& key) {
     if (line != lines_.end() && line->second.runner == std::this_thread::get_id()) line->second.fileIsDone = true;
 }
 
-bool PackageWrites::isWaiting(const std::string& key) const {
+void PackageWrites::noteChange(const std::string& key) {
+    const Lock lock(mutex_);
+    ++changeCounts_[key];
+}
+
+std::optional<std::uint64_t> PackageWrites::settledChange(const std::string& key) const {
     const Lock lock(mutex_);
     const auto line = lines_.find(key);
-    return line != lines_.end() && line->second.isPending();
+    if (line != lines_.end() && line->second.isPending()) return {};
+    const auto count = changeCounts_.find(key);
+    return count == changeCounts_.end() ? 0 : count->second;
 }
 
 std::unordered_set<std::string> PackageWrites::waitingKeys() const {

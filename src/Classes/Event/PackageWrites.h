@@ -40,8 +40,11 @@ public:
 
     /// Told from within an operation: the key's file is as the operation wants it.
     void fileIsDone(const std::string& key);
-    /// Whether a change of the key is not in its file yet.
-    [[nodiscard]] bool isWaiting(const std::string& key) const;
+    /// Counts a change of the key in memory, so that what was read of its file before is known as old.
+    void noteChange(const std::string& key);
+    /// The count of the key's changes; nothing while one of them is not in its file yet. May be asked
+    /// while files are locked.
+    [[nodiscard]] std::optional<std::uint64_t> settledChange(const std::string& key) const;
     [[nodiscard]] std::unordered_set<std::string> waitingKeys() const;
     /// Whether the key's last operation failed, so that its file is older than memory.
     [[nodiscard]] bool hasFailed(const std::string& key) const;
@@ -74,6 +77,7 @@ private:
     std::condition_variable_any finished_;
     std::unordered_map<std::string, Line> lines_ DAYWARD_GUARDED_BY(mutex_);
     std::set<std::uint64_t> unfinished_ DAYWARD_GUARDED_BY(mutex_);
+    std::unordered_map<std::string, std::uint64_t> changeCounts_ DAYWARD_GUARDED_BY(mutex_);
     std::uint64_t lastTicket_ DAYWARD_GUARDED_BY(mutex_) = 0;
     std::unordered_set<std::string> failed_ DAYWARD_GUARDED_BY(mutex_);
     std::optional<Error> firstFailure_ DAYWARD_GUARDED_BY(mutex_);

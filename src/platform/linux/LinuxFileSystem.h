@@ -6,7 +6,7 @@
 
 namespace dayward {
 
-class LinuxFileSystem final : public FileSystem {
+class LinuxFileSystem : public FileSystem {
 public:
     Result<std::optional<FileStatus>> status(const std::string& path) const override;
     Result<Data> readFile(const std::string& path) const override;

@@ -1,12 +1,36 @@
 #include <gmock/gmock.h>
 
 #include "EventStoreDevice.h"
+#include "platform/linux/LinuxFileSystem.h"
 
 namespace dayward {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+
+/// Runs a step of the test once, right after the next lock was given back.
+class InterruptedFiles final : public LinuxFileSystem {
+public:
+    Result<std::unique_ptr<FileLock>> lock(const std::string& path, bool exclusive) override {
+        auto held = TRY(LinuxFileSystem::lock(path, exclusive));
+        if (!interruption) return held;
+        return std::make_unique<Interrupting>(std::move(held), std::exchange(interruption, nullptr));
+    }
+    std::function<void()> interruption;
+
+private:
+    struct Interrupting final : FileLock {
+        Interrupting(std::unique_ptr<FileLock> lock, std::function<void()> step)
+            : held(std::move(lock)), next(std::move(step)) {}
+        ~Interrupting() override {
+            held.reset();
+            next();
+        }
+        std::unique_ptr<FileLock> held;
+        std::function<void()> next;
+    };
+};
 
 class EventLocalStoreSyncTest : public testing::Test {
 protected:
@@ -61,6 +85,24 @@ TEST_F(EventLocalStoreSyncTest, AnOwnChangeThatWaitsToBeWrittenWins) {
     EXPECT_THAT(receiver.notifications.take(), IsEmpty());
     ASSERT_TRUE(receiver.store().flush());
     EXPECT_EQ(receiver.nameOnDisk("a"), "own");
+}
+
+TEST_F(EventLocalStoreSyncTest, AnOwnChangeBetweenFileAndMemoryStays) {
+    const auto files = std::make_shared<InterruptedFiles>();
+    TestEnvironment::Options options;
+    options.files = files;
+    EventStoreDevice device(options);
+    const auto changeOwn = [&] {
+        device.store().updateEvent(makeEvent("a", "own"));
+        EXPECT_TRUE(device.store().flush());
+    };
+    changeOwn();
+    for (const Object& value : {Object(sender.path("a")), Object()}) {
+        files->interruption = changeOwn;
+        ASSERT_TRUE(device.store().syncWrite(value, "a", sender.store()));
+        EXPECT_EQ(device.nameInMemory("a"), "own");
+        EXPECT_EQ(device.nameOnDisk("a"), "own");
+    }
 }
 
 TEST_F(EventLocalStoreSyncTest, AFailureLeavesMemoryAndDisk) {

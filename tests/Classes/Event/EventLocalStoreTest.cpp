@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <random>
+#include <thread>
 
 #include "Classes/Category/ImageEventIconPicture.h"
 #include "EventStoreDevice.h"
@@ -28,6 +29,20 @@ TEST_F(EventLocalStoreTest, AnEmptyDirectoryGivesAnInitializedEmptyStore) {
     EXPECT_EQ(store.itemsCount(), 0U);
     EXPECT_THAT(device.notifications.take(), ElementsAre(kRefreshed));
     EXPECT_THAT(device.environment.log->errors(), IsEmpty());
+}
+
+TEST_F(EventLocalStoreTest, TheFirstRefreshReachesObserversThatAskForTheStore) {
+    device.writePackage(*makeEvent("a", "at start"));
+    std::vector<const void*> seen;
+    const auto observation =
+        device.environment->notifications().addObserver(kRefreshed, [&](const Notification& notification) {
+            // From another thread, which must not wait for the one that makes the store.
+            std::thread([&] { seen.push_back(storeIdentity(device.store())); }).join();
+            EXPECT_EQ(seen.back(), notification.object);
+            EXPECT_EQ(EventLocalStore::shared().itemsCount(), 1U);
+        });
+    EventLocalStore& store = device.store();
+    EXPECT_THAT(seen, ElementsAre(storeIdentity(store)));
 }
 
 TEST_F(EventLocalStoreTest, ADirectoryThatCannotBeListedIsLoggedAndEmpty) {
