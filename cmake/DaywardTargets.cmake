@@ -26,7 +26,8 @@ target_include_directories(dayward_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
 target_compile_options(dayward_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
                                                  -Woverloaded-virtual -Werror)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-    target_compile_options(dayward_options INTERFACE -Wthread-safety -Wno-gnu-statement-expression)
+    target_compile_options(dayward_options INTERFACE -Wthread-safety -Wno-gnu-statement-expression
+                           -Wno-deprecated-declarations)
 endif()
 if(DAYWARD_SANITIZE)
     target_compile_options(dayward_options INTERFACE -fsanitize=${DAYWARD_SANITIZE} -fno-omit-frame-pointer

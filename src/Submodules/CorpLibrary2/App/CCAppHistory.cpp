@@ -71,17 +71,19 @@ void CCAppHistory::removeAllEvents() {
 void CCAppHistory::synchronize() {
     auto& self = shared();
     const Lock lock(self.mutex_);
-    const auto written = self.write();
+    const Result<> written = self.write();
     if (written) return;
     self.environment_.log().error("CCAppHistory writeToFile: " + self.path_ +
                                   ", error: " + written.error().description());
 }
 
 Result<> CCAppHistory::write() {
+    const CCEventHistory& own = history_;
+    const std::vector<Change>& changes = changes_;
     const auto root = TRY(updateArchivedFile(environment_, path_, [&](const std::optional<Object>& present) -> Object {
         const auto other = present ? present->as<CCEventHistory>() : nullptr;
-        if (!other) return std::make_shared<CCEventHistory>(history_);
-        for (const auto& change : changes_) change(*other);
+        if (!other) return std::make_shared<CCEventHistory>(own);
+        for (const auto& change : changes) change(*other);
         return other;
     }));
     history_ = *root.as<CCEventHistory>();

@@ -48,7 +48,7 @@ private:
 
     static CCAppHistory& shared();
     void change(Change change);
-    Result<> write();
+    Result<> write() DAYWARD_REQUIRES(mutex_);
 
     Environment& environment_;
     const std::string path_;

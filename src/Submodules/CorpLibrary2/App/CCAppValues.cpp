@@ -53,9 +53,10 @@ void CCAppValues::synchronize() {
     auto& self = shared();
     const Lock lock(self.mutex_);
     auto changes = self.values_.takeChanges();
+    const auto& values = self.values_;
     const auto written = updateArchivedFile(self.environment_, self.path_, [&](const auto& present) -> Object {
         const auto* dictionary = dictionaryIn(present);
-        return dictionary ? changes.appliedTo(*dictionary) : self.values_.values();
+        return dictionary ? changes.appliedTo(*dictionary) : values.values();
     });
     if (written) {
         self.values_.adopt(*written->dictionary());
