@@ -78,14 +78,13 @@ void CCAppHistory::synchronize() {
 }
 
 Result<> CCAppHistory::write() {
-    const CCEventHistory& own = history_;
-    const std::vector<Change>& changes = changes_;
-    const auto root = TRY(updateArchivedFile(environment_, path_, [&](const std::optional<Object>& present) -> Object {
+    const auto merge = [own = &history_, changes = &changes_](const std::optional<Object>& present) -> Object {
         const auto other = present ? present->as<CCEventHistory>() : nullptr;
-        if (!other) return std::make_shared<CCEventHistory>(own);
-        for (const auto& change : changes) change(*other);
+        if (!other) return std::make_shared<CCEventHistory>(*own);
+        for (const auto& change : *changes) change(*other);
         return other;
-    }));
+    };
+    const auto root = TRY(updateArchivedFile(environment_, path_, merge));
     history_ = *root.as<CCEventHistory>();
     changes_.clear();
     return {};

@@ -53,11 +53,11 @@ void CCAppValues::synchronize() {
     auto& self = shared();
     const Lock lock(self.mutex_);
     auto changes = self.values_.takeChanges();
-    const auto& values = self.values_;
-    const auto written = updateArchivedFile(self.environment_, self.path_, [&](const auto& present) -> Object {
+    const auto merge = [&changes, values = &self.values_](const auto& present) -> Object {
         const auto* dictionary = dictionaryIn(present);
-        return dictionary ? changes.appliedTo(*dictionary) : values.values();
-    });
+        return dictionary ? changes.appliedTo(*dictionary) : values->values();
+    };
+    const auto written = updateArchivedFile(self.environment_, self.path_, merge);
     if (written) {
         self.values_.adopt(*written->dictionary());
         return;
