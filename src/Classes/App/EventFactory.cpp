@@ -9,6 +9,7 @@
 #include "platform/DateFormatter.h"
 #include "platform/Environment.h"
 #include "platform/FatalError.h"
+#include "platform/Locale.h"
 #include "platform/Strings.h"
 #include "recurrence/XELRRule.h"
 #include "recurrence/XELRRuleComponents.h"
@@ -21,7 +22,7 @@ using Background = std::shared_ptr<EventBackgroundPicture>;
 constexpr const char* kHolidayCategory = "Holiday";
 constexpr const char* kHolidayFont = "ChalkboardSE-Bold";
 constexpr const char* kDateFormat = "yyyy-MM-dd";
-constexpr TimeInterval kDaysToBirthday(15 * 86400);
+constexpr int kDaysToBirthday = 15;
 
 struct Example {
     const char* name;
@@ -33,17 +34,21 @@ struct Example {
 };
 
 Date dateOfText(const char* text) {
-    auto& environment = Environment::current();
-    const auto formatter = DateFormatter::withPattern(kDateFormat, environment.locale(), environment.timeZone());
+    // The user's locale may write its digits otherwise.
+    const Locale locale("en_US_POSIX");
+    const auto formatter = DateFormatter::withPattern(kDateFormat, locale, Environment::current().timeZone());
     const auto date = formatter.dateFromString(text);
     if (!date) fatalError(std::string("no date: ") + text);
     return *date;
 }
 
-Date startOfToday() {
+/// The start of a day from today on. Days are counted on the calendar: where the clocks go back on the way,
+/// that many times 24 hours end on the day before.
+Date startOfDayAhead(int days) {
     const auto& environment = Environment::current();
     const auto calendar = environment.calendar();
     auto fields = calendar->fields(environment.now());
+    fields.day += days;
     fields.hour = fields.minute = fields.second = 0;
     return calendar->date(fields);
 }
@@ -81,7 +86,7 @@ Background colored(Color color) { return std::make_shared<ColorEventBackgroundPi
 std::vector<Example> examples() {
     constexpr Color kDarkRed{0.66, 0, 0, 1};
     return {
-        {"My Birthday", startOfToday() + kDaysToBirthday, yearly(), "smile_lol.png", named("bg-37.jpg"), {}},
+        {"My Birthday", startOfDayAhead(kDaysToBirthday), yearly(), "smile_lol.png", named("bg-37.jpg"), {}},
         {"Christmas", dateOfText("2016-12-25"), yearly(), "Christmas Tree.png", named("bg-58.jpg"), {}},
         {"Valentine's Day", dateOfText("2016-02-14"), yearly(), "heart4.png", colored({1, 0.66, 0.66, 1}), kDarkRed},
         {"Mother's Day", dateOfText("2016-01-01"), secondSundayOfMay(), "flower_bouquet.png", named("bg-69.jpg"),

@@ -79,6 +79,18 @@ TEST_F(EventFactoryTest, Examples) {
     }
 }
 
+TEST_F(EventFactoryTest, ExamplesKeepTheirDaysInAnyLocaleAndOverClockChanges) {
+    auto options = factoryOptions();
+    options.locale = "ar_EG";  // with digits of its own
+    options.zone = "America/New_York";
+    options.now = "2026-10-25T12:00:00";  // a week before the clocks go back
+    const TestEnvironment abroad(options);
+    const auto events = EventFactory::getDefaultEvents();
+    EXPECT_EQ(abroad.text(events.at(0)->date()), "2026-11-09T00:00:00");
+    EXPECT_EQ(abroad.text(events.at(1)->date()), "2016-12-25T00:00:00");
+    EXPECT_EQ(abroad.text(events.at(6)->date()), "2016-06-28T00:00:00");
+}
+
 TEST_F(EventFactoryTest, TheHolidayCategoryIsMadeWithItsFont) {
     const auto fontOfHoliday = [] {
         std::vector<std::string> fonts;
