@@ -1,5 +1,6 @@
 #include "Classes/Event/EventJSONFields.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace dayward {
@@ -81,9 +82,12 @@ Result<std::optional<std::vector<std::int64_t>>> JSONFields::integers(const char
 
 Result<std::optional<Color>> JSONFields::color(const char* field, const char* componentsField) const {
     if (const JSON* components = value(componentsField)) {
-        const bool complete = components->is_array() && components->size() == 4 &&
-                              std::ranges::all_of(*components, [](const JSON& item) { return item.is_number(); });
-        if (!complete) return jsonFault(path(componentsField), "must be four numbers");
+        const auto isComponent = [](const JSON& item) {
+            return item.is_number() && item.get<double>() >= 0 && item.get<double>() <= 1;
+        };
+        const bool complete =
+            components->is_array() && components->size() == 4 && std::ranges::all_of(*components, isComponent);
+        if (!complete) return jsonFault(path(componentsField), "must be four numbers from 0 to 1");
         const auto at = [&](std::size_t index) { return (*components)[index].get<double>(); };
         return Color{at(0), at(1), at(2), at(3)};
     }

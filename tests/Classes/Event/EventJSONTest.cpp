@@ -110,6 +110,7 @@ TEST_F(EventJSONTest, FaultsNameTheirField) {
         {R"({"alerts": {"list": [5]}})", "field alerts.list"},
         {R"({"appearance": {"textColor": "red"}})", "field appearance.textColor"},
         {R"({"appearance": {"textColorComponents": [1, 2, 3]}})", "field appearance.textColorComponents"},
+        {R"({"appearance": {"textColorComponents": [1, 2, 0, 1]}})", "field appearance.textColorComponents"},
         {R"({"icon": "heart4.png"})", "field icon: must be an object"},
         {R"({"icon": {"name": "heart4.png"}})", "field icon.kind"},
         {R"({"icon": {"kind": "named"}})", "field icon.name: missing"},
