@@ -38,13 +38,15 @@ std::string fileName(const std::string& path) { return std::filesystem::path(pat
 
 Result<std::shared_ptr<EventIconPicture>> iconNamed(const std::string& text) {
     if (HHResources::pathForFileName(text)) return std::make_shared<NamedEventIconPicture>(text);
-    return std::make_shared<ImageEventIconPicture>(TRY(imageFile(text, "icon")), fileName(text));
+    auto image = TRY(imageFile(text, "icon"));
+    return std::make_shared<ImageEventIconPicture>(std::move(image), fileName(text));
 }
 
 Result<std::shared_ptr<EventBackgroundPicture>> backgroundNamed(const std::string& text) {
     if (text.starts_with('#')) return std::make_shared<ColorEventBackgroundPicture>(TRY(parseColor(text)));
     if (HHResources::pathForFileName(text)) return std::make_shared<NamedEventBackgroundPicture>(text);
-    return std::make_shared<ImageEventBackgroundPicture>(TRY(imageFile(text, "background")), fileName(text));
+    auto image = TRY(imageFile(text, "background"));
+    return std::make_shared<ImageEventBackgroundPicture>(std::move(image), fileName(text));
 }
 
 Result<std::shared_ptr<EventBackgroundTemplate>> backgroundTemplateNamed(const std::string& text) {

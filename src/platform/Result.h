@@ -32,8 +32,9 @@ inline std::unexpected<Error> failure(std::string domain, int code = 0,
 
 }  // namespace dayward
 
-/// Yields the value of a Result, or returns its Error from the enclosing function. Not beside
-/// temporaries in one expression, such as another made argument: the return would leak them.
+/// Yields the value of a Result, or returns its Error from the enclosing function. With g++ that return
+/// skips the destructors of temporaries that the same full expression made before, so they leak: let no
+/// other argument beside a TRY be a temporary, give the value a name on a line of its own.
 #define TRY(expression)                                              \
     __extension__({                                                  \
         auto&& tryResult_ = (expression);                            \

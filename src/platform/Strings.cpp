@@ -40,7 +40,8 @@ Result<std::shared_ptr<const Strings>> Strings::load(const FileSystem& files, co
     auto strings = std::make_shared<Strings>();
     for (const std::string& name : TRY(files.listDirectory(tables))) {
         if (pathExtension(name) != "json") continue;
-        strings->tables_.emplace(deletingPathExtension(name), TRY(readTable(files, joinPath(tables, name))));
+        auto table = TRY(readTable(files, joinPath(tables, name)));
+        strings->tables_.emplace(deletingPathExtension(name), std::move(table));
     }
     return std::shared_ptr<const Strings>(std::move(strings));
 }

@@ -63,7 +63,8 @@ Result<std::shared_ptr<Picture>> imagePicture(const JSONFields& fields, Result<I
     auto image = Image::decode(bytes);
     if (!image) return jsonFault(fields.name(), image.error().description());
     if (!ofOwnFormat(bytes)) bytes.clear();
-    return std::make_shared<Picture>(std::make_shared<const Image>(*std::move(image)), TRY(fields.text("source")),
+    auto source = TRY(fields.text("source"));
+    return std::make_shared<Picture>(std::make_shared<const Image>(*std::move(image)), std::move(source),
                                      std::move(bytes));
 }
 
