@@ -184,7 +184,9 @@ std::optional<std::string> XELFormatter::stringForRRule(std::string_view rrule) 
 
 std::vector<std::string> XELFormatter::numberArrayFrom(std::int64_t from, std::int64_t to) {
     std::vector<std::string> numbers;
-    for (std::int64_t number = from; number <= to; ++number) numbers.push_back(std::to_string(number));
+    if (from > to) return numbers;
+    for (std::int64_t number = from; number < to; ++number) numbers.push_back(std::to_string(number));
+    numbers.push_back(std::to_string(to));
     return numbers;
 }
 

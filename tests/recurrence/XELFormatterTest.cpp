@@ -91,6 +91,7 @@ TEST(XELFormatter, NamesSingleValues) {
         "weekend day");
     EXPECT_EQ(XELFormatter::numberArrayFrom(-1, 2), (std::vector<std::string>{"-1", "0", "1", "2"}));
     EXPECT_EQ(XELFormatter::numberArrayFrom(2, 1), std::vector<std::string>{});
+    EXPECT_EQ(XELFormatter::numberArrayFrom(INT64_MAX, INT64_MAX), std::vector{std::to_string(INT64_MAX)});
 }
 
 TEST(XELCalendarUnit, TablesHaveTheNamesOfTheUsersLanguageOrEnglish) {

@@ -1,5 +1,7 @@
 #include "Classes/Other/Date/DateParts.h"
 
+#include <cmath>
+
 #include "platform/CalendarUnit.h"
 #include "platform/Environment.h"
 #include "platform/FatalError.h"
@@ -16,6 +18,17 @@ Date built(const DateComponents& parts) {
     const auto date = Environment::current().calendar()->dateFromComponents(parts);
     if (!date) fatalError("the calendar has no such date");
     return *date;
+}
+
+/// The instant of the fields; of the two in a repeated hour, the one in the date's own pass.
+Date builtInPassOf(Date date, const DateComponents& parts) {
+    const Date first = built(parts);
+    const TimeInterval betweenPasses(std::floor((date - built(partsOf(date))).seconds()));
+    const Date second = first + betweenPasses;
+    return betweenPasses.seconds() > 0 && partsOf(second).hour == parts.hour &&
+                   partsOf(second).minute == parts.minute
+               ? second
+               : first;
 }
 
 DateComponents withTime(DateComponents parts, std::int64_t hour, std::int64_t minute, std::int64_t second) {
@@ -69,8 +82,9 @@ Date dateWithYear(std::optional<std::int64_t> year, std::optional<std::int64_t> 
 }
 
 Date today() { return beginningOfDay(Environment::current().now()); }
-Date yesterday() { return movedByDays(today(), -1); }
-Date tomorrow() { return movedByDays(today(), 1); }
+// The start of the day again: where midnight is skipped today, today starts later than its neighbours.
+Date yesterday() { return beginningOfDay(movedByDays(today(), -1)); }
+Date tomorrow() { return beginningOfDay(movedByDays(today(), 1)); }
 
 Date beginningOfYear(Date date) { return built(withTime(withDay(partsOf(date), 1, 1), 0, 0, 0)); }
 Date endOfYear(Date date) { return built(withTime(withDay(partsOf(date), 12, 31), 23, 59, 59)); }
@@ -88,7 +102,7 @@ Date endOfMonth(Date date) {
 
 Date beginningOfWeek(Date date) {
     const std::int64_t firstWeekday = Environment::current().calendar()->firstWeekday();
-    return movedByDays(beginningOfDay(date), -((weekday(date) - firstWeekday + 7) % 7));
+    return beginningOfDay(movedByDays(beginningOfDay(date), -((weekday(date) - firstWeekday + 7) % 7)));
 }
 
 Date endOfWeek(Date date) {
@@ -101,22 +115,22 @@ Date endOfDay(Date date) { return built(withTime(partsOf(date), 23, 59, 59)); }
 
 Date beginningOfHour(Date date) {
     const DateComponents parts = partsOf(date);
-    return built(withTime(parts, *parts.hour, 0, 0));
+    return builtInPassOf(date, withTime(parts, *parts.hour, 0, 0));
 }
 
 Date endOfHour(Date date) {
     const DateComponents parts = partsOf(date);
-    return built(withTime(parts, *parts.hour, 59, 59));
+    return builtInPassOf(date, withTime(parts, *parts.hour, 59, 59));
 }
 
 Date beginningOfMinute(Date date) {
     const DateComponents parts = partsOf(date);
-    return built(withTime(parts, *parts.hour, *parts.minute, 0));
+    return builtInPassOf(date, withTime(parts, *parts.hour, *parts.minute, 0));
 }
 
 Date endOfMinute(Date date) {
     const DateComponents parts = partsOf(date);
-    return built(withTime(parts, *parts.hour, *parts.minute, 59));
+    return builtInPassOf(date, withTime(parts, *parts.hour, *parts.minute, 59));
 }
 
 std::string stringFromFormat(Date date, std::string_view format) {

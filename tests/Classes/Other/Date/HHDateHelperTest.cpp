@@ -160,6 +160,26 @@ TEST_F(Parts, WeeksOfASundayCalendar) {
     EXPECT_EQ(american.text(changeWithWeekday(wednesday, 7)), "2026-03-14T10:00:00");
 }
 
+TEST_F(Parts, BoundsWhereTheClocksChange) {
+    // In Cairo the midnight before Friday, 24 April 2026 is skipped; weeks begin on Saturday.
+    TestEnvironment cairo({.zone = "Africa/Cairo", .locale = "ar_EG", .now = "2026-04-24T12:00:00"});
+    EXPECT_EQ(cairo.text(today()), "2026-04-24T01:00:00");
+    EXPECT_EQ(cairo.text(yesterday()), "2026-04-23T00:00:00");
+    EXPECT_EQ(cairo.text(tomorrow()), "2026-04-25T00:00:00");
+    EXPECT_EQ(cairo.text(beginningOfWeek(cairo->now())), "2026-04-18T00:00:00");
+
+    TestEnvironment berlin({.zone = "Europe/Berlin"});
+    const Date first = berlin.at("2026-10-25T02:15:30"), second = first + TimeInterval(3600.25);
+    for (auto* operation : {beginningOfHour, endOfHour, beginningOfMinute, endOfMinute})
+        EXPECT_EQ(operation(second), operation(first) + TimeInterval(3600)) << "the hour's second pass has its own";
+    // On Lord Howe Island half an hour is repeated, which makes one hour of ninety minutes.
+    TestEnvironment lordHowe({.zone = "Australia/Lord_Howe"});
+    const Date again = lordHowe.at("2026-04-05T01:40:00") + TimeInterval(1800);
+    EXPECT_EQ(lordHowe.text(again), "2026-04-05T01:40:00");
+    EXPECT_EQ(beginningOfHour(again), lordHowe.at("2026-04-05T01:00:00"));
+    EXPECT_EQ(endOfHour(again), again + TimeInterval(19 * 60 + 59));
+}
+
 TEST_F(Parts, BuildsAndReads) {
     EXPECT_EQ(local(dateWithYear(2027, std::nullopt, 5, std::nullopt, 7, std::nullopt)), "2027-03-05T12:07:56");
     EXPECT_EQ(local(dateWithYear(std::nullopt, 14, std::nullopt)), "2027-02-10T00:00:00");
