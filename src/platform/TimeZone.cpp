@@ -133,12 +133,20 @@ TimeZone TimeZone::utc() {
     return TimeZone(rules);
 }
 
+Result<TimeZone> TimeZone::ofFile(const std::string& path) {
+    const Data bytes = TRY(readZoneFile(path));
+    return TimeZone(std::make_shared<const Rules>(Rules{path, TRY(ZoneRules::parse(bytes))}));
+}
+
 TimeZone TimeZone::system() {
     if (const char* variable = std::getenv("TZ")) {
         std::string text = variable;
         if (text.starts_with(':')) text.erase(0, 1);
         if (text.empty()) return utc();
         if (auto zone = named(text.starts_with('/') ? nameOfPath(text) : text)) return *std::move(zone);
+        if (text.starts_with('/')) {
+            if (auto zone = ofFile(text)) return *std::move(zone);
+        }
         if (auto rules = ZoneRules::ofPosixText(text)) {
             return TimeZone(std::make_shared<const Rules>(Rules{text, *std::move(rules)}));
         }
@@ -146,7 +154,7 @@ TimeZone TimeZone::system() {
     for (const std::string& name : {nameOfLocalTimeLink(), nameOfTimeZoneFile()}) {
         if (auto zone = named(name)) return *std::move(zone);
     }
-    return utc();
+    return ofFile("/etc/localtime").value_or(utc());
 }
 
 std::vector<std::string> TimeZone::knownNames() {

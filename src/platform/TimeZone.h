@@ -21,7 +21,8 @@ public:
     /// Fails with the domain "time zone" where there is no such zone or its file cannot be read.
     static Result<TimeZone> named(const std::string& name);
     static TimeZone utc();
-    /// The zone that the device is in now: $TZ, else /etc/localtime, else UTC.
+    /// The zone that the device is in now: $TZ (a name, a file's path or a POSIX text), else
+    /// /etc/localtime or /etc/timezone, else UTC. A file outside of the database bears its path as name.
     static TimeZone system();
     /// Every canonical and alias name of the system's zone database, sorted.
     static std::vector<std::string> knownNames();
@@ -47,6 +48,7 @@ public:
 
 private:
     struct Rules;
+    static Result<TimeZone> ofFile(const std::string& path);
     explicit TimeZone(std::shared_ptr<const Rules> rules) : rules_(std::move(rules)) {}
     std::shared_ptr<const Rules> rules_;
 };

@@ -267,8 +267,16 @@ TEST(TimeZone, FindsTheZoneOfTheDevice) {
     }
     const Variable variable("TZ", "<+0330>-3:30");
     EXPECT_EQ(offsetAt(TimeZone::system(), 0), 12600);
-    const Variable nonsense("TZ", "../../etc/passwd");
-    (void)TimeZone::system();  // falls through to what the machine says, or UTC
+    const FreshDirectory directory;
+    const std::string copy = directory.path() / "zone";
+    fs::copy_file("/usr/share/zoneinfo/Asia/Kathmandu", copy);
+    const Variable file("TZ", copy);
+    EXPECT_EQ(TimeZone::system().name(), copy);
+    EXPECT_EQ(offsetAt(TimeZone::system(), 0), 20700);
+    for (const char* text : {"../../etc/passwd", "/etc/passwd", "/", "/dev/zero"}) {
+        const Variable nonsense("TZ", text);
+        EXPECT_NE(TimeZone::system().name(), text) << "falls through to what the machine says, or UTC";
+    }
 }
 
 /// Asks all that can be asked; the sanitizers watch.
