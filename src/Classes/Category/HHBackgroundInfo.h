@@ -28,7 +28,10 @@ public:
                      std::shared_ptr<const Image> image)
         : type_(type), name_(std::move(name)), color_(color), image_(std::move(image)) {}
 
+    /// As stored.
     [[nodiscard]] std::int64_t type() const { return type_; }
+    /// What the record acts as.
+    [[nodiscard]] Type effectiveType() const;
     [[nodiscard]] const std::optional<std::string>& name() const { return name_; }
     [[nodiscard]] const std::optional<Color>& color() const { return color_; }
     [[nodiscard]] const std::shared_ptr<const Image>& image() const { return image_; }
@@ -47,8 +50,6 @@ public:
     static std::shared_ptr<Archivable> read(KeyedUnarchiver& coder);
 
 private:
-    [[nodiscard]] Type effectiveType() const;
-
     const std::int64_t type_;
     const std::optional<std::string> name_;
     const std::optional<Color> color_;

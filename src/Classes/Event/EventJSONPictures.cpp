@@ -4,14 +4,13 @@
 
 #include "Classes/Category/ColorEventBackgroundPicture.h"
 #include "Classes/Category/ColorPicture.h"
-#include "Classes/Category/EventBackgroundTemplate.h"
+#include "Classes/Category/HHBackgroundInfo.h"
 #include "Classes/Category/ImageEventBackgroundPicture.h"
 #include "Classes/Category/ImageEventIconPicture.h"
 #include "Classes/Category/ImagePicture.h"
 #include "Classes/Category/NamedEventBackgroundPicture.h"
 #include "Classes/Category/NamedEventIconPicture.h"
 #include "Classes/Category/NamedPicture.h"
-#include "Classes/Category/PNGPicture.h"
 #include "Classes/Category/RColorEventBackgroundTemplate.h"
 #include "Classes/Category/RNamedEventBackgroundTemplate.h"
 #include "Classes/Event/EventJSONFields.h"
@@ -37,12 +36,29 @@ JSON colorValue(const Color& color) {
 }
 
 JSON imageValue(const ImagePicture& picture) {
-    const bool isPNG = dynamic_cast<const PNGPicture*>(&picture) != nullptr;
     const auto bytes = picture.encodedData();
+    // By the bytes: an archive's are kept whatever they are.
+    const bool isPNG = bytes && bytes->size() > 1 && (*bytes)[1] == 'P';
     return {{"kind", "image"},
             {"format", isPNG ? "png" : "jpeg"},
             {"bytes", bytes ? JSON(base64Encoding(*bytes)) : JSON(nullptr)},
             {"source", picture.source() ? JSON(*picture.source()) : JSON(nullptr)}};
+}
+
+/// What the record stands for; asking it for a picture would pick one, or stop at a record without its image.
+JSON olderTemplateValue(const HHBackgroundInfo& info) {
+    switch (info.effectiveType()) {
+        case HHBackgroundInfo::Type::named:
+            if (info.name()) return {{"kind", "named"}, {"name", *info.name()}};
+            [[fallthrough]];
+        case HHBackgroundInfo::Type::randomNamed: return {{"kind", "random"}};
+        case HHBackgroundInfo::Type::color:
+            if (info.color()) return colorValue(*info.color());
+            [[fallthrough]];
+        case HHBackgroundInfo::Type::randomColor: return {{"kind", "randomColor"}};
+        case HHBackgroundInfo::Type::image: break;
+    }
+    return info.image() ? imageValue(ImageEventBackgroundPicture(info.image())) : JSON(nullptr);
 }
 
 Result<Data> imageBytes(const JSONFields& fields) {
@@ -96,9 +112,7 @@ JSON pictureJSONValue(const std::shared_ptr<Archivable>& picture) {
     if (const auto* image = as<ImagePicture>(picture)) return imageValue(*image);
     if (as<RNamedEventBackgroundTemplate>(picture)) return {{"kind", "random"}};
     if (as<RColorEventBackgroundTemplate>(picture)) return {{"kind", "randomColor"}};
-    if (const auto* older = as<EventBackgroundTemplate>(picture)) {
-        return older->isRandom() ? JSON{{"kind", "random"}} : pictureJSONValue(older->getPicture());
-    }
+    if (const auto* older = as<HHBackgroundInfo>(picture)) return olderTemplateValue(*older);
     return {{"kind", "document"}};
 }
 

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include "Classes/Category/HHBackgroundInfo.h"
+#include "Classes/Category/ImageEventBackgroundPicture.h"
 #include "Classes/Event/EventJSONValue.h"
 #include "Classes/Event/EventTestSupport.h"
 #include "Classes/Event/LoadEventIconPicture.h"
@@ -81,6 +83,28 @@ TEST_F(EventJSONTest, PicturesOfEveryKind) {
 
     const auto inDocument = *eventFromJSON(R"({"icon": {"kind": "document"}, "identifier": "i"})");
     EXPECT_TRUE(inDocument->icon()->isEqual(LoadEventIconPicture("i")));
+}
+
+TEST_F(EventJSONTest, OlderTemplatesTellWhatTheyStandFor) {
+    const Color red{1, 0, 0, 1};
+    const auto image = std::make_shared<const Image>(1, 1, Data{255, 0, 0, 255});
+    const std::pair<HHBackgroundInfo, const char*> templates[] = {
+        {{0, "bg-37.jpg", red, image}, R"({"kind": "named", "name": "bg-37.jpg"})"},
+        {{9, "bg-37.jpg", red, image}, R"({"kind": "named", "name": "bg-37.jpg"})"},
+        {{0, {}, red, image}, R"({"kind": "random"})"},
+        {{1, "bg-37.jpg", red, image}, R"({"kind": "random"})"},
+        {{2, "bg-37.jpg", red, image}, R"({"kind": "color", "color": "#FF0000FF"})"},
+        {{2, "bg-37.jpg", {}, image}, R"({"kind": "randomColor"})"},
+        {{3, "bg-37.jpg", red, image}, R"({"kind": "randomColor"})"},
+        {{4, "bg-37.jpg", red, nullptr}, "null"},
+    };
+    for (const auto& [info, text] : templates) {
+        EXPECT_EQ(pictureJSONValue(std::make_shared<HHBackgroundInfo>(info)), JSON::parse(text)) << info.type();
+    }
+    const auto withImage = std::make_shared<HHBackgroundInfo>(4, std::nullopt, std::nullopt, image);
+    EXPECT_EQ(pictureJSONValue(withImage)["format"], "jpeg");
+    const ImageEventBackgroundPicture kept(image, {}, *image->pngData());
+    EXPECT_EQ(pictureJSONValue(std::make_shared<ImageEventBackgroundPicture>(kept))["format"], "png");
 }
 
 TEST_F(EventJSONTest, FaultsNameTheirField) {
