@@ -25,8 +25,7 @@ Date builtInPassOf(Date date, const DateComponents& parts) {
     const Date first = built(parts);
     const TimeInterval betweenPasses(std::floor((date - built(partsOf(date))).seconds()));
     const Date second = first + betweenPasses;
-    return betweenPasses.seconds() > 0 && partsOf(second).hour == parts.hour &&
-                   partsOf(second).minute == parts.minute
+    return betweenPasses.seconds() > 0 && partsOf(second).hour == parts.hour && partsOf(second).minute == parts.minute
                ? second
                : first;
 }
