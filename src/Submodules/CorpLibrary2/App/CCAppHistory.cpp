@@ -78,15 +78,24 @@ void CCAppHistory::synchronize() {
 }
 
 Result<> CCAppHistory::write() {
-    const auto merge = [own = &history_, changes = &changes_](const std::optional<Object>& present) -> Object {
-        const auto other = present ? present->as<CCEventHistory>() : nullptr;
-        if (!other) return std::make_shared<CCEventHistory>(*own);
-        for (const auto& change : *changes) change(*other);
-        return other;
+    const auto merge = [own = &history_, changes = &changes_,
+                        attempt = &attempt_](const std::optional<Object>& present) -> Object {
+        auto content = present ? present->as<CCEventHistory>() : nullptr;
+        if (content && attempt->content && attempt->content->isEqual(*content)) {
+            changes->erase(changes->begin(), changes->begin() + attempt->changeCount);
+        }
+        if (!content) {
+            content = std::make_shared<CCEventHistory>(*own);
+        } else {
+            for (const auto& change : *changes) change(*content);
+        }
+        *attempt = {content, std::ssize(*changes)};
+        return content;
     };
     const auto root = TRY(updateArchivedFile(environment_, path_, merge));
     history_ = *root.as<CCEventHistory>();
     changes_.clear();
+    attempt_ = {};
     return {};
 }
 

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -45,6 +46,12 @@ public:
 
 private:
     using Change = std::function<void(CCEventHistory&)>;
+    /// What the last write would have left, had it not failed, and how many of the changes were in it.
+    /// A write that fails at its last step is in the file all the same; no change must be made twice.
+    struct Attempt {
+        std::shared_ptr<const CCEventHistory> content;
+        std::ptrdiff_t changeCount = 0;
+    };
 
     static CCAppHistory& shared();
     void change(Change change);
@@ -56,6 +63,7 @@ private:
     CCEventHistory history_ DAYWARD_GUARDED_BY(mutex_);
     /// Since the last write, in order; replayed on what another process may have written.
     std::vector<Change> changes_ DAYWARD_GUARDED_BY(mutex_);
+    Attempt attempt_ DAYWARD_GUARDED_BY(mutex_);
 };
 
 }  // namespace dayward

@@ -55,6 +55,28 @@ TEST_F(AppFilesTest, TwoProcessesKeepEachOthersValuesAndEvents) {
     EXPECT_EQ(CCAppValues::valueForKey("theirs"), 2);
 }
 
+TEST_F(AppFilesTest, AnEventIsRecordedOnceWhicheverStepsOfItsWritesFail) {
+    CCAppHistory::addEvent("first");
+    const std::size_t before = files->operationCount();
+    CCAppHistory::synchronize();
+    const std::size_t steps = files->operationCount() - before;
+    for (std::size_t step = 1; step <= 2 * steps; ++step) {
+        const std::string event = "e" + std::to_string(step);
+        for (const std::size_t failing : {step, (step - 1) % steps + 1}) {
+            CCAppHistory::addEvent(event);
+            files->failOperation(failing);
+            CCAppHistory::synchronize();
+            files->heal();
+            if (step > steps) files->failOperation(steps);
+            CCAppHistory::synchronize();
+            files->heal();
+        }
+        CCAppHistory::synchronize();
+        EXPECT_EQ(onDisk(inLibrary("CCAppHistory.dat")).as<CCEventHistory>()->countEvent(event), 2u) << step;
+        EXPECT_EQ(CCAppHistory::countEvent(event, {}, {}), 2u) << step;
+    }
+}
+
 TEST_F(AppFilesTest, FilesThatCannotBeReadCountAsEmptyAndAreReplaced) {
     store(inLibrary("CCAppValues.dat"), storedArchive("array.archive"));
     store(inLibrary("CCAppHistory.dat"), dataOf("no archive"));
