@@ -35,6 +35,12 @@ std::optional<std::vector<XDIDateInterval>> intervalsIn(const Object& object) {
     return intervals;
 }
 
+/// Also where the device does not tell: the defaults must not replace choices that cannot be read now.
+bool mayExist(FileSystem& files, const std::string& path) {
+    const auto status = files.status(path);
+    return !status || *status;
+}
+
 Array arrayOf(const std::vector<XDIDateInterval>& intervals) {
     Array array;
     for (const auto& interval : intervals) array.push_back(std::make_shared<XDIDateInterval>(interval));
@@ -46,7 +52,7 @@ Array arrayOf(const std::vector<XDIDateInterval>& intervals) {
 AppSettings::AppSettings(Environment& environment)
     : environment_(environment),
       path_(joinPath(environment.paths().applicationSupport, kFileName)),
-      existed_(environment.files().exists(path_)),
+      existed_(mayExist(environment.files(), path_)),
       storage_(KeyStorageFile{path_}) {}
 
 AppSettings& AppSettings::shared() {

@@ -116,6 +116,19 @@ TEST_F(AppSettingsTest, AnExistingFileIsReadAsItIs) {
     EXPECT_THAT(spy->names, IsEmpty());
 }
 
+TEST_F(AppSettingsTest, AFileThatTheDeviceRefusesAtFirstIsNotSeededOver) {
+    for (std::size_t failing = 1; failing <= 4; ++failing) {
+        store(AppSettings::kFileName, "complete.archive");
+        restart();
+        files->failOperation(failing);
+        static_cast<void>(AppSettings::tableSortType());
+        files->heal();
+        restart();
+        EXPECT_EQ(AppSettings::defaultTime(), 540) << failing;
+        EXPECT_EQ(AppSettings::tableSortType(), 2) << failing;
+    }
+}
+
 TEST_F(AppSettingsTest, AValueOfAWrongTypeReadsAsTheDefault) {
     store(AppSettings::kFileName, "mistyped.archive");
     expectDefaults();
