@@ -63,6 +63,7 @@ Result<Dictionary> CCKeyStorage::State::store(const MergedDictionary::Changes& c
     };
     if (!filePath.empty()) return dictionaryOf(TRY(updateArchivedFile(environment, filePath, merged)));
     auto& defaults = environment.standardDefaults();
+    TRY_VOID(defaults.synchronize());  // for what another process wrote under the key
     Object root = merged(defaults.objectForKey(defaultsKey));
     defaults.setObject(root, defaultsKey);
     TRY_VOID(defaults.synchronize());

@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <random>
+#include <source_location>
 
 #include "Submodules/CorpLibrary2/Foundation/AESCrypt.h"
 #include "Submodules/CorpLibrary2/Foundation/ArchivedFile.h"
@@ -23,6 +24,12 @@ constexpr std::int64_t kCryptoSaltLimit = 1000;
 std::int64_t newSalt() {
     std::random_device device;
     return std::uniform_int_distribution<std::int64_t>(0, kCryptoSaltLimit - 1)(device);
+}
+
+void logException(Log& log, const std::string& name, const std::string& reason,
+                  const std::source_location& place = std::source_location::current()) {
+    log.error(std::string(place.function_name()) + " [Line " + std::to_string(place.line()) + "] Exception: " + name +
+              " reason: " + reason);
 }
 
 }  // namespace
@@ -77,7 +84,7 @@ Object XXKeyStorage::load() const {
     if (!filePath_) return nullptr;
     auto root = readArchivedFile(environment_, *filePath_);
     if (root) return root->value_or(nullptr);
-    environment_.log().error("XXKeyStorage read: " + *filePath_ + ", error: " + root.error().description());
+    logException(environment_.log(), root.error().domain, *filePath_ + ", " + root.error().description());
     return nullptr;
 }
 

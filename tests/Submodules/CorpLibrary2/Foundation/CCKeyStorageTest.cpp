@@ -193,6 +193,13 @@ TEST_F(CCKeyStorageTest, TheDefaultsHoldTheDictionaryUnderOneKey) {
     EXPECT_EQ(environment->standardDefaults().objectForKey("settings"), Object(Dictionary{{"size", 5}}));
     EXPECT_EQ(CCKeyStorage(KeyStorageDefaultsKey{"settings"}).valueForKey("size"), 5);
     EXPECT_TRUE(CCKeyStorage(KeyStorageDefaultsKey{"other"}).isEmpty());
+    {
+        const TestEnvironment process(withFoundationClasses(files));
+        CCKeyStorage(KeyStorageDefaultsKey{"settings"}).setValue(6, "theirs");
+    }
+    CCKeyStorage(KeyStorageDefaultsKey{"settings"}).setValue(7, "mine");
+    EXPECT_EQ(environment->standardDefaults().objectForKey("settings"),
+              Object(Dictionary{{"mine", 7}, {"size", 5}, {"theirs", 6}}));
 }
 
 TEST(CCKeyStorageThreadsTest, HoldersOnManyThreadsLoseNoConfirmedKey) {

@@ -80,6 +80,14 @@ TEST_F(XXKeyStorageTest, AFailedWriteIsLoggedAndMayBeRepeated) {
     EXPECT_EQ(content(), (Dictionary{{"a", 1}}));
 }
 
+TEST_F(XXKeyStorageTest, AFailedReadIsLoggedAndCountsAsNoData) {
+    store(path, dataOf("no archive"));
+    EXPECT_EQ(content(), Dictionary());
+    EXPECT_THAT(
+        environment.log->errors(),
+        ElementsAre(testing::ContainsRegex("XXKeyStorage::load.* \\[Line [0-9]+\\] Exception: .+ reason: " + path)));
+}
+
 TEST_F(XXKeyStorageTest, OpensTheEncipheredContentOfAnotherWriter) {
     store(path, storedArchive("enciphered.archive"));
     EXPECT_EQ(content(kKey), (Dictionary{{"secret", "плов"}}));
