@@ -1,8 +1,6 @@
 #include "recurrence/RuleEvaluation.h"
 
 #include "platform/Calendar.h"
-#include "recurrence/RuleJump.h"
-#include "recurrence/RuleWalk.h"
 
 namespace dayward {
 
@@ -11,47 +9,6 @@ namespace {
 using Frequency = ParsedRule::Frequency;
 using Rule = std::shared_ptr<const ParsedRule>;
 
-/// A walk that begins near its target and gives answers only.
-class Answers {
-public:
-    Answers(const Rule& rule, const IcalTime& start, const IcalTime& target, WholeWeeks wholeWeeks,
-            const std::optional<IcalTime>& skipTo)
-        : start_(start) {
-        if (rule->interval() < 1) return;
-        const IcalTime jumped = jumpedStart(*rule, start, target, wholeWeeks);
-        // A step back that leaves the calendar's years is not taken; the start is then its own answer.
-        const bool canWalk = jumped.year >= 0 && jumped.day <= Calendar::daysInMonth(jumped.year, jumped.month);
-        if (canWalk) passedOver_ = jumped;
-        walk_ = RuleWalk::from(ParsedRule::anchored(rule, start), canWalk ? jumped : start, skipTo);
-    }
-
-    std::optional<IcalTime> next() {
-        while (walk_) {
-            const auto time = walk_->next();
-            if (!time) break;
-            if (time != passedOver_ && *time >= start_) return time;
-        }
-        return std::nullopt;
-    }
-
-    /// The first answer, where the jumped start counts too.
-    std::optional<IcalTime> first() {
-        passedOver_.reset();
-        return next();
-    }
-
-    /// The end of the walk, where the jumped start counts too.
-    std::optional<IcalTime> last() {
-        const auto time = walk_ ? walk_->last() : std::nullopt;
-        return time && *time >= start_ ? time : std::nullopt;
-    }
-
-private:
-    IcalTime start_;
-    std::optional<IcalTime> passedOver_;
-    std::unique_ptr<RuleWalk> walk_;
-};
-
 /// A jump over whole weeks is taken where it cannot change an answer. Rules of a day and less need
 /// none, since their walk skips by itself; days with ordinals shift a weekly rule's first week.
 WholeWeeks wholeWeeksFor(const ParsedRule& rule) {
@@ -59,11 +16,7 @@ WholeWeeks wholeWeeksFor(const ParsedRule& rule) {
     return isSafe ? WholeWeeks::counted : WholeWeeks::ignored;
 }
 
-Answers answersAfter(const Rule& rule, const IcalTime& start, const IcalTime& target) {
-    return {rule, start, target, wholeWeeksFor(*rule), target};
-}
-
-Answers answersBeforeEnd(const Rule& rule, const IcalTime& start, std::int64_t secondsBeforeEnd) {
+RuleAnswers answersBeforeEnd(const Rule& rule, const IcalTime& start, std::int64_t secondsBeforeEnd) {
     const IcalTime& end = *rule->until();
     return {rule, start, end, WholeWeeks::ignored, icalTimeOfSeconds(secondsOf(end) - secondsBeforeEnd)};
 }
@@ -90,29 +43,44 @@ std::optional<IcalTime> lastStep(const Rule& rule, const IcalTime& start) {
 
 }  // namespace
 
-std::optional<IcalTime> nextAfter(const Rule& rule, const IcalTime& start, const IcalTime& target) {
-    Answers answers = answersAfter(rule, start, target);
-    auto time = answers.next();
-    while (time && *time <= target) time = answers.next();
-    return time;
+RuleAnswers::RuleAnswers(const Rule& rule, const IcalTime& start, const IcalTime& target, WholeWeeks wholeWeeks,
+                         const std::optional<IcalTime>& skipTo)
+    : start_(start) {
+    if (rule->interval() < 1) return;
+    const IcalTime jumped = jumpedStart(*rule, start, target, wholeWeeks);
+    // A step back that leaves the calendar's years is not taken; the start is then its own answer.
+    const bool canWalk = jumped.year >= 0 && jumped.day <= Calendar::daysInMonth(jumped.year, jumped.month);
+    if (canWalk) passedOver_ = jumped;
+    walk_ = RuleWalk::from(ParsedRule::anchored(rule, start), canWalk ? jumped : start, skipTo);
 }
 
-std::vector<IcalTime> occurrencesBetween(const Rule& rule, const IcalTime& start, const IcalTime& from,
-                                         const IcalTime& to, std::size_t maxCount) {
-    std::vector<IcalTime> result;
-    Answers answers = answersAfter(rule, start, from);
-    while (result.size() < maxCount) {
-        const auto time = answers.next();
-        if (!time || *time > to) break;
-        if (*time > from) result.push_back(*time);
+RuleAnswers RuleAnswers::after(const Rule& rule, const IcalTime& start, const IcalTime& target, const IcalTime& time) {
+    return {rule, start, target, wholeWeeksFor(*rule), time};
+}
+
+std::optional<IcalTime> RuleAnswers::next() {
+    while (walk_) {
+        const auto time = walk_->next();
+        if (!time) break;
+        if (time != passedOver_ && *time >= start_) return time;
     }
-    return result;
+    return std::nullopt;
+}
+
+std::optional<IcalTime> RuleAnswers::first() {
+    passedOver_.reset();
+    return next();
+}
+
+std::optional<IcalTime> RuleAnswers::last() {
+    const auto time = walk_ ? walk_->last() : std::nullopt;
+    return time && *time >= start_ ? time : std::nullopt;
 }
 
 std::optional<IcalTime> lastOccurrence(const Rule& rule, const IcalTime& start) {
     if (!rule->until()) return std::nullopt;
     if (rule->frequency() <= Frequency::daily) return lastStep(rule, start);
-    return Answers(rule, start, *rule->until(), WholeWeeks::ignored, std::nullopt).last();
+    return RuleAnswers(rule, start, *rule->until(), WholeWeeks::ignored, std::nullopt).last();
 }
 
 }  // namespace dayward

@@ -1,27 +1,42 @@
 // The questions that are asked of one rule and one start, in wall-clock times.
 //
-// The one place that decides how an answer is found: by a walk from a jumped start. Pure functions; any
-// thread. An occurrence equal to the jumped start is passed over, and nothing before the start is an
-// answer. COUNT is counted from the jumped start.
+// The one place that decides how an answer is found: by a walk from a jumped start. An occurrence equal
+// to the jumped start is passed over, and nothing before the start is an answer. COUNT is counted from
+// the jumped start. One thread for each object.
 #pragma once
 
-#include <cstddef>
 #include <memory>
 #include <optional>
-#include <vector>
 
 #include "recurrence/DateIcal.h"
 #include "recurrence/ParsedRule.h"
+#include "recurrence/RuleJump.h"
+#include "recurrence/RuleWalk.h"
 
 namespace dayward {
 
-/// The first occurrence after the target.
-std::optional<IcalTime> nextAfter(const std::shared_ptr<const ParsedRule>& rule, const IcalTime& start,
-                                  const IcalTime& target);
+/// A walk that begins near its target and gives answers only, in the order of the wall clock.
+class RuleAnswers {
+public:
+    /// Jumps towards the target. Answers before `skipTo` may be left out.
+    RuleAnswers(const std::shared_ptr<const ParsedRule>& rule, const IcalTime& start, const IcalTime& target,
+                WholeWeeks wholeWeeks, const std::optional<IcalTime>& skipTo);
+    /// For the answers after a time, which the caller still has to compare. The target differs from
+    /// that time where the clock went forward shortly before it.
+    static RuleAnswers after(const std::shared_ptr<const ParsedRule>& rule, const IcalTime& start,
+                             const IcalTime& target, const IcalTime& time);
 
-/// The occurrences after the first time and not after the second, at most so many.
-std::vector<IcalTime> occurrencesBetween(const std::shared_ptr<const ParsedRule>& rule, const IcalTime& start,
-                                         const IcalTime& from, const IcalTime& to, std::size_t maxCount);
+    std::optional<IcalTime> next();
+    /// The first answer, where the jumped start counts too.
+    std::optional<IcalTime> first();
+    /// The end of the walk, where the jumped start counts too.
+    std::optional<IcalTime> last();
+
+private:
+    IcalTime start_;
+    std::optional<IcalTime> passedOver_;
+    std::unique_ptr<RuleWalk> walk_;
+};
 
 /// The last occurrence of a rule with UNTIL.
 std::optional<IcalTime> lastOccurrence(const std::shared_ptr<const ParsedRule>& rule, const IcalTime& start);

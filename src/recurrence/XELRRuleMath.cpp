@@ -4,6 +4,7 @@
 
 #include "platform/Environment.h"
 #include "recurrence/DateIcal.h"
+#include "recurrence/InstantWalk.h"
 #include "recurrence/ParsedRule.h"
 #include "recurrence/RuleEvaluation.h"
 #include "recurrence/RuleJump.h"
@@ -44,10 +45,7 @@ std::optional<Date> XELRRuleMath::dateAfterDate(Date date) const {
     if (!startDate_) return std::nullopt;
     if (!parsed_) return *startDate_ > date ? startDate_ : std::nullopt;
     if (!hasIcalTime(*startDate_) || !hasIcalTime(date)) return std::nullopt;
-    const auto calendar = currentCalendar();
-    const auto time = nextAfter(parsed_, notz_icaltime(*startDate_, *calendar), notz_icaltime(date, *calendar));
-    if (!time) return std::nullopt;
-    return notz_dateForICalTime(*time, *calendar);
+    return InstantWalk(parsed_, *startDate_, date, currentCalendar()).next();
 }
 
 std::optional<Date> XELRRuleMath::dateAfterDate(Date date, std::optional<std::string> rrule,
@@ -62,12 +60,12 @@ std::vector<Date> XELRRuleMath::datesFromDate(Date fromDate, Date toDate, std::s
         return isInside ? std::vector<Date>{*startDate_} : std::vector<Date>{};
     }
     if (!hasIcalTime(*startDate_) || !hasIcalTime(fromDate) || !hasIcalTime(toDate)) return {};
-    const auto calendar = currentCalendar();
+    InstantWalk walk(parsed_, *startDate_, fromDate, currentCalendar());
     std::vector<Date> dates;
-    for (const IcalTime& time :
-         occurrencesBetween(parsed_, notz_icaltime(*startDate_, *calendar), notz_icaltime(fromDate, *calendar),
-                            notz_icaltime(toDate, *calendar), maxCount)) {
-        dates.push_back(notz_dateForICalTime(time, *calendar));
+    while (dates.size() < maxCount) {
+        const auto date = walk.next();
+        if (!date || *date > toDate) break;
+        dates.push_back(*date);
     }
     return dates;
 }
@@ -78,7 +76,12 @@ std::optional<Date> XELRRuleMath::lastDate() const {
     const auto calendar = currentCalendar();
     const auto time = lastOccurrence(parsed_, notz_icaltime(*startDate_, *calendar));
     if (!time) return std::nullopt;
-    return notz_dateForICalTime(*time, *calendar);
+    Date last = notz_dateForICalTime(*time, *calendar);
+    // A skipped time may be answered behind the last one of the wall clock.
+    if (parsed_->count() != 0 || !answersSkippedTime(last, *calendar)) return last;
+    InstantWalk later(parsed_, *startDate_, last, calendar);
+    while (const auto date = later.next()) last = *date;
+    return last;
 }
 
 }  // namespace dayward

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cmath>
+#include <set>
 #include <thread>
 
 #include "recurrence/XELRRuleIterator.h"
@@ -144,8 +145,74 @@ TEST_F(XELRRuleMathTest, KeepsTheWallClock) {
     const Date repeated = XELRRuleMath::dateAfterDate(newYork.at("2026-11-01"), "FREQ=DAILY",
                                                       newYork.at("2026-10-01T01:30:00")).value();
     EXPECT_EQ(repeated, newYork.at("2026-11-01T00:30:00") + TimeInterval(3600));
+    // A start in the second pass stays the first answer; one skipped by the end of a rule comes last.
+    const Date secondPass = newYork.at("2026-11-01T01:30:00") + TimeInterval(3600);
+    EXPECT_EQ(XELRRuleMath("FREQ=DAILY", secondPass).dateAfterDate(newYork.at("2026-10-31")), secondPass);
+    EXPECT_EQ(XELRRuleMath("FREQ=DAILY;BYHOUR=2,3;BYMINUTE=10,40;UNTIL=20260308T031500Z",
+                           newYork.at("2026-03-01")).lastDate(), newYork.at("2026-03-08T03:40:00"));
     EXPECT_EQ(next("FREQ=DAILY;UNTIL=20261115T090000Z", "2026-10-01T09:00:00", "2026-11-14T10:00:00"),
               "2026-11-15T09:00:00");
+}
+
+/// Which times of a day a rule has; its times are whole quarters of an hour.
+struct QuarterRule {
+    const char* rule;
+    bool (*holds)(int hour, int minute);
+};
+constexpr QuarterRule kQuarterRules[] = {
+    {"FREQ=DAILY;BYHOUR=0;BYMINUTE=0", [](int hour, int minute) { return hour == 0 && minute == 0; }},
+    {"FREQ=DAILY;BYHOUR=2;BYMINUTE=30", [](int hour, int minute) { return hour == 2 && minute == 30; }},
+    {"FREQ=DAILY;BYHOUR=3;BYMINUTE=15", [](int hour, int minute) { return hour == 3 && minute == 15; }},
+    {"FREQ=DAILY;BYHOUR=1,2,3;BYMINUTE=15,45",
+     [](int hour, int minute) { return hour >= 1 && hour <= 3 && (minute == 15 || minute == 45); }},
+    {"FREQ=MINUTELY;INTERVAL=15", [](int, int) { return true; }},
+};
+
+/// The instants of a rule around a change of the clock, each wall-clock time turned into its own.
+std::vector<Date> instantsAround(Date change, const QuarterRule& rule, const Calendar& calendar) {
+    std::set<Date> instants;
+    Calendar::Fields fields = calendar.fields(change - TimeInterval(3 * 86400));
+    for (int quarter = 0; quarter < 6 * 96; ++quarter) {
+        fields.hour = quarter % 96 / 4;
+        fields.minute = quarter % 4 * 15;
+        fields.second = 0;
+        if (rule.holds(fields.hour, fields.minute)) instants.insert(calendar.date(fields));
+        if (quarter % 96 == 95) ++fields.day;
+    }
+    std::erase_if(instants, [change](Date date) { return std::abs((date - change).seconds()) > 2 * 86400; });
+    return {instants.begin(), instants.end()};
+}
+
+TEST_F(XELRRuleMathTest, AnswersEachInstantOnceWhereClocksChange) {
+    // Half an hour, two hours, changes at midnight, a whole skipped day, standard time in summer.
+    const std::pair<const char*, const char*> zones[] = {
+        {"America/New_York", "2026-01-01"}, {"Australia/Lord_Howe", "2026-01-01"}, {"Antarctica/Troll", "2026-01-01"},
+        {"Asia/Beirut", "2026-01-01"},      {"Pacific/Apia", "2011-12-01"},        {"Africa/Casablanca", "2026-01-01"},
+    };
+    for (const auto& [zone, begin] : zones) {
+        TestEnvironment local(TestEnvironment::Options{.zone = zone});
+        const auto calendar = local.environment->calendar();
+        const Date start = local.at("2010-01-01T00:00:00");
+        auto change = calendar->timeZone().nextTransitionAfter(local.at(begin));
+        for (int changes = 0; change && changes < 4; ++changes) {
+            for (const auto& rule : kQuarterRules) {
+                const auto expected = instantsAround(*change, rule, *calendar);
+                const XELRRuleMath math(rule.rule, start);
+                const Date from = expected.front() - TimeInterval(1);
+                EXPECT_EQ(math.datesFromDate(from, expected.back(), 1000), expected) << zone << " " << rule.rule;
+                EXPECT_EQ(math.datesFromDate(from, expected.back(), 9).back(), expected[std::min<std::size_t>(8, expected.size() - 1)]);
+                for (std::size_t i = 0; i + 1 < expected.size(); ++i) {
+                    const Date middle = expected[i] + (expected[i + 1] - expected[i]) * 0.5;
+                    for (const Date date : {expected[i], middle, expected[i + 1] - TimeInterval(0.5)}) {
+                        EXPECT_EQ(math.dateAfterDate(date), expected[i + 1])
+                            << zone << " " << rule.rule << " " << local.text(date);
+                    }
+                    EXPECT_EQ(math.datesFromDate(middle, expected.back(), 1).front(), expected[i + 1]);
+                }
+            }
+            change = calendar->timeZone().nextTransitionAfter(*change);
+        }
+    }
 }
 
 TEST_F(XELRRuleMathTest, DropsFractionsOfTheGivenDate) {

@@ -1,0 +1,91 @@
+#include "recurrence/InstantWalk.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace dayward {
+
+namespace {
+
+constexpr double kSecondsPerDay = 86400;
+
+Date wholeSeconds(Date date) { return Date::since1970(std::floor(date.secondsSince1970())); }
+
+/// The time that the wall clock shows at the instant; or the skipped time that the instant answers,
+/// since the later skipped ones are still to come.
+IcalTime timeBehindGap(Date date, const Calendar& calendar) {
+    const IcalTime shown = notz_icaltime(date, calendar);
+    const TimeZone& zone = calendar.timeZone();
+    const std::int64_t gap = zone.secondsFromUTC(date) - zone.secondsFromUTC(date - TimeInterval(kSecondsPerDay));
+    if (gap <= 0) return shown;
+    const IcalTime earlier = icalTimeOfSeconds(secondsOf(shown) - gap);
+    return notz_dateForICalTime(earlier, calendar) == wholeSeconds(date) ? earlier : shown;
+}
+
+RuleAnswers answersAfter(const std::shared_ptr<const ParsedRule>& rule, Date startDate, Date after,
+                         const Calendar& calendar) {
+    const IcalTime time = timeBehindGap(after, calendar);
+    // COUNT is counted from where the jump leads, so that the clock's gap must not move it.
+    const IcalTime target = rule->count() != 0 ? notz_icaltime(after, calendar) : time;
+    return RuleAnswers::after(rule, notz_icaltime(startDate, calendar), target, time);
+}
+
+}  // namespace
+
+bool answersSkippedTime(Date date, const Calendar& calendar) {
+    return timeBehindGap(date, calendar) != notz_icaltime(date, calendar);
+}
+
+InstantWalk::InstantWalk(const std::shared_ptr<const ParsedRule>& rule, Date startDate, Date after,
+                         std::shared_ptr<const Calendar> calendar)
+    : calendar_(std::move(calendar)),
+      startDate_(wholeSeconds(startDate)),
+      laterPass_(startDate_ - notz_dateForICalTime(notz_icaltime(startDate, *calendar_), *calendar_)),
+      last_(after),
+      answers_(answersAfter(rule, startDate, after, *calendar_)) {}
+
+std::optional<Date> InstantWalk::next() {
+    while (found_.empty()) {
+        const auto occurrence = take();
+        if (!occurrence) return std::nullopt;
+        if (occurrence->isSkipped) {
+            takeGap(occurrence->instant);
+        } else if (occurrence->instant > last_) {
+            found_.push_back(occurrence->instant);
+        }
+    }
+    last_ = found_.front();
+    found_.pop_front();
+    return last_;
+}
+
+std::optional<InstantWalk::Occurrence> InstantWalk::take() {
+    const auto time = answers_.next();
+    if (!time) return std::nullopt;
+    return occurrenceAt(*time);
+}
+
+InstantWalk::Occurrence InstantWalk::occurrenceAt(const IcalTime& time) const {
+    const Date instant = notz_dateForICalTime(time, *calendar_);
+    const double shown =
+        instant.secondsSince1970() + static_cast<double>(calendar_->timeZone().secondsFromUTC(instant));
+    const bool isSkipped = shown != static_cast<double>(secondsOf(time));
+    return {instant < startDate_ ? instant + laterPass_ : instant, isSkipped};
+}
+
+/// Skipped times are answered among the times that follow the gap, so both are taken before any is given.
+void InstantWalk::takeGap(Date firstInstant) {
+    found_.push_back(firstInstant);
+    Date latest = firstInstant;
+    while (const auto occurrence = take()) {
+        found_.push_back(occurrence->instant);
+        if (!occurrence->isSkipped && occurrence->instant > latest) break;
+        latest = std::max(latest, occurrence->instant);
+    }
+    std::ranges::sort(found_);
+    const auto repeated = std::ranges::unique(found_);
+    found_.erase(repeated.begin(), repeated.end());
+    std::erase_if(found_, [this](Date date) { return date <= last_; });
+}
+
+}  // namespace dayward
