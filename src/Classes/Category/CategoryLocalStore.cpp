@@ -7,6 +7,7 @@
 #include "Classes/Category/EventCategory.h"
 #include "Classes/Category/NamedEventIconPicture.h"
 #include "Classes/Settings/AppSettings.h"
+#include "platform/FileSystem.h"
 #include "platform/KeyedArchiver.h"
 #include "platform/KeyedUnarchiver.h"
 #include "platform/Log.h"
@@ -22,6 +23,7 @@ using Category = CategoryLocalStore::Category;
 
 constexpr const char* kDefaultName = "Default";
 constexpr const char* kDefaultIcon = "remind";
+constexpr const char* kLockFile = "categories.lock";
 constexpr const char* kDefaultFont = "ChalkboardSE-Bold";
 
 /// The look that an earlier edition kept for all events, where there is one.
@@ -68,6 +70,11 @@ std::vector<Category> categoriesOfBlocks(const Object& blocks, const ArchiveClas
     return categories;
 }
 
+bool hasDefault(const std::vector<Category>& categories) {
+    return std::ranges::any_of(
+        categories, [](const Category& category) { return category->key == CategoryLocalStore::kDefaultCategoryKey; });
+}
+
 /// Nothing unless every entry is a category.
 std::optional<std::vector<Category>> categoriesInTransit(const Object& value) {
     const Dictionary* const dictionary = value.dictionary();
@@ -94,16 +101,24 @@ std::shared_ptr<CCSyncItemVersion> versionInTransit(const Object& value) {
 CategoryLocalStore::Map& CategoryLocalStore::load() {
     if (categoryMap_) return *categoryMap_;
     const EnvironmentScope scope(&environment_);
-    UserDefaults& defaults = environment_.standardDefaults();
-    std::vector<Category> categories =
-        categoriesOfBlocks(defaults.objectForKey(kCategoriesDefaultsKey), environment_.archiveClasses());
-    if (std::ranges::none_of(categories, [](const Category& c) { return c->key == kDefaultCategoryKey; })) {
-        categories.push_back(makeDefaultCategory());
-        writeBlocks(categories);
+    std::vector<Category> categories = readBlocks();
+    if (!hasDefault(categories)) {
+        const auto savedLock = lockSaved();
+        // Not over a list that another process saved since, or that could not be read until now.
+        const bool isKnown = environment_.standardDefaults().synchronize().has_value();
+        categories = readBlocks();
+        const bool isMissing = !hasDefault(categories);
+        if (isMissing) categories.push_back(makeDefaultCategory());
+        if (isMissing && isKnown) writeBlocks(categories);
     }
     Map& map = categoryMap_.emplace();
     for (const Category& category : categories) map[category->key] = category;
     return map;
+}
+
+std::vector<Category> CategoryLocalStore::readBlocks() const {
+    return categoriesOfBlocks(environment_.standardDefaults().objectForKey(kCategoriesDefaultsKey),
+                              environment_.archiveClasses());
 }
 
 void CategoryLocalStore::writeBlocks(const std::vector<Category>& categories) {
@@ -161,6 +176,7 @@ Category CategoryLocalStore::categoryWithName(const std::string& name, Initializ
     {
         const Lock lock(mutex_);
         if (Category known = categoryNamed(name)) return known;
+        const auto savedLock = lockSaved();
         takeInSaved();
         if (Category known = categoryNamed(name)) return known;
         category = createCategory();
@@ -176,6 +192,7 @@ Category CategoryLocalStore::categoryWithName(const std::string& name, Initializ
 void CategoryLocalStore::updateCategory(const Category& category, Initialize initialize) {
     {
         const Lock lock(mutex_);
+        const auto savedLock = lockSaved();
         takeInSaved();
         std::vector<Category> categories = getCategories();
         const auto isSame = [&](const Category& other) { return other->isEqual(*category); };
@@ -194,6 +211,7 @@ void CategoryLocalStore::removeCategory(const Category& category) {
     if (category->key == kDefaultCategoryKey) return;
     {
         const Lock lock(mutex_);
+        const auto savedLock = lockSaved();
         takeInSaved();
         std::vector<Category> categories = getCategories();
         std::erase_if(categories, [&](const Category& other) { return other->isEqual(*category); });
@@ -236,6 +254,18 @@ void CategoryLocalStore::announce(Initialize initialize) {
 
 void CategoryLocalStore::postDidUpdate() {
     environment_.notifications().post(CategoryLocalStoreDidUpdateNotification, storeIdentity(*this));
+}
+
+std::shared_ptr<FileLock> CategoryLocalStore::lockSaved() {
+    if (auto held = savedLock_.lock()) return held;
+    auto made = environment_.files().lock(joinPath(environment_.paths().config, kLockFile), true);
+    if (!made) {
+        logError("CategoryLocalStore: " + made.error().description());
+        return nullptr;
+    }
+    std::shared_ptr<FileLock> held = *std::move(made);
+    savedLock_ = held;
+    return held;
 }
 
 bool CategoryLocalStore::takeInSaved() {

@@ -19,6 +19,7 @@
 namespace dayward {
 
 class EventCategory;
+class FileLock;
 
 /// The list changed, whatever the cause. Object the store, no user info.
 inline constexpr const char* CategoryLocalStoreDidUpdateNotification = "CategoryLocalStoreDidUpdateNotification";
@@ -82,9 +83,13 @@ private:
     Map& load() DAYWARD_REQUIRES(mutex_);
     Category categoryNamed(const std::string& name) DAYWARD_REQUIRES(mutex_);
     void save(const std::vector<Category>& categories, Initialize initialize) DAYWARD_REQUIRES(mutex_);
+    [[nodiscard]] std::vector<Category> readBlocks() const;
     void writeBlocks(const std::vector<Category>& categories) DAYWARD_REQUIRES(mutex_);
     /// None leaves the list without a version.
     void storeVersion(const std::shared_ptr<CCSyncItemVersion>& version) DAYWARD_REQUIRES(mutex_);
+    /// While it is held, no other process takes in the saved list in order to change it. Null where it
+    /// cannot be had, which is logged: a change then goes on without.
+    std::shared_ptr<FileLock> lockSaved() DAYWARD_REQUIRES(mutex_);
     /// Takes in the list that another process saved; true where it is another one.
     bool takeInSaved() DAYWARD_REQUIRES(mutex_);
     void announce(Initialize initialize);
@@ -92,6 +97,7 @@ private:
 
     Environment& environment_;
     RecursiveMutex mutex_;
+    std::weak_ptr<FileLock> savedLock_ DAYWARD_GUARDED_BY(mutex_);
     std::optional<Map> categoryMap_ DAYWARD_GUARDED_BY(mutex_);
 };
 

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <thread>
+
 #include "Classes/Category/ColorEventBackgroundPicture.h"
 #include "Classes/Category/ColorEventBackgroundTemplate.h"
 #include "Classes/Category/EventCategory.h"
@@ -222,6 +224,28 @@ TEST_F(CategoryLocalStoreTest, ASecondProcessSeesAndKeepsWhatTheFirstSaved) {
     EXPECT_THAT(device.notifications.take(), ElementsAre(kListUpdate));
     store.refreshFromDisk();
     EXPECT_THAT(device.notifications.take(), IsEmpty());
+}
+
+TEST_F(CategoryLocalStoreTest, AFirstLookNeverOverwritesWhatAnotherProcessSaved) {
+    Device second(device.environment.home);
+    ASSERT_TRUE(second.stored("k003").isNull());
+    store.categoryWithName("Work", Initialize::no);
+    EXPECT_THAT(names(second.store().sortCategories()), ElementsAre("Default", "Work"));
+    store.refreshFromDisk();
+    EXPECT_THAT(names(store.sortCategories()), ElementsAre("Default", "Work"));
+}
+
+TEST_F(CategoryLocalStoreTest, TwoProcessesThatChangeTheListAtOnceLoseNothing) {
+    constexpr int kEach = 15;
+    Device second(device.environment.home);
+    const auto add = [](Device& own, const char* prefix) {
+        for (int i = 0; i < kEach; ++i) own.store().categoryWithName(prefix + std::to_string(i), Initialize::no);
+    };
+    std::thread other(add, std::ref(second), "second ");
+    add(device, "first ");
+    other.join();
+    store.refreshFromDisk();
+    EXPECT_EQ(store.getCategories().size(), 2U * kEach + 1);
 }
 
 }  // namespace
