@@ -51,6 +51,7 @@ public:
 
     /// Nothing where there is no such file; other failures are errors. Follows symbolic links.
     virtual Result<std::optional<FileStatus>> status(const std::string& path) const = 0;
+    /// A file that is too long for any of the program's is refused (EFBIG).
     virtual Result<Data> readFile(const std::string& path) const = 0;
     /// Names of the entries without "." and "..", in no promised order.
     virtual Result<std::vector<std::string>> listDirectory(const std::string& path) const = 0;

@@ -19,6 +19,8 @@ namespace dayward {
 
 namespace {
 
+/// No file of a home is nearly as long; one that is must not take all the memory.
+constexpr std::size_t kLongestFile = std::size_t{512} << 20;
 constexpr mode_t kFileMode = 0600;
 constexpr mode_t kDirectoryMode = 0700;
 
@@ -106,6 +108,7 @@ Result<Data> LinuxFileSystem::readFile(const std::string& path) const {
     if (::fstat(file.get(), &found) != 0) return systemFailure(path, "read");
     if (S_ISDIR(found.st_mode)) return systemFailure(path, "read", EISDIR);
     if (!S_ISREG(found.st_mode)) return systemFailure(path, "read", EINVAL);
+    if (found.st_size > static_cast<off_t>(kLongestFile)) return systemFailure(path, "read", EFBIG);
     constexpr std::size_t kStep = 65536;
     Data bytes(static_cast<std::size_t>(found.st_size) + 1);
     std::size_t length = 0;
@@ -116,6 +119,7 @@ Result<Data> LinuxFileSystem::readFile(const std::string& path) const {
         if (count < 0) return systemFailure(path, "read");
         if (count == 0) break;
         length += static_cast<std::size_t>(count);
+        if (length > kLongestFile) return systemFailure(path, "read", EFBIG);
     }
     bytes.resize(length);
     return bytes;

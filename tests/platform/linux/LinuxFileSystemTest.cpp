@@ -75,6 +75,12 @@ TEST_F(RealFiles, aPipeInTheirPlaceIsRefusedAndNotWaitedFor) {
     EXPECT_EQ(files.readFile(path("pipe")).error().code, EINVAL);
 }
 
+TEST_F(RealFiles, anEndlessFileIsRefusedAndNotReadIntoMemory) {
+    ASSERT_TRUE(writeFileAtomically(files, path("long"), {}));
+    ASSERT_EQ(::truncate(path("long").c_str(), off_t{1} << 40), 0);
+    EXPECT_EQ(files.readFile(path("long")).error().code, EFBIG);
+}
+
 TEST_F(RealFiles, removingATreeNeverFollowsLinksOutOfIt) {
     ASSERT_TRUE(files.createDirectories(path("tree/inner")));
     ASSERT_TRUE(files.createDirectories(path("outside")));
