@@ -97,10 +97,10 @@ void EventLocalStore::load() {
     initialized_ = true;
 }
 
-std::vector<std::string> EventLocalStore::packagePaths() const {
+std::vector<std::string> EventLocalStore::packagePaths() {
     const auto names = environment().files().listDirectory(directory_);
     if (!names) {
-        logError(std::string(kTypeName) + ": " + names.error().description());
+        leaveOut(directory_, names.error());
         return {};
     }
     std::vector<std::string> paths;

@@ -94,7 +94,8 @@ public:
     /// Takes in what other processes changed in the directory since it was last looked at, and
     /// announces it. Own changes that wait to be written stand. The watch calls this by itself.
     void refreshFromDisk();
-    /// The packages that were found but not loaded, by the last load or since.
+    /// The packages that were found but not loaded, by the last load or since; the directory itself where
+    /// it could not be listed.
     [[nodiscard]] std::vector<LeftOut> leftOut();
 
     [[nodiscard]] const std::string& directory() const { return directory_; }
@@ -127,7 +128,7 @@ private:
 
     void load();
     [[nodiscard]] std::string pathOfKey(const std::string& key) const;
-    [[nodiscard]] std::vector<std::string> packagePaths() const;
+    [[nodiscard]] std::vector<std::string> packagePaths();
     /// Puts the event into memory and notes that this process did it.
     void put(const std::string& key, const std::shared_ptr<HHEvent>& event) DAYWARD_REQUIRES(dataLayerLock_);
     /// The same for taking it out; the event that was there, or null.

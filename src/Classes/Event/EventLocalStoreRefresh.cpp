@@ -61,6 +61,7 @@ void EventLocalStore::refreshFromDisk() {
         logError(typeName() + ": " + names.error().description());
         return;
     }
+    forgetLeftOut(directory_);
     std::vector<std::string> keys = stamps_->keys();
     const std::unordered_set<std::string> known(keys.begin(), keys.end());
     for (const std::string& name : *names) {

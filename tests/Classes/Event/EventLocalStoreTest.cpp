@@ -49,7 +49,12 @@ TEST_F(EventLocalStoreTest, ADirectoryThatCannotBeListedIsLoggedAndEmpty) {
     ASSERT_TRUE(device.environment->files().removeTree(device.environment->paths().documents));
     EXPECT_TRUE(device.store().initialized());
     EXPECT_THAT(device.environment.log->errors(), Contains(HasSubstr(device.environment->paths().documents)));
+    ASSERT_EQ(device.store().leftOut().size(), 1U);
+    EXPECT_EQ(device.store().leftOut()[0].path, device.environment->paths().documents);
     EXPECT_THAT(device.notifications.take(), ElementsAre(kRefreshed));
+    ASSERT_TRUE(device.environment->files().createDirectory(device.environment->paths().documents));
+    device.store().refreshFromDisk();
+    EXPECT_THAT(device.store().leftOut(), IsEmpty());
 }
 
 TEST_F(EventLocalStoreTest, LoadsWhatCanBeReadAndKeepsTheRestOnDisk) {
