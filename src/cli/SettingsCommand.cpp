@@ -148,7 +148,7 @@ Result<> run(const std::optional<std::string>& key, const std::optional<std::str
     if (chosen.empty()) return failure("there is no setting '" + *key + "'");
     if (value) {
         TRY_VOID(chosen.front()->set(*value));
-        AppSettings::synchronize();
+        TRY_VOID(AppSettings::synchronize());
     }
     print(chosen, json);
     return {};

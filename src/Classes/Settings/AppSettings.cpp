@@ -197,6 +197,9 @@ std::optional<bool> AppSettings::old_appBadgeShow() {
 
 Dictionary AppSettings::values() { return shared().storage_.values(); }
 
-void AppSettings::synchronize() { shared().storage_.write(); }
+Result<> AppSettings::synchronize() {
+    TRY_VOID(shared().storage_.write());
+    return Environment::current().standardDefaults().synchronize();
+}
 
 }  // namespace dayward

@@ -17,6 +17,7 @@
 #include "platform/Color.h"
 #include "platform/Mutex.h"
 #include "platform/Object.h"
+#include "platform/Result.h"
 
 namespace dayward {
 
@@ -85,8 +86,9 @@ public:
 
     /// Everything as stored, by the stored keys.
     static Dictionary values();
-    /// Writes what waits for its delayed write. For a program that is about to end.
-    static void synchronize();
+    /// Writes what waits for its write, the launch lock too. For a program that is about to end. After a
+    /// failure the values wait for the next write.
+    static Result<> synchronize();
 
     /// Opens the storage. Use the class operations.
     explicit AppSettings(Environment& environment);

@@ -84,7 +84,7 @@ CCKeyStorage::~CCKeyStorage() {
         const Lock lock(state_->mutex);
         pending = state_->writeIndex != 0;
     }
-    if (pending) write();
+    if (pending) static_cast<void>(write());  // logged there
 }
 
 CCKeyStorage::SourceType CCKeyStorage::sourceType() const {
@@ -170,21 +170,23 @@ void CCKeyStorage::setNeedsWrite() {
             if (state->writeIndex != index) return;
             state->writeIndex = 0;
         }
-        state->writeQueue->async([state] { persist(*state); });
+        state->writeQueue->async([state] { static_cast<void>(persist(*state)); });
     });
 }
 
-void CCKeyStorage::write() {
+Result<> CCKeyStorage::write() {
     {
         const Lock lock(state_->mutex);
         state_->writeIndex = 0;
     }
     // The storage may be destroyed with its environment, where none is in scope.
     const EnvironmentScope scope(&state_->environment);
-    state_->writeQueue->sync([state = state_] { persist(*state); });
+    Result<> written;
+    state_->writeQueue->sync([state = state_, &written] { written = persist(*state); });
+    return written;
 }
 
-void CCKeyStorage::persist(State& state) {
+Result<> CCKeyStorage::persist(State& state) {
     MergedDictionary::Changes changes;
     Dictionary values;
     {
@@ -196,11 +198,12 @@ void CCKeyStorage::persist(State& state) {
     const Lock lock(state.mutex);
     if (written) {
         state.data.adopt(std::move(*written));
-        return;
+        return {};
     }
     state.data.restoreChanges(std::move(changes));
     const std::string place = state.filePath.empty() ? state.defaultsKey : state.filePath;
     state.environment.log().error("CCKeyStorage write: " + place + ", error: " + written.error().description());
+    return std::unexpected(std::move(written.error()));
 }
 
 }  // namespace dayward

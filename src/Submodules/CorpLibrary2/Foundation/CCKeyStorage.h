@@ -16,6 +16,7 @@
 
 #include "Submodules/CorpLibrary2/Foundation/KeyStorageSource.h"
 #include "platform/Object.h"
+#include "platform/Result.h"
 
 namespace dayward {
 
@@ -56,9 +57,9 @@ public:
     /// Asks for a write after timeOutWrite(). A later request replaces an earlier one, so that a
     /// burst of changes costs one write.
     void setNeedsWrite();
-    /// Writes before it returns; takes the place of a pending request. A failure is logged and the
+    /// Writes before it returns; takes the place of a pending request. A failure is logged too, and the
     /// values stay in memory for the write of the next change. Never from a block of the write queue.
-    void write();
+    Result<> write();
 
 protected:
     /// The stored object as it is, for subclasses that wrap their values.
@@ -67,7 +68,7 @@ protected:
 
 private:
     struct State;
-    static void persist(State& state);
+    static Result<> persist(State& state);
     std::shared_ptr<State> state_;
 };
 
