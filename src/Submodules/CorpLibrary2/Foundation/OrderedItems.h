@@ -5,7 +5,9 @@
 // one is before. The list remembers each neighbour pair that contradicts the order; between two such
 // pairs it stands in order, and there the elements that the new one is before are the end of the run. So
 // one look at a run's last element tells whether the place is in the run, and a binary search finds it:
-// O(r + log n) for r runs, and r is 1 while the list is in order. One thread at a time.
+// O(r + log n) for r runs, and r is 1 while the list is in order. Where the order contradicts itself over
+// three elements (a before b before c before a), the place may be another one that fits its neighbours.
+// One thread at a time.
 #pragma once
 
 #include <cstdint>
