@@ -133,7 +133,7 @@ Result<XDIDateInterval> parseInterval(std::string_view text) {
     for (std::size_t index = 0; index < parts.size(); index += 2) {
         const auto amount = wholeNumber(parts[index]);
         const auto unit = unitNamed(parts[index + 1]);
-        if (!amount || *amount > kLargestAmount || !unit || seen.contains(*unit)) return refused(text, kIntervalForm);
+        if (!amount || *amount < 0 || *amount > kLargestAmount || !unit || seen.contains(*unit)) return refused(text, kIntervalForm);
         seen |= *unit;
         interval.setValue(static_cast<double>(*amount), *unit);
     }

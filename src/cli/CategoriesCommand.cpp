@@ -42,6 +42,11 @@ struct CategoryOptions {
     }
 };
 
+/// "NAME (KEY)"
+std::string label(const EventCategory& category) {
+    return printable(category.name.value_or("???")) + " (" + category.key + ")";
+}
+
 JSON categoryJSON(const EventCategory& category) {
     return {{"key", category.key},
             {"name", category.name ? JSON(*category.name) : JSON(nullptr)},
@@ -73,7 +78,7 @@ Result<> finish(const char* what, const Category& category, bool json) {
     if (json) {
         printJSON({{"key", category->key}});
     } else {
-        printLine(std::string(what) + " " + category->name.value_or("???") + " (" + category->key + ")");
+        printLine(std::string(what) + " " + label(*category));
     }
     return {};
 }
@@ -109,7 +114,7 @@ Result<> removeCategories(const std::vector<std::string>& texts, bool json) {
     for (const Category& category : categories) {
         CategoryLocalStore::shared().removeCategory(category);
         removed.push_back(category->key);
-        if (!json) printLine("removed " + category->name.value_or("???") + " (" + category->key + ")");
+        if (!json) printLine("removed " + label(*category));
     }
     TRY_VOID(Environment::current().standardDefaults().synchronize());
     if (json) printJSON({{"removed", std::move(removed)}});

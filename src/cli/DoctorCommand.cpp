@@ -4,6 +4,7 @@
 #include "Classes/Event/Doctor.h"
 #include "cli/Command.h"
 #include "cli/Output.h"
+#include "cli/Terminal.h"
 
 namespace dayward {
 
@@ -16,7 +17,7 @@ void addDoctorCommand(CLI::App& app, ChosenCommand& chosen) {
             JSON list = JSON::array();
             for (const Problem& problem : problems) {
                 list.push_back({{"path", problem.path}, {"reason", problem.reason}});
-                if (!options.json) printLine(problem.path + ": " + problem.reason);
+                if (!options.json) printLine(printable(problem.path + ": " + problem.reason));
             }
             if (options.json) printJSON({{"problems", std::move(list)}});
             if (!options.json && problems.empty()) printLine("everything can be read");

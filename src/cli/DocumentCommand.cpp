@@ -1,6 +1,5 @@
 // dayward document read|write|archive
 #include <CLI/CLI.hpp>
-#include <filesystem>
 #include <iostream>
 #include <iterator>
 #include <memory>
@@ -10,6 +9,7 @@
 #include "Classes/Event/HHEvent.h"
 #include "cli/Command.h"
 #include "cli/Output.h"
+#include "cli/Terminal.h"
 #include "platform/ArchiveDump.h"
 #include "platform/Environment.h"
 #include "platform/FileSystem.h"
@@ -18,34 +18,29 @@ namespace dayward {
 
 namespace {
 
-/// Absolute and without a trailing slash, so that the last component is the package's name.
-std::string absolutePath(const std::string& path) {
-    std::string absolute = std::filesystem::absolute(path).lexically_normal().string();
-    while (absolute.size() > 1 && absolute.ends_with('/')) absolute.pop_back();
-    return absolute;
-}
-
 Result<> readDocument(const std::string& path) {
-    const auto event = TRY(EventStoreHelper::readEvent(absolutePath(path)));
+    const std::string package = TRY(absolutePath(path));
+    const auto event = TRY(EventStoreHelper::readEvent(package));
     printJSON(JSON::parse(eventJSON(*event)));
     return {};
 }
 
 Result<> writeDocument(const std::string& path, bool json) {
+    const std::string package = TRY(absolutePath(path));
     const std::string text{std::istreambuf_iterator<char>(std::cin), {}};
     const auto event = TRY(eventFromJSON(text));
-    const std::string package = absolutePath(path);
     TRY_VOID(EventStoreHelper::writeEvent(*event, package));
     if (json) {
         printJSON({{"path", package}});
     } else {
-        printLine("wrote " + package);
+        printLine("wrote " + printable(package));
     }
     return {};
 }
 
 Result<> dumpArchive(Environment& environment, const std::string& path) {
-    const Data bytes = TRY(environment.files().readFile(absolutePath(path)));
+    const std::string file = TRY(absolutePath(path));
+    const Data bytes = TRY(environment.files().readFile(file));
     printLine(TRY(archiveAsJSON(bytes)));
     return {};
 }

@@ -9,12 +9,16 @@
 #include "cli/EventLookup.h"
 #include "cli/EventOptions.h"
 #include "cli/Output.h"
+#include "cli/Terminal.h"
 
 namespace dayward {
 
 namespace {
 
-std::string nameOf(const HHEvent& event) { return event.name().value_or("???"); }
+/// "NAME (IDENTIFIER)"
+std::string label(const HHEvent& event) {
+    return printable(event.name().value_or("???")) + " (" + event.identifier() + ")";
+}
 
 Result<> addEvent(const EventOptions& options, bool json) {
     const auto event = EventFactory::createEvent();
@@ -25,7 +29,7 @@ Result<> addEvent(const EventOptions& options, bool json) {
     if (json) {
         printJSON({{"identifier", event->identifier()}});
     } else {
-        printLine("added " + nameOf(*event) + " (" + event->identifier() + ")");
+        printLine("added " + label(*event));
     }
     return {};
 }
@@ -39,7 +43,7 @@ Result<> editEvent(const std::string& text, const EventOptions& options, bool js
     if (json) {
         printJSON({{"updated", {changed->identifier()}}});
     } else {
-        printLine("updated " + nameOf(*changed) + " (" + changed->identifier() + ")");
+        printLine("updated " + label(*changed));
     }
     return {};
 }
@@ -52,7 +56,7 @@ Result<> removeEvents(const std::vector<std::string>& texts, bool json) {
     JSON removed = JSON::array();
     for (const auto& event : events) {
         removed.push_back(event->identifier());
-        if (!json) printLine("removed " + nameOf(*event) + " (" + event->identifier() + ")");
+        if (!json) printLine("removed " + label(*event));
     }
     if (json) printJSON({{"removed", std::move(removed)}});
     return {};

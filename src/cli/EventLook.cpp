@@ -22,10 +22,10 @@ namespace {
 
 Result<std::shared_ptr<const Image>> imageFile(const std::string& text, const char* kind) {
     const FileSystem& files = Environment::current().files();
-    const std::string path = std::filesystem::absolute(text).string();
-    const auto status = files.status(path);
+    const auto path = absolutePath(text);
+    const auto status = path ? files.status(*path) : std::unexpected(path.error());
     if (!status || !*status) return failure("'" + text + "' is no " + kind + " of the catalogue and no file");
-    const auto bytes = files.readFile(path);
+    const auto bytes = files.readFile(*path);
     if (!bytes) return failure("'" + text + "' cannot be read", 0, {{"reason", bytes.error().description()}});
     auto image = Image::decode(*bytes);
     if (!image) return failure("'" + text + "' is no PNG or JPEG picture", 0, {{"reason", image.error().description()}});

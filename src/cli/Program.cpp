@@ -1,5 +1,8 @@
 #include "cli/Program.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
 #include <cstdlib>
 #include <filesystem>
@@ -10,6 +13,7 @@
 #include "Classes/Event/EventLocalStore.h"
 #include "cli/Command.h"
 #include "cli/ProgramVersion.h"
+#include "cli/Terminal.h"
 #include "intervals/ISODate.h"
 #include "platform/Environment.h"
 #include "platform/FileSystem.h"
@@ -28,7 +32,16 @@ std::string resourceDirectory() {
     return (program.parent_path().parent_path() / "share" / "dayward").string();
 }
 
-void complain(const std::string& line) { std::cerr << "dayward: " << line << std::endl; }
+/// One line, whatever the user's texts and file names in it hold.
+void complain(const std::string& line) { std::cerr << "dayward: " << printable(line) << std::endl; }
+
+/// Takes the numbers of standard input, output and error that are closed, so that no file of the home gets
+/// one and is written what was meant for the user. What stands there fails when it is used.
+void occupyStandardDescriptors() {
+    for (int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(descriptor, F_GETFD) == -1) open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    }
+}
 
 void declareGlobalOptions(CLI::App& app, GlobalOptions& options) {
     app.add_option("--home", options.home, "Keep everything in this directory");
@@ -59,7 +72,14 @@ void addCommands(CLI::App& app, ChosenCommand& chosen) {
 /// The environment's options, or nothing after a complaint about wrong usage.
 std::optional<LinuxOptions> linuxOptions(const GlobalOptions& options, bool live) {
     LinuxOptions result;
-    if (!options.home.empty()) result.home = std::filesystem::absolute(options.home).string();
+    if (!options.home.empty()) {
+        auto home = absolutePath(options.home);
+        if (!home) {
+            complain("--home: " + home.error().description());
+            return std::nullopt;
+        }
+        result.home = *std::move(home);
+    }
     result.resources = resourceDirectory();
     result.zone = options.zone;
     result.locale = options.locale;
@@ -131,7 +151,7 @@ void openApplication(const GlobalOptions& options) {
     std::error_code error;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", error).parent_path() / "dayward-app";
     if (!std::filesystem::exists(program, error)) return;
-    if (!options.home.empty()) setenv("DAYWARD_HOME", std::filesystem::absolute(options.home).c_str(), 1);
+    if (const auto home = absolutePath(options.home)) setenv("DAYWARD_HOME", home->c_str(), 1);
     const std::string path = program.string();
     execl(path.c_str(), path.c_str(), static_cast<char*>(nullptr));
 }
@@ -139,6 +159,7 @@ void openApplication(const GlobalOptions& options) {
 }  // namespace
 
 int runProgram(int argc, char** argv) {
+    occupyStandardDescriptors();
     std::ios::sync_with_stdio(false);
     CLI::App app("Countdowns and reminders: what you wait for and must not miss.", "dayward");
     GlobalOptions options;

@@ -12,6 +12,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cwchar>
+#include <limits>
 
 #include "platform/TextSearch.h"
 
@@ -39,6 +40,12 @@ char32_t nextCodePoint(std::string_view text, std::size_t& position) {
         point = (point << 6) | (static_cast<unsigned char>(text[position++]) & 0x3F);
     }
     return point;
+}
+
+/// Controls, line separators, and the embeddings, overrides and isolates that would turn the rest of a line.
+bool drivesTerminal(char32_t point) {
+    return point < 0x20 || (point >= 0x7F && point < 0xA0) || (point >= 0x2028 && point <= 0x202E) ||
+           (point >= 0x2066 && point <= 0x2069);
 }
 
 }  // namespace
@@ -77,7 +84,7 @@ std::string fitted(std::string_view text, int columns) {
     for (std::size_t position = 0; position < text.size();) {
         const std::size_t start = position;
         const char32_t point = nextCodePoint(text, position);
-        if (point < 0x20 || (point >= 0x7F && point < 0xA0)) continue;
+        if (drivesTerminal(point)) continue;
         width += columnsOfCodePoint(point);
         if (width > columns) return columns > 0 ? result.substr(0, cut) + "…" : std::string();
         result += point == kBad ? std::string("\uFFFD") : std::string(text.substr(start, position - start));
@@ -85,6 +92,8 @@ std::string fitted(std::string_view text, int columns) {
     }
     return result;
 }
+
+std::string printable(std::string_view text) { return fitted(text, std::numeric_limits<int>::max()); }
 
 std::string padded(std::string_view text, int columns) {
     std::string result = fitted(text, columns);

@@ -16,9 +16,11 @@ int terminalHeight();
 
 /// Columns that a UTF-8 text takes; wide characters count two, combining ones none, control ones none.
 int displayWidth(std::string_view text);
-/// The text without control characters, cut to at most `columns` with "…" at the end where it was
+/// The text without control characters and those that turn the direction of what follows, cut to at most `columns` with "…" at the end where it was
 /// longer. What is printed of a user's texts goes through this, so that no text drives the terminal.
 std::string fitted(std::string_view text, int columns);
+/// The whole text as fitted() leaves it: one line that no text breaks or drives the terminal with.
+std::string printable(std::string_view text);
 /// fitted() and then padded with blanks to exactly `columns`.
 std::string padded(std::string_view text, int columns);
 

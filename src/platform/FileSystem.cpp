@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <charconv>
 #include <cstring>
+#include <filesystem>
 
 namespace dayward {
 
@@ -182,6 +183,16 @@ void removeStaleTemporaries(FileSystem& files, const std::string& directory) {
         const auto owner = temporaryOwner(name);
         if (owner && isStale(*owner)) (void)files.removeTree(joinPath(directory, name));
     }
+}
+
+Result<std::string> absolutePath(const std::string& path) {
+    if (path.empty() || path.contains('\0')) return std::unexpected(fileError(EINVAL, path, "find"));
+    std::error_code error;
+    const auto absolute = std::filesystem::absolute(path, error);
+    if (error) return std::unexpected(fileError(error.value(), path, "find"));
+    std::string normal = absolute.lexically_normal().string();
+    while (normal.size() > 1 && normal.ends_with('/')) normal.pop_back();
+    return normal;
 }
 
 std::string joinPath(std::string_view directory, std::string_view name) {

@@ -110,6 +110,9 @@ bool isTemporaryName(std::string_view name);
 /// Removes temporaries in the directory whose process is gone.
 void removeStaleTemporaries(FileSystem& files, const std::string& directory);
 
+/// The path from the working directory, "." and ".." taken out, without a slash at its end. Fails for an
+/// empty path, one with a NUL in it, and where the working directory is gone.
+Result<std::string> absolutePath(const std::string& path);
 /// "/a/b" and "c" give "/a/b/c".
 std::string joinPath(std::string_view directory, std::string_view name);
 std::string lastPathComponent(std::string_view path);

@@ -102,7 +102,8 @@ class Events(ProgramTest):
                  ("--repeat", "sometimes"), ("--duration", "2 parsecs"), ("--duration", "hours"),
                  ("--alert", "1 day"), ("--alert", "before"), ("--units", "day,fortnight"), ("--style", "loud"),
                  ("--category", "Nowhere"), ("--icon", "no such icon.png"), ("--background", "#12345"),
-                 ("--text-color", "red"), ("--icon", "/dev/null")]
+                 ("--text-color", "red"), ("--icon", "/dev/null"), ("--icon", ""), ("--background", ""),
+                 ("--duration", "-2 hours"), ("--alert", "-1 day before")]
         for option, value in wrong:
             with self.subTest(option=option, value=value):
                 message = self.refused(1, "add", "X", option, value)
@@ -288,6 +289,18 @@ class CategoriesAndSettings(ProgramTest):
         self.refused(1, "settings", "no-such-key")
         self.refused(1, "settings", "event-def-time", "25:00")
 
+    def test_a_setting_that_cannot_be_written_says_so(self):
+        self.run_ok("settings", "event-def-time", "09:30")
+        for name, setting in [("HHSettings", ("event-def-time", "10:00")), ("standard.defaults", ("TouchIDOn", "on"))]:
+            for file in self.home.rglob(name):
+                if file.is_file() and "locks" not in file.parts:
+                    file.unlink()
+            directory = "data/Application Support" if name == "HHSettings" else "config"
+            (self.home / directory / name / "in the way").mkdir(parents=True)
+            self.assertIn(name, self.refused(1, "settings", *setting))
+            (self.home / directory / name / "in the way").rmdir()
+            (self.home / directory / name).rmdir()
+
 
 class Usage(ProgramTest):
     def test_wrong_usage_is_status_2(self):
@@ -302,6 +315,30 @@ class Usage(ProgramTest):
         file = pathlib.Path(self.directory.name) / "file"
         file.write_text("in the way")
         self.assertIn(str(file), self.refused(1, "add", "X", "--date", "2026-01-01", home=file))
+
+    def test_texts_of_the_user_neither_break_a_line_nor_drive_the_terminal(self):
+        hostile = "ev\x1b[31mil\x07\nline\u202eand more"
+        for line in [self.run_ok("add", hostile, "--date", "2026-04-01"), self.run_ok("categories", "add", hostile),
+                     self.refused(1, "show", hostile + "?"), self.refused(2, "show", "x", hostile)]:
+            self.assertIn("ev[31millineand more", line)
+        self.assertEqual(self.run_json("show", hostile)["name"], hostile)
+
+    def test_paths_that_are_none_say_so(self):
+        event = json.dumps({"name": "x", "icon": {"kind": "image", "file": ""}})
+        for arguments in [("document", "read", ""), ("document", "archive", ""), ("document", "write", "")]:
+            self.refused(1, *arguments, input=event)
+        self.refused(1, "document", "write", self.home / "x.evn", input=event)
+        gone = pathlib.Path(self.directory.name) / "gone"
+        script = f'mkdir "{gone}"; cd "{gone}"; rmdir "{gone}"; exec "{program.PROGRAM}" --home here list'
+        done = subprocess.run(["bash", "-c", script], capture_output=True, text=True, timeout=60)
+        self.assertEqual((done.returncode, done.stdout), (2, ""))
+
+    def test_closed_standard_output_is_a_failure_and_no_file_gets_the_text(self):
+        self.add("kept", "--date", "2026-04-01")
+        done = subprocess.run(["bash", "-c", f'"{program.PROGRAM}" --home "{self.home}" --json list >&-'],
+                              capture_output=True, text=True, timeout=60)
+        self.assertEqual((done.returncode, done.stderr), (1, "dayward: standard output cannot be written\n"))
+        self.assertEqual(self.run_json("doctor"), {"problems": []})
 
     def test_two_writers_at_once_lose_nothing(self):
         self.run_ok("list")

@@ -1,6 +1,5 @@
 // Pictures, colours and archivable values as JSON.
 #include <cmath>
-#include <filesystem>
 
 #include "Classes/Category/ColorEventBackgroundPicture.h"
 #include "Classes/Category/ColorPicture.h"
@@ -63,7 +62,9 @@ JSON olderTemplateValue(const HHBackgroundInfo& info) {
 
 Result<Data> imageBytes(const JSONFields& fields) {
     if (const auto file = TRY(fields.text("file"))) {
-        auto bytes = Environment::current().files().readFile(std::filesystem::absolute(*file).string());
+        const auto path = absolutePath(*file);
+        if (!path) return jsonFault(fields.path("file"), path.error().description());
+        auto bytes = Environment::current().files().readFile(*path);
         return bytes ? std::move(bytes) : Result<Data>(jsonFault(fields.path("file"), bytes.error().description()));
     }
     const auto text = TRY(fields.text("bytes"));
