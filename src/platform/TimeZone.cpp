@@ -135,7 +135,8 @@ TimeZone TimeZone::utc() {
 
 Result<TimeZone> TimeZone::ofFile(const std::string& path) {
     const Data bytes = TRY(readZoneFile(path));
-    return TimeZone(std::make_shared<const Rules>(Rules{path, TRY(ZoneRules::parse(bytes))}));
+    auto rules = TRY(ZoneRules::parse(bytes));
+    return TimeZone(std::make_shared<const Rules>(Rules{path, std::move(rules)}));
 }
 
 TimeZone TimeZone::system() {
