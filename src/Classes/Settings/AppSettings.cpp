@@ -41,6 +41,15 @@ bool mayExist(FileSystem& files, const std::string& path) {
     return !status || *status;
 }
 
+/// While it is held no other process seeds the file; null where there is nothing to seed, or no lock to be had.
+std::unique_ptr<FileLock> lockToSeed(Environment& environment, const std::string& path) {
+    FileSystem& files = environment.files();
+    const std::string directory = joinPath(environment.paths().state, "locks");
+    if (mayExist(files, path) || !files.createDirectories(directory)) return nullptr;
+    auto lock = files.lock(joinPath(directory, lastPathComponent(path) + ".seeding"), true);
+    return lock ? std::move(*lock) : nullptr;
+}
+
 Array arrayOf(const std::vector<XDIDateInterval>& intervals) {
     Array array;
     for (const auto& interval : intervals) array.push_back(std::make_shared<XDIDateInterval>(interval));
@@ -52,8 +61,11 @@ Array arrayOf(const std::vector<XDIDateInterval>& intervals) {
 AppSettings::AppSettings(Environment& environment)
     : environment_(environment),
       path_(joinPath(environment.paths().applicationSupport, kFileName)),
+      seedingLock_(lockToSeed(environment, path_)),
       existed_(mayExist(environment.files(), path_)),
       storage_(KeyStorageFile{path_}) {}
+
+AppSettings::~AppSettings() = default;
 
 AppSettings& AppSettings::shared() {
     auto& settings = Environment::current().shared<AppSettings>();
@@ -66,9 +78,13 @@ void AppSettings::prepare() {
     if (prepared_) return;
     // Before the seeding: an observer of a seeded value may ask for the settings.
     prepared_ = true;
-    if (existed_) return;
-    setDefaultValues();
-    importOldValues();
+    if (!existed_) {
+        setDefaultValues();
+        importOldValues();
+        // Now: a process that waits for the lock must find the file.
+        static_cast<void>(storage_.write());
+    }
+    seedingLock_.reset();
 }
 
 void AppSettings::setDefaultValues() {

@@ -1,12 +1,13 @@
 // The user's choices: the list's order and looks, what a new event starts with, the launch lock.
 //
 // They live in a key storage over "HHSettings" in the application support directory; only the launch
-// lock is in the standard defaults. When there is no such file yet, the first use seeds it, first
-// with the defaults, then with what an old "HHUserSettings" holds. A value of a wrong type reads as
-// the default. Class operations act on the current environment's settings. Any thread.
+// lock is in the standard defaults. When there is no such file yet, the first use seeds it at once,
+// first with the defaults, then with what an old "HHUserSettings" holds; one process does. A value of a wrong type
+// reads as the default. Class operations act on the current environment's settings. Any thread.
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,6 +23,7 @@
 namespace dayward {
 
 class Environment;
+class FileLock;
 
 class AppSettings {
 public:
@@ -92,6 +94,7 @@ public:
 
     /// Opens the storage. Use the class operations.
     explicit AppSettings(Environment& environment);
+    ~AppSettings();
 
 private:
     static AppSettings& shared();
@@ -109,6 +112,7 @@ private:
 
     Environment& environment_;
     const std::string path_;
+    std::unique_ptr<FileLock> seedingLock_;  ///< until the file is seeded
     const bool existed_;
     CCKeyStorage storage_;
     RecursiveMutex prepareMutex_;

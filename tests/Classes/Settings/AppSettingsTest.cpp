@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <thread>
+
 #include "Submodules/CorpLibrary2/App/Analytics.h"
 #include "intervals/IntervalClasses.h"
 #include "platform/KeyedUnarchiver.h"
@@ -171,6 +173,23 @@ TEST_F(AppSettingsTest, TheSortModesObserverMayAskBackEvenWhileItIsSeeded) {
     AppSettings::setTableSortType(2);
     AppSettings::setTableCellIconShow(false);
     EXPECT_THAT(seen, ElementsAre(0, 2));
+}
+
+TEST_F(AppSettingsTest, OfTwoProcessesThatStartFirstOnlyOneSeeds) {
+    std::thread other;
+    const auto observation =
+        (*device)->notifications().addObserver(AppSettings::kTableSortDidUpdateNotification, [&](const Notification&) {
+            other = std::thread([&] {
+                auto options = withClasses();
+                options.files = files;
+                const TestEnvironment process(std::move(options));
+                AppSettings::setDefaultTime(30);
+            });
+        });
+    EXPECT_EQ(AppSettings::defaultTime(), 0);
+    other.join();
+    restart();
+    EXPECT_EQ(AppSettings::defaultTime(), 30);
 }
 
 TEST_F(AppSettingsTest, TheLaunchLockIsInTheDefaultsAtOnce) {
