@@ -104,6 +104,11 @@ Result<std::int64_t> parseTimeOfDay(std::string_view text) {
     return refused(text, "a time of day such as 09:30");
 }
 
+std::string timeOfDayText(std::int64_t minutes) {
+    const auto twoDigits = [](std::int64_t value) { return (value < 10 ? "0" : "") + std::to_string(value); };
+    return twoDigits(minutes / 60) + ":" + twoDigits(minutes % 60);
+}
+
 Result<std::optional<std::string>> parseRepeat(std::string_view text) {
     constexpr std::array<std::pair<std::string_view, RuleFrequency>, 7> kFrequencies{
         {{"secondly", RuleFrequency::secondly},

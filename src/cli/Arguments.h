@@ -23,6 +23,9 @@ Result<Date> parseMoment(std::string_view text);
 /// "HH:MM", 00:00 to 23:59, as minutes after midnight.
 Result<std::int64_t> parseTimeOfDay(std::string_view text);
 
+/// The reverse, "09:30".
+std::string timeOfDayText(std::int64_t minutes);
+
 /// "daily", "weekly", "monthly", "yearly", "hourly", "never", or a rule string, which comes back in
 /// its normal form. "never" is nothing.
 Result<std::optional<std::string>> parseRepeat(std::string_view text);

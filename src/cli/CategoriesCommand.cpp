@@ -13,6 +13,8 @@
 #include "cli/Output.h"
 #include "cli/Terminal.h"
 #include "platform/Environment.h"
+#include "platform/PercentFormat.h"
+#include "platform/Strings.h"
 #include "platform/UserDefaults.h"
 
 namespace dayward {
@@ -73,12 +75,12 @@ Result<> listCategories(bool json) {
 }
 
 /// The list lives in the defaults, which are written when they are saved: a failed write shows here.
-Result<> finish(const char* what, const Category& category, bool json) {
+Result<> finish(const char* sentence, const Category& category, bool json) {
     TRY_VOID(Environment::current().standardDefaults().synchronize());
     if (json) {
         printJSON({{"key", category->key}});
     } else {
-        printLine(std::string(what) + " " + label(*category));
+        printLine(formatText(localized(sentence), {label(*category)}));
     }
     return {};
 }
@@ -92,14 +94,14 @@ Result<> addCategory(const CategoryOptions& options, bool json) {
         return failure("there is a category '" + *category->name + "' already");
     }
     store.updateCategory(category, CategoryLocalStore::Initialize::no);
-    return finish("added", category, json);
+    return finish("Added %@", category, json);
 }
 
 Result<> editCategory(const std::string& text, const CategoryOptions& options, bool json) {
     const auto changed = std::make_shared<EventCategory>(*TRY(categoryNamed(text)));
     TRY_VOID(options.apply(*changed));
     CategoryLocalStore::shared().updateCategory(changed, CategoryLocalStore::Initialize::no);
-    return finish("updated", changed, json);
+    return finish("Updated %@", changed, json);
 }
 
 Result<> removeCategories(const std::vector<std::string>& texts, bool json) {
@@ -114,7 +116,7 @@ Result<> removeCategories(const std::vector<std::string>& texts, bool json) {
     for (const Category& category : categories) {
         CategoryLocalStore::shared().removeCategory(category);
         removed.push_back(category->key);
-        if (!json) printLine("removed " + label(*category));
+        if (!json) printLine(formatText(localized("Removed %@"), {label(*category)}));
     }
     TRY_VOID(Environment::current().standardDefaults().synchronize());
     if (json) printJSON({{"removed", std::move(removed)}});

@@ -4,6 +4,7 @@
 #include "Classes/Event/Doctor.h"
 #include "cli/Command.h"
 #include "cli/Output.h"
+#include "platform/Strings.h"
 #include "cli/Terminal.h"
 
 namespace dayward {
@@ -20,7 +21,7 @@ void addDoctorCommand(CLI::App& app, ChosenCommand& chosen) {
                 if (!options.json) printLine(printable(problem.path + ": " + problem.reason));
             }
             if (options.json) printJSON({{"problems", std::move(list)}});
-            if (!options.json && problems.empty()) printLine("everything can be read");
+            if (!options.json && problems.empty()) printLine(localized("No problems found"));
             chosen.exitStatus = problems.empty() ? 0 : 1;
             return {};
         };

@@ -9,6 +9,8 @@
 #include "cli/EventLookup.h"
 #include "cli/EventOptions.h"
 #include "cli/Output.h"
+#include "platform/PercentFormat.h"
+#include "platform/Strings.h"
 #include "cli/Terminal.h"
 
 namespace dayward {
@@ -29,7 +31,7 @@ Result<> addEvent(const EventOptions& options, bool json) {
     if (json) {
         printJSON({{"identifier", event->identifier()}});
     } else {
-        printLine("added " + label(*event));
+        printLine(formatText(localized("Added %@"), {label(*event)}));
     }
     return {};
 }
@@ -43,7 +45,7 @@ Result<> editEvent(const std::string& text, const EventOptions& options, bool js
     if (json) {
         printJSON({{"updated", {changed->identifier()}}});
     } else {
-        printLine("updated " + label(*changed));
+        printLine(formatText(localized("Updated %@"), {label(*changed)}));
     }
     return {};
 }
@@ -56,7 +58,7 @@ Result<> removeEvents(const std::vector<std::string>& texts, bool json) {
     JSON removed = JSON::array();
     for (const auto& event : events) {
         removed.push_back(event->identifier());
-        if (!json) printLine("removed " + label(*event));
+        if (!json) printLine(formatText(localized("Removed %@"), {label(*event)}));
     }
     if (json) printJSON({{"removed", std::move(removed)}});
     return {};

@@ -14,6 +14,7 @@
 #include "platform/DateFormatter.h"
 #include "platform/DispatchQueue.h"
 #include "platform/Environment.h"
+#include "platform/Strings.h"
 
 namespace dayward {
 
@@ -43,7 +44,7 @@ Result<> printList(const ListRequest& request, bool identifiers, bool json) {
     if (json) {
         printSectionsJSON(sections);
     } else if (sections.empty()) {
-        printLine(request.search ? "No events found." : "No events. Add one: dayward add NAME --date DATE");
+        printLine(localized("No events") + (request.search ? "" : ": dayward add NAME --date DATE"));
     } else {
         std::string text = listText(sections, {.width = terminalWidth(), .colour = terminalHasColour(),
                                                .identifiers = identifiers});

@@ -57,8 +57,17 @@ private:
                 widen(widths_.interval, row.interval, most);
             }
         }
-        const int overflow = 2 + widths_.title + widths_.date + widths_.interval + 2 * kGap - options_.width;
-        if (overflow > 0) widths_.title = std::max(12, widths_.title - overflow);
+        int overflow = kGap + widths_.title + widths_.date + widths_.interval + 2 * kGap - options_.width;
+        shrink(widths_.title, 12, overflow);
+        shrink(widths_.date, 8, overflow);
+        shrink(widths_.interval, 8, overflow);
+    }
+
+    /// Takes what is too much from a column, but leaves it `least`.
+    static void shrink(int& width, int least, int& overflow) {
+        const int taken = std::clamp(overflow, 0, std::max(0, width - least));
+        width -= taken;
+        overflow -= taken;
     }
 
     void write(const std::string& title, const std::vector<Row>& rows) {

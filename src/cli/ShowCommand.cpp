@@ -1,6 +1,7 @@
 // dayward show ID
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cmath>
 #include <memory>
 
 #include "Classes/Category/CategoryLocalStore.h"
@@ -10,12 +11,16 @@
 #include "Classes/Interface/Detail/EventDetailUnits.h"
 #include "Classes/Interface/List/EventRowText.h"
 #include "Classes/Other/Date/HHDateHelper.h"
+#include "Classes/Other/Date/HHDateIntervalFormat.h"
 #include "Classes/Share/TextActivitySource.h"
+#include "cli/Arguments.h"
 #include "cli/Command.h"
 #include "cli/EventLookup.h"
 #include "cli/Output.h"
 #include "cli/Terminal.h"
 #include "platform/Environment.h"
+#include "platform/PercentFormat.h"
+#include "platform/Strings.h"
 #include "recurrence/XELFormatter.h"
 
 namespace dayward {
@@ -37,8 +42,60 @@ void printEventJSON(const std::shared_ptr<HHEvent>& event) {
     printJSON(document);
 }
 
-void printField(const std::string& label, const std::string& value) {
-    if (!value.empty()) printLine(padded(label, 10) + fitted(value, std::max(20, terminalWidth() - 10)));
+constexpr int kLabelWidth = 16;
+
+void printField(const char* label, const std::string& value) {
+    if (!value.empty()) {
+        printLine(padded(localized(label), kLabelWidth) + fitted(value, std::max(20, terminalWidth() - kLabelWidth)));
+    }
+}
+
+std::string joined(const std::vector<std::string>& texts) {
+    std::string result;
+    for (const std::string& text : texts) result += (result.empty() ? "" : ", ") + text;
+    return result;
+}
+
+std::string timesText(const std::vector<std::int64_t>& times) {
+    if (times == std::vector<std::int64_t>{0}) return {};  // an event of a whole day
+    std::vector<std::string> texts;
+    for (const std::int64_t minutes : times) texts.push_back(timeOfDayText(minutes));
+    return joined(texts);
+}
+
+/// "1 Day Before", "On Event".
+std::string alertText(const XDIDateInterval& alert) {
+    if (!alert.isSet()) return localized("On Event");
+    XDIDateInterval distance;
+    bool after = false;
+    for (const CalendarUnit unit : {CalendarUnit::year, CalendarUnit::month, CalendarUnit::week, CalendarUnit::day,
+                                    CalendarUnit::hour, CalendarUnit::minute, CalendarUnit::second}) {
+        if (!alert.getUnits().contains(unit)) continue;
+        after = after || alert.valueForUnit(unit) < 0;
+        distance.setValue(std::abs(alert.valueForUnit(unit)), unit);
+    }
+    HHDateIntervalFormat format;
+    format.separator = " ";
+    return formatText(localized(after ? "%@ After" : "%@ Before"), {format.resultForDateInterval(distance)});
+}
+
+std::string alertsText(const HHEvent& event) {
+    std::vector<std::string> texts;
+    for (const XDIDateInterval& alert : event.alerts().list.value_or(std::vector<XDIDateInterval>())) {
+        texts.push_back(alertText(alert));
+    }
+    return joined(texts);
+}
+
+void printFields(const HHEvent& event) {
+    printField("Time", timesText(event.times()));
+    if (event.rrule()) printField("Repeat", XELFormatter().stringForRRule(*event.rrule()).value_or(*event.rrule()));
+    if (event.duration()) printField("Duration", HHDateIntervalFormat().resultForDateInterval(*event.duration()));
+    printField("Alerts", alertsText(event));
+    const auto category = CategoryLocalStore::shared().getCategory(event.categoryKey());
+    if (category) printField("Category", category->name.value_or(""));
+    printField("Note", event.note().value_or(""));
+    printField("Identifier", event.identifier());
 }
 
 void printEventText(const HHEvent& event) {
@@ -47,11 +104,7 @@ void printEventText(const HHEvent& event) {
     printLine(fitted(text.date, terminalWidth()));
     printLine(fitted(text.interval.value_or(""), terminalWidth()));
     printLine("");
-    if (event.rrule()) printField("repeats", XELFormatter().stringForRRule(*event.rrule()).value_or(*event.rrule()));
-    const auto category = CategoryLocalStore::shared().getCategory(event.categoryKey());
-    if (category) printField("category", category->name.value_or(""));
-    printField("note", event.note().value_or(""));
-    printField("id", event.identifier());
+    printFields(event);
     const std::vector<DetailUnitRow> rows = unitRows(event);
     int labels = 0;
     int values = 0;

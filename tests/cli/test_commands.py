@@ -68,6 +68,14 @@ class Events(ProgramTest):
         self.assertEqual(dict(event["units"])["Weeks"], "7.84")
         self.assertTrue(event["shareText"].startswith("Mother's birthday - is coming in "), event["shareText"])
 
+    def test_the_text_form_tells_the_event_in_the_users_language(self):
+        self.add("Trip", "--date", "2026-05-04", "--time", "09:05", "--repeat", "weekly", "--duration", "2 hours",
+                 "--alert", "1 day before", "--alert", "on event", "--alert", "2 hours after")
+        lines = {line[:16].strip(): line[16:] for line in self.run_ok("show", "Trip").splitlines()}
+        self.assertEqual([lines[label] for label in ("Time", "Repeat", "Duration", "Alerts", "Category")],
+                         ["09:05", "Weekly", "2 Hours", "1 Day Before, On Event, 2 Hours After", "Default"])
+        self.assertIn("Напоминания     За 1 День", self.run_ok("show", "Trip", locale="ru_RU"))
+
     def test_a_name_stands_for_the_only_event_of_that_name(self):
         identifier = self.add("Only", "--date", "2026-04-01")
         self.assertEqual(self.run_json("show", "Only")["identifier"], identifier)
