@@ -12,6 +12,8 @@ using Frequency = ParsedRule::Frequency;
 constexpr std::int64_t kSecondsPerDay = 86400;
 /// Units that are tried between two occurrences before a walk gives up.
 constexpr int kMaximumTries = 1'000'000;
+/// Occurrences of a counted rule that are walked over before the first that is asked for.
+constexpr int kMaximumCounted = 1'000'000;
 
 constexpr std::int64_t floorDivide(std::int64_t value, std::int64_t divisor) {
     return value / divisor - (value % divisor < 0 ? 1 : 0);
@@ -29,7 +31,13 @@ public:
         static constexpr std::array<std::int64_t, 4> unitSeconds = {1, 60, 3600, kSecondsPerDay};
         unitSeconds_ = unitSeconds[static_cast<std::size_t>(rule_->frequency())];
         unit_ = floorDivide(secondsOf(firstTime()), unitSeconds_);
-        if (skipTo && rule_->count() == 0) skipTowards(secondsOf(*skipTo));
+        if (!skipTo) return;
+        if (rule_->count() == 0) {
+            skipTowards(secondsOf(*skipTo));
+        } else {
+            askedFrom_ = skipTo;
+            if (hasNoLists()) countTowards(secondsOf(*skipTo));
+        }
     }
 
     std::optional<IcalTime> next() override {
@@ -75,6 +83,7 @@ private:
         if (isBeyondEnd(time)) isAtEnd_ = true;
         if (isAtEnd_ || time < start_) return std::nullopt;
         if (rule_->count() != 0 && ++occurrences_ >= rule_->count()) isAtEnd_ = true;
+        if (askedFrom_ && time < *askedFrom_ && ++walkedOver_ > kMaximumCounted) isAtEnd_ = true;
         return time;
     }
 
@@ -168,14 +177,32 @@ private:
         if (seconds - margin - unit_ * unitSeconds_ > length) advanceTo(seconds - margin);
     }
 
+    [[nodiscard]] bool hasNoLists() const {
+        return rule_->seconds().empty() && rule_->minutes().empty() && rule_->hours().empty() &&
+               rule_->days().empty() && rule_->daysOfMonth().empty() && rule_->daysOfYear().empty() &&
+               rule_->months().empty();
+    }
+
+    /// Without lists every step is one occurrence.
+    void countTowards(std::int64_t seconds) {
+        const std::int64_t step = unitSeconds_ * rule_->interval();
+        const std::int64_t steps = floorDivide(seconds - unit_ * unitSeconds_, step) - 2;
+        if (steps <= 0) return;
+        unit_ += steps * rule_->interval();
+        occurrences_ += steps;
+        if (occurrences_ >= rule_->count()) isAtEnd_ = true;
+    }
+
     std::shared_ptr<const ParsedRule> rule_;
     IcalTime start_;
     std::vector<int> offsets_;
+    std::optional<IcalTime> askedFrom_;  ///< of counted rules
+    int walkedOver_ = 0;
     std::int64_t unitSeconds_ = 1;
     std::int64_t unit_ = 0;
     std::size_t offset_ = 0;
     std::size_t value_ = 0;
-    int occurrences_ = 0;
+    std::int64_t occurrences_ = 0;
     bool isAtEnd_ = false;
     std::int64_t checkedDay_ = INT64_MIN;
     bool isCheckedDayAllowed_ = false;
