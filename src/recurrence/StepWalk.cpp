@@ -13,7 +13,7 @@ constexpr std::int64_t kSecondsPerDay = 86400;
 /// Units that are tried between two occurrences before a walk gives up.
 constexpr int kMaximumTries = 1'000'000;
 /// Occurrences of a counted rule that are walked over before the first that is asked for.
-constexpr int kMaximumCounted = 1'000'000;
+constexpr int kMaximumCounted = 500'000;
 
 constexpr std::int64_t floorDivide(std::int64_t value, std::int64_t divisor) {
     return value / divisor - (value % divisor < 0 ? 1 : 0);
