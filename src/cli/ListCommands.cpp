@@ -65,7 +65,7 @@ std::string watchFrame(Environment& environment) {
     const Date now = environment.now();
     const auto clock = DateFormatter::withStyles(DateFormatter::Style::full, DateFormatter::Style::medium,
                                                  environment.locale(), environment.timeZone());
-    std::string frame = clock.stringFromDate(now) + "\n\n";
+    std::string frame = fitted(clock.stringFromDate(now), terminalWidth()) + "\n\n";
     frame += listText(listSections({}), {.width = terminalWidth(), .colour = terminalHasColour(),
                                          .maximumLines = std::max(3, terminalHeight() - 3)});
     return frame;
