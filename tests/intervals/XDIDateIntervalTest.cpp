@@ -5,7 +5,6 @@
 
 #include <limits>
 
-#include "intervals/DateComponentsAdvanced.h"
 #include "intervals/IntervalClasses.h"
 #include "intervals/XDIHelper.h"
 #include "intervals/XDIUnitInterval.h"
@@ -172,22 +171,6 @@ TEST_F(IntervalArchive, UnitIntervals) {
     const auto empty = raw({{"XDIUnitInterval", 0}});
     ASSERT_TRUE(empty);
     EXPECT_EQ(*empty, XDIUnitInterval(static_cast<Unit>(0), 0));
-}
-
-TEST(DateComponentsAdvanced, KnowsTheIntervalsUnitsOnly) {
-    DateComponents components;
-    for (const std::uint64_t flag : {4, 8, 16, 32, 64, 128, 256}) {
-        const auto unit = static_cast<Unit>(flag);
-        EXPECT_FALSE(advancedValueForUnit(components, unit)) << "undefined at first";
-        setAdvancedValue(components, static_cast<std::int64_t>(flag), unit);
-        EXPECT_EQ(advancedValueForUnit(components, unit), static_cast<std::int64_t>(flag));
-    }
-    const DateComponents before = components;
-    for (const Unit other : {Unit::weekday, Unit::weekOfYear, static_cast<Unit>(0), static_cast<Unit>(12)}) {
-        setAdvancedValue(components, 7, other);
-        EXPECT_EQ(advancedValueForUnit(components, other), 0);
-    }
-    EXPECT_EQ(components, before);
 }
 
 TEST(XDIHelper, DistancesAndFieldDifferences) {

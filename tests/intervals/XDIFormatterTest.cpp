@@ -71,16 +71,6 @@ TEST(XDIUnitIntervalFormatter, UnknownStylesAndUnitsHaveNoName) {
     EXPECT_EQ(Formatter::stringForUnit(CalendarUnit::weekOfYear, 2, TextStyle::symbol), "2");
 }
 
-TEST(XDIUnitIntervalFormatter, OwnLocaleAndNumbersComeBeforeTheEnvironments) {
-    const TestEnvironment environment;
-    XDIUnitIntervalFormatter formatter;
-    formatter.style = TextStyle::full;
-    formatter.setLocale(Locale("ru_RU"));
-    formatter.setNumberFormatter(NumberFormatter(Locale("ru_RU"), 2, 2));
-    EXPECT_EQ(formatter.stringForUnitInterval({kDay, 1.5}), "1,50 Дней");
-    EXPECT_EQ(formatter.nameCalendarUnitForUnitInterval({kDay, 1}), "День");
-}
-
 TEST(XDIFormatter, WritesTheSetUnitsInOrder) {
     const TestEnvironment environment;
     struct Case {

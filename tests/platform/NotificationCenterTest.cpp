@@ -4,7 +4,6 @@
 
 #include <atomic>
 #include <latch>
-#include <optional>
 #include <thread>
 
 namespace dayward {
@@ -25,14 +24,6 @@ protected:
     std::vector<std::string> calls;
 };
 
-TEST_F(Notifications, reachObserversOfTheNameInTheOrderOfTheirAdding) {
-    const auto first = center->addObserver("a", remember("first"));
-    const auto other = center->addObserver("b", remember("other"));
-    const auto second = center->addObserver("a", remember("second"));
-    center->post("a", nullptr);
-    EXPECT_THAT(calls, ElementsAre("first", "second"));
-}
-
 TEST_F(Notifications, ofOneObjectReachOnlyItsObservers) {
     const int sender = 0;
     const int stranger = 0;
@@ -41,16 +32,6 @@ TEST_F(Notifications, ofOneObjectReachOnlyItsObservers) {
     center->post("a", &stranger);
     center->post("a", &sender);
     EXPECT_THAT(calls, ElementsAre("any", "any", "own"));
-}
-
-TEST_F(Notifications, carryNameSenderAndInformation) {
-    std::optional<Notification> seen;
-    const auto observation = center->addObserver("a", [&](const Notification& note) { seen = note; });
-    center->post("a", this, {{"updated", Object(3)}});
-    ASSERT_TRUE(seen);
-    EXPECT_EQ(seen->name, "a");
-    EXPECT_EQ(seen->object, this);
-    EXPECT_EQ(seen->userInfo.at("updated").integer(), 3);
 }
 
 TEST_F(Notifications, endWithTheObservationAndItsReplacement) {
@@ -89,14 +70,6 @@ TEST_F(Notifications, mayBePostedAndObservedInsideAHandler) {
     const auto inner = center->addObserver("b", remember("inner"));
     center->post("a", nullptr);
     EXPECT_THAT(calls, ElementsAre("outer", "inner"));
-}
-
-TEST_F(Notifications, releaseTheHandlerWhenTheObservationEnds) {
-    auto held = std::make_shared<int>(1);
-    const std::weak_ptr<int> watched = held;
-    auto observation = center->addObserver("a", [held = std::move(held)](const Notification&) {});
-    observation.end();
-    EXPECT_TRUE(watched.expired());
 }
 
 TEST_F(Notifications, outliveTheirCenter) {

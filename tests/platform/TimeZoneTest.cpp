@@ -11,7 +11,6 @@
 #include <random>
 #include <set>
 #include <sstream>
-#include <thread>
 
 #include "platform/ZoneRules.h"
 
@@ -422,25 +421,6 @@ TEST(PosixZone, RulesOfTheFooter) {
                              "XXX--3"}) {
         EXPECT_FALSE(PosixZone::parse(text)) << text;
     }
-}
-
-TEST(TimeZone, ThreadsShareZones) {
-    std::vector<std::thread> threads;
-    std::atomic<int> wrong = 0;
-    for (int i = 0; i < 4; ++i) {
-        threads.emplace_back([&wrong] {
-            for (const char* name : {"Europe/Paris", "Asia/Kolkata", "America/Denver"}) {
-                const auto zone = TimeZone::named(name);
-                for (std::int64_t at = 0; at < kYear2060; at += 50000000) {
-                    const Date date = instant(at);
-                    const auto found = zone->instantOfLocal(zone->localOfInstant(date));
-                    if (zone->localOfInstant(found) != zone->localOfInstant(date)) ++wrong;
-                }
-            }
-        });
-    }
-    for (auto& thread : threads) thread.join();
-    EXPECT_EQ(wrong, 0);
 }
 
 }  // namespace

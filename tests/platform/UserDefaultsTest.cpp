@@ -29,16 +29,6 @@ protected:
     TestEnvironment environment{TestEnvironment::Options{.files = files}};
 };
 
-TEST_F(UserDefaultsTest, absentValuesReadAsTheirDefaults) {
-    const auto defaults = open();
-    EXPECT_TRUE(defaults->objectForKey("key").isNull());
-    EXPECT_FALSE(defaults->boolForKey("key"));
-    EXPECT_EQ(defaults->integerForKey("key"), 0);
-    EXPECT_EQ(defaults->stringForKey("key"), std::nullopt);
-    EXPECT_TRUE(defaults->unarchiveObjectForKey("key").isNull());
-    EXPECT_TRUE(environment.log->errors().empty()) << "a missing file is no failure";
-}
-
 TEST_F(UserDefaultsTest, changesAreSeenAtOnceAndStoredOnSynchronize) {
     const auto defaults = open();
     defaults->setObject(true, "on");

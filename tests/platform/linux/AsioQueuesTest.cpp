@@ -83,20 +83,6 @@ TEST_F(RealQueues, syncRunsAfterWhatWasQueuedEvenWhileThePoolIsBusy) {
     EXPECT_THAT(order, ElementsAre("queued", "sync", "inner", "global"));
 }
 
-TEST_F(RealQueues, manySyncsThroughOneQueueEndWhileThePoolIsBusy) {
-    const auto queue = queues.makeSerial("test");
-    const BusyPool busy(queues);
-    std::atomic<int> count = 0;
-    std::vector<std::thread> threads;
-    for (int number = 0; number < 8; ++number) {
-        threads.emplace_back([&] {
-            for (int round = 0; round < 100; ++round) queue->sync([&] { ++count; });
-        });
-    }
-    for (auto& thread : threads) thread.join();
-    EXPECT_EQ(count, 800);
-}
-
 TEST_F(RealQueues, syncOnTheOwnSerialQueueStopsTheProcess) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_DEATH(
@@ -122,16 +108,6 @@ TEST_F(RealQueues, theMainQueueRunsInTheLoopOfItsThread) {
     EXPECT_THAT(seen, ElementsAre(std::this_thread::get_id(), std::this_thread::get_id()));
 }
 
-TEST_F(RealQueues, stoppingTheLoopBeforeItRunsEndsItAtOnce) {
-    bool ran = false;
-    queues.main().async([&] { ran = true; });
-    queues.mainLoop().stop();
-    queues.mainLoop().run();
-    EXPECT_FALSE(ran);
-    queues.waitUntilIdle();
-    EXPECT_TRUE(ran);
-}
-
 TEST_F(RealQueues, waitingForIdleFollowsWorkThatGoesBackAndForthToTheMainQueue) {
     int hops = 0;
     std::function<void()> hop = [&] {
@@ -142,13 +118,6 @@ TEST_F(RealQueues, waitingForIdleFollowsWorkThatGoesBackAndForthToTheMainQueue) 
     queues.global().async(hop);
     queues.waitUntilIdle();
     EXPECT_EQ(hops, 200);
-}
-
-TEST_F(RealQueues, waitingForIdleServesABlockThatWaitsForTheMainQueue) {
-    bool ran = false;
-    queues.global().async([&] { queues.main().sync([&] { ran = true; }); });
-    queues.waitUntilIdle();
-    EXPECT_TRUE(ran);
 }
 
 TEST_F(RealQueues, delaysPassBeforeTheirBlocksRunAlsoWhileThePoolIsBusy) {

@@ -119,30 +119,6 @@ TEST_F(RealFiles, aLogThatCannotBeOpenedSpeaksOnStandardError) {
     EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("\nwent wrong\n"));
 }
 
-TEST_F(RealFiles, makeAnEnvironmentThatWorks) {
-    ASSERT_TRUE(files.createDirectories(path("resources/strings/en")));
-    ASSERT_TRUE(writeFileAtomically(files, path("resources/strings/en/Main.json"), dataOf(R"({"Yes": "Yes!"})")));
-    LinuxOptions options;
-    options.home = path("home");
-    options.resources = path("resources");
-    options.zone = "Europe/Moscow";
-    options.locale = "ru_RU";
-    options.fixedNow = environment.at("2026-03-10");
-    options.archiveClasses = std::make_shared<ArchiveClasses>();
-    auto services = makeLinuxServices(options);
-    ASSERT_TRUE(services) << services.error().description();
-    Environment made(std::move(*services));
-    const EnvironmentScope scope(&made);
-    EXPECT_EQ(made.now(), environment.at("2026-03-10"));
-    EXPECT_EQ(made.timeZone().secondsFromUTC(made.now()), 10800);
-    EXPECT_EQ(made.locale().languageCode(), "ru");
-    EXPECT_EQ(localized("Yes"), "Yes!");
-    EXPECT_TRUE(files.isDirectory(path("home/data/Documents")));
-    EXPECT_TRUE(made.watcher()->watch(made.paths().documents, [](const auto&) {}));
-    logError("kept");
-    EXPECT_THAT(textOf(*files.readFile(path("home/state/dayward.log"))), HasSubstr("kept"));
-}
-
 TEST_F(RealFiles, anEnvironmentWithoutItsPlaceOrZoneIsAnError) {
     LinuxOptions options;
     options.resources = DAYWARD_TEST_RESOURCES;

@@ -3,14 +3,11 @@
 
 #include <gtest/gtest.h>
 
-#include <climits>
 #include <limits>
 #include <random>
 
 #include "Classes/Other/Date/DateParts.h"
 #include "Classes/Other/Date/Duration.h"
-#include "Classes/Other/Date/HHDayOfWeek.h"
-#include "platform/Strings.h"
 #include "support/TestEnvironment.h"
 
 namespace dayward {
@@ -102,15 +99,6 @@ TEST(HHDateHelper, RoundingIsNearestAndNeverNothing) {
     }
 }
 
-TEST(HHDateHelper, PlainAndDetailedDistancesKeepTheFirstCalendar) {
-    TestEnvironment environment({.zone = "Europe/Berlin"});
-    const Date from = environment.at("2026-03-28T12:00:00"), to = environment.at("2026-03-29T12:00:00");
-    EXPECT_EQ(text(HHDateHelper::dateIntervalFromDate(from, to, Unit::day | Unit::hour)), "1d 0h ");
-    EXPECT_EQ(HHDateHelper::detailDateIntervalFromDate(from, to).hour, 23);
-    environment->setTimeZone(TimeZone::utc());
-    EXPECT_EQ(text(HHDateHelper::dateIntervalFromDate(from, to, Unit::day | Unit::hour)), "1d 0h ");
-}
-
 TEST(HHDateHelper, BearsAnyDate) {
     TestEnvironment environment;
     for (const double number : {1e18, -1e18, 1e300, -std::numeric_limits<double>::infinity(), std::nan("")}) {
@@ -180,26 +168,6 @@ TEST_F(Parts, BoundsWhereTheClocksChange) {
     EXPECT_EQ(endOfHour(again), again + TimeInterval(19 * 60 + 59));
 }
 
-TEST_F(Parts, BuildsAndReads) {
-    EXPECT_EQ(local(dateWithYear(2027, std::nullopt, 5, std::nullopt, 7, std::nullopt)), "2027-03-05T12:07:56");
-    EXPECT_EQ(local(dateWithYear(std::nullopt, 14, std::nullopt)), "2027-02-10T00:00:00");
-    EXPECT_EQ(second(at("2026-02-03T10:15:30")), 30);
-    EXPECT_EQ(munitesInDay(at("2026-02-03T10:15:30")), 615);
-    EXPECT_EQ(local(dateWithMunitesInDay(at("2026-02-03T10:15:30"), 1439)), "2026-02-03T23:59:00");
-    EXPECT_EQ(stringFromFormat(at("2026-02-03T10:15:30"), "EEEE d. MMMM, HH:mm"), "Dienstag 3. Februar, 10:15");
-}
-
-TEST_F(Parts, ADateMayCarryItsZone) {
-    const Date date = at("2026-02-03T10:15:30");
-    const ZonedDate zoned = changeWithTimeZone(date, *TimeZone::named("Asia/Tokyo"));
-    EXPECT_EQ(zoned.date, date);
-    EXPECT_EQ(timeZone(zoned).name(), "Asia/Tokyo");
-    EXPECT_EQ(timeZone(date).name(), "Europe/Berlin");
-    environment->setTimeZone(TimeZone::utc());
-    EXPECT_EQ(timeZone(date).name(), "UTC") << "read at each call";
-    EXPECT_EQ(timeZone(zoned).name(), "Asia/Tokyo");
-}
-
 TEST_F(Parts, BearAnyDate) {
     for (const double number : {1e18, -1e18, 1e300, -std::numeric_limits<double>::infinity(), std::nan("")}) {
         const Date date = Date::sinceReference(number);
@@ -246,14 +214,6 @@ TEST(Duration, MovesDatesOnItsCalendar) {
     environment->setTimeZone(TimeZone::utc());
     EXPECT_EQ(day.calendar().timeZone().name(), "Europe/Berlin") << "the calendar of when it was built";
     EXPECT_DEATH((void)Duration::years(INT64_MIN).ago(), "cannot add");
-}
-
-TEST(HHDayOfWeek, NamesSevenDays) {
-    TestEnvironment environment;
-    EXPECT_EQ(HHDayOfWeek::values(), (std::vector{1, 2, 3, 4, 5, 6, 7}));
-    EXPECT_EQ(HHDayOfWeek::descriptionByValue(1), localized("Sunday"));
-    EXPECT_EQ(HHDayOfWeek::descriptionByValue(7), localized("Saturday"));
-    for (const int value : {0, 8, -1, INT_MAX}) EXPECT_EQ(HHDayOfWeek::descriptionByValue(value), "-");
 }
 
 }  // namespace

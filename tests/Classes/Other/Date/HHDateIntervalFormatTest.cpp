@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "Classes/Other/Date/HHDateHelper.h"
 #include "Classes/Other/Date/HHDateLocalize.h"
 #include "support/TestEnvironment.h"
 
@@ -68,15 +67,6 @@ TEST(HHDateIntervalFormat, AUnitMayHaveItsOwnNumberStyle) {
               "1.50 Days; 2 Hours; 1.00 Minute");
 }
 
-TEST(HHDateIntervalFormat, DetailTellsTheWholeDistanceInEachUnit) {
-    const TestEnvironment environment;
-    const HHDateIntervalFormat format(TextStyle::full, NumberStyle::twoDecimals);
-    const auto detail = HHDateHelper::detailDateIntervalFromDate(environment.at("2026-03-10T12:00:00"),
-                                                                 environment.at("2026-03-12T00:00:00"));
-    EXPECT_EQ(format.resultForDetailDateInterval(detail),
-              "0.00 Years, 0.03 Months, 0.21 Weeks, 1.50 Days, 36.00 Hours, 2,160.00 Minutes, 129,600.00 Seconds");
-}
-
 TEST(HHDateLocalize, NamesUnitsByStyleAndNumber) {
     struct Case {
         const char* locale;
@@ -100,14 +90,6 @@ TEST(HHDateLocalize, NamesUnitsByStyleAndNumber) {
     const TestEnvironment environment;
     EXPECT_DEATH((void)HHDateLocalize::nameForUnit(CalendarUnit::weekday, 1.0, Style::full), "no name for a unit");
     EXPECT_DEATH((void)HHDateLocalize::nameForUnit(kDay, 1.0, Style::unknown), "no name for a unit");
-}
-
-TEST(HHDateLocalize, StylesHaveWords) {
-    using Style = HHDateLocalize::Style;
-    for (const auto style : {Style::symbol, Style::short_, Style::full})
-        EXPECT_EQ(HHDateLocalize::styleFromString(HHDateLocalize::stringFromStyle(style)), style);
-    EXPECT_EQ(HHDateLocalize::styleFromString("Full"), Style::unknown);
-    EXPECT_EQ(HHDateLocalize::styleFromTextStyle(TextStyle::number), Style::unknown);
 }
 
 TEST(HHDateLocalize, NamesTheValuesOfRules) {

@@ -40,14 +40,6 @@ TEST(HHEventDateFormat, CountsDownInItsUnitsAndWords) {
     EXPECT_EQ(HHEventDateFormat().countdownToDate(std::nullopt), std::nullopt);
 }
 
-TEST(HHEventDateFormat, ComparesBothFields) {
-    const HHEventDateFormat plain;
-    EXPECT_EQ(plain, HHEventDateFormat(kDay, TextStyle::full));
-    EXPECT_FALSE(plain == HHEventDateFormat(kHour, TextStyle::full));
-    EXPECT_FALSE(plain == HHEventDateFormat(kDay, TextStyle::short_));
-    EXPECT_TRUE(plain.isEqual(HHEventDateFormat(kDay, TextStyle::full)));
-}
-
 /// Writes whatever keys a test wants under the class's name.
 class Forged final : public Archivable {
 public:

@@ -51,17 +51,6 @@ protected:
     std::unique_ptr<TestEnvironment> device;
 };
 
-TEST_F(CCAppTest, BeforeAnyStartNothingIsRecordedAndNothingFails) {
-    EXPECT_EQ(CCApp::startCount(), 0u);
-    EXPECT_EQ(CCApp::releaseStartCount(), 0u);
-    EXPECT_FALSE(CCApp::isFirstStart());
-    EXPECT_EQ(CCApp::installDate(), (*device)->now());
-    EXPECT_EQ(CCApp::releaseDate(), (*device)->now());
-    EXPECT_TRUE(value(CCAppValueKeys::previousAppVersion).isNull());
-    EXPECT_EQ(CCAppHistory::dateToLastEvent(CCAppHistoryKeys::start, 5), std::nullopt);
-    EXPECT_TRUE(device->log->errors().empty());
-}
-
 TEST_F(CCAppTest, TheFirstStartRecordsInstallAndStartButNoUpdate) {
     start("2.4");
     EXPECT_TRUE(CCApp::isFirstStart());
@@ -89,12 +78,6 @@ TEST_F(CCAppTest, LaterStartsCountFromTheNewestRelease) {
     EXPECT_EQ(CCApp::releaseStartCount(), 2u);
     EXPECT_EQ(count(CCAppHistoryKeys::install), 1u);
     EXPECT_EQ(count(CCAppHistoryKeys::update), 1u);
-}
-
-TEST_F(CCAppTest, WithoutAVersionOnlyTheStartIsRecorded) {
-    start(std::nullopt);
-    EXPECT_TRUE(value(CCAppValueKeys::astAppVersion).isNull());
-    EXPECT_EQ(CCApp::startCount(), 1u);
 }
 
 TEST_F(CCAppTest, AStoredVersionThatIsNoStringCountsAsNone) {

@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include "Submodules/CorpLibrary2/App/CCAppExValues.h"
 #include "Submodules/CorpLibrary2/App/CCAppHistory.h"
 #include "Submodules/CorpLibrary2/App/XXAppData.h"
 #include "Submodules/CorpLibrary2/Foundation/FoundationFixture.h"
@@ -125,25 +124,6 @@ TEST_F(AppFilesTest, TheOlderPairIsReadAndWritten) {
     XXAppData::dataWithContentsOfFile();
     EXPECT_FALSE(XXAppData::isExistsValueForKey("count"));
     EXPECT_EQ(XXAppData::countEvent("closed"), 0u);
-}
-
-TEST_F(AppFilesTest, RemoteSwitchesAreOffWithoutAContainer) {
-    class Container final : public TagContainer {
-        [[nodiscard]] bool booleanForKey(const std::string& key) const override { return key == "on"; }
-        [[nodiscard]] double doubleForKey(const std::string&) const override { return 0.5; }
-        [[nodiscard]] std::int64_t integerForKey(const std::string&) const override { return 7; }
-        [[nodiscard]] std::optional<std::string> stringForKey(const std::string& key) const override { return key; }
-    };
-    CCAppExValues::setContainer(std::make_shared<Container>());
-    EXPECT_TRUE(CCAppExValues::booleanForKey("on"));
-    EXPECT_EQ(CCAppExValues::stringForKey("name"), "name");
-    EXPECT_EQ(CCAppExValues::integerForKey("n"), 7);
-    asOther([] { EXPECT_FALSE(CCAppExValues::booleanForKey("on")); });
-    CCAppExValues::setContainer(nullptr);
-    EXPECT_FALSE(CCAppExValues::booleanForKey("on"));
-    EXPECT_EQ(CCAppExValues::doubleForKey("n"), 0);
-    EXPECT_EQ(CCAppExValues::integerForKey("n"), 0);
-    EXPECT_EQ(CCAppExValues::stringForKey("name"), std::nullopt);
 }
 
 }  // namespace

@@ -98,18 +98,6 @@ TEST(Base64, RefusesBrokenText) {
     }
 }
 
-TEST(DataBytes, PrefixAndSuffix) {
-    const Data data{1, 2, 3};
-    EXPECT_TRUE(hasPrefixBytes(data, {}));
-    EXPECT_TRUE(hasPrefixBytes(data, Data{1, 2}));
-    EXPECT_TRUE(hasSuffixBytes(data, Data{2, 3}));
-    EXPECT_TRUE(hasSuffixBytes(data, data));
-    EXPECT_FALSE(hasPrefixBytes(data, Data{2}));
-    EXPECT_FALSE(hasSuffixBytes(data, Data{3, 2}));
-    EXPECT_FALSE(hasSuffixBytes(data, Data{0, 1, 2, 3}));
-    EXPECT_FALSE(hasPrefixBytes({}, Data{1}));
-}
-
 TEST(MD5, AgreesWithThePublishedVectors) {
     EXPECT_EQ(stringFromMD5("abc"), "900150983cd24fb0d6963f7d28e17f72");
     EXPECT_EQ(stringFromMD5("message digest"), "f96b697d7cb7938d525a2f31aaf161d0");

@@ -55,17 +55,6 @@ TEST_F(CCKeyStorageTest, AnythingElseThanADictionaryOpensEmptyAndIsReplacedByThe
     }
 }
 
-TEST_F(CCKeyStorageTest, ABurstOfChangesIsOneWrite) {
-    const auto storage = open();
-    storage->setValue(1, "a");
-    storage->setValue(2, "b");
-    environment.queues->runAll();
-    EXPECT_EQ(writeCount(), 0u);
-    letDelayPass();
-    EXPECT_EQ(writeCount(), 1u);
-    EXPECT_EQ(onDisk(path), Object(Dictionary{{"a", 1}, {"b", 2}}));
-}
-
 TEST_F(CCKeyStorageTest, ALaterChangeDefersTheWrite) {
     const auto storage = open();
     storage->setTimeOutWrite(TimeInterval(10));

@@ -101,29 +101,6 @@ std::vector<int> keys(const std::vector<Item>& items) {
     return result;
 }
 
-TEST(CCTableDataSource, FirstRowComesAsItsSectionAndLastRowGoesAsItsSection) {
-    ItemTable table(byOrder, true);
-    table.appendObject({1, 5, 10});
-    table.appendObject({2, 5, 5});
-    table.appendObject({3, 4, 1});
-    table.removeObject({3});
-    table.removeObject({2});
-    table.removeObject({2});
-    table.removeObject({1});
-    EXPECT_EQ(table.log, (Log{"insert section 0", "insert row 0.0", "insert section 0", "delete section 0",
-                              "delete row 0.0", "delete section 0"}));
-    EXPECT_EQ(table.numberOfSections(), 0U);
-}
-
-TEST(CCTableDataSource, WithoutComparatorsEachAppendGoesFirst) {
-    ItemTable table;
-    for (int key = 1; key <= 3; ++key) table.appendObject({key});
-    EXPECT_EQ(keys(table.objects()), (std::vector{3, 2, 1}));
-    table.setObjects({{4}, {5}, {6}});
-    EXPECT_EQ(keys(table.objects()), (std::vector{4, 5, 6})) << "nothing is sorted without a comparator";
-    EXPECT_EQ(table.numberOfSections(), 1U);
-}
-
 TEST(CCTableDataSource, UpdatedRowStaysUntilItIsSorted) {
     ItemTable table(byOrder, true);
     table.setObjects({{1, 1, 1}, {2, 1, 2}, {3, 1, 3}});
@@ -142,21 +119,6 @@ TEST(CCTableDataSource, UpdatedRowStaysUntilItIsSorted) {
     EXPECT_EQ(table.takeLog(), (Log{"reload row 1.0", "move row 1.0 to 0.0", "delete section 1"}));
     table.updateObject({7, 1, 2});
     EXPECT_EQ(table.takeLog(), Log{"insert row 0.2"}) << "an unknown row is appended, behind its equals";
-}
-
-TEST(CCTableDataSource, NewRowGoesBeforeTheFirstRowItIsBeforeEvenInDisorder) {
-    ItemTable table(byOrder);
-    table.setObjects({{1, 0, 10}, {2, 0, 20}, {3, 0, 30}, {4, 0, 40}});
-    table.appendObject({5, 0, 25});
-    table.updateObject({1, 0, 100});
-    table.takeLog();
-    table.appendObject({6, 0, 35});
-    EXPECT_EQ(table.takeLog(), Log{"insert row 0.0"}) << "row 1 now stands before its betters, and is met first";
-    table.sortData();
-    table.takeLog();
-    table.appendObject({7, 0, 36});
-    EXPECT_EQ(table.takeLog(), Log{"insert row 0.4"});
-    EXPECT_EQ(keys(table.objects()), (std::vector{2, 5, 3, 6, 7, 4, 1}));
 }
 
 TEST(CCTableDataSource, RowsMovedSilentlyTellNobody) {

@@ -4,29 +4,12 @@
 
 #include <limits>
 
-#include "Submodules/CorpLibrary2/Foundation/ComponentsExtensions.h"
 #include "support/TestEnvironment.h"
 
 namespace dayward {
 namespace {
 
 using Unit = CalendarUnit;
-
-TEST(ComponentsExtensions, KnowTheWeekdayToo) {
-    DateComponents components;
-    for (const std::uint64_t flag : {4, 8, 16, 32, 64, 128, 256, 512}) {
-        const auto unit = static_cast<Unit>(flag);
-        EXPECT_FALSE(valueForUnit(components, unit));
-        setValue(components, static_cast<std::int64_t>(flag), unit);
-        EXPECT_EQ(valueForUnit(components, unit), static_cast<std::int64_t>(flag));
-    }
-    const DateComponents before = components;
-    for (const Unit other : {Unit::weekdayOrdinal, Unit::weekOfYear, static_cast<Unit>(0)}) {
-        setValue(components, 7, other);
-        EXPECT_EQ(valueForUnit(components, other), 0);
-    }
-    EXPECT_EQ(components, before);
-}
 
 class DateExtensions : public ::testing::Test {
 protected:
@@ -110,20 +93,6 @@ TEST_F(DateExtensions, FieldsFollowTheZone) {
     EXPECT_EQ(nearestHour(date), 13) << "of now, 12:45";
     environment->setTimeZone(*TimeZone::named("Asia/Tokyo"));
     EXPECT_EQ(hour(date), 18);
-}
-
-TEST_F(DateExtensions, Texts) {
-    const Date date = at("2026-02-24T10:15:30");
-    EXPECT_EQ(shortString(date), "24.02.26, 10:15");
-    EXPECT_EQ(mediumString(date), "24.02.2026, 10:15:30");
-    EXPECT_EQ(shortTimeString(date), "10:15");
-    EXPECT_EQ(mediumTimeString(date), "10:15:30");
-    EXPECT_EQ(shortDateString(date), "24.02.26");
-    EXPECT_EQ(mediumDateString(date), "24.02.2026");
-    EXPECT_EQ(longDateString(date), "24. Februar 2026");
-    EXPECT_EQ(longString(date), longDateString(date) + " um " + longTimeString(date));
-    environment->setTimeZone(*TimeZone::named("Asia/Tokyo"));
-    EXPECT_EQ(shortTimeString(date), "18:15");
 }
 
 TEST_F(DateExtensions, BearAnyDate) {

@@ -86,15 +86,6 @@ TEST_F(Operations, aSerialQueueKeepsTheirOrderAndAWaiterRunsThemItself) {
     EXPECT_EQ(ran.size(), 3U);
 }
 
-TEST_F(Operations, allAreCancelledAtOnce) {
-    OperationQueue queue;
-    for (const char* text : {"a", "b"}) queue.addOperation(noting(text));
-    queue.cancelAllOperations();
-    queue.addOperation(noting("later"));
-    environment.queues->runAll();
-    EXPECT_THAT(ran, ElementsAre("later"));
-}
-
 TEST_F(Operations, runAlsoWhenTheirQueueIsGone) {
     auto queue = std::make_unique<XXOperationQueue>();
     queue->addOperation(noting("a"), "key");
@@ -112,38 +103,11 @@ TEST_F(Operations, ofOneKeyAreReplacedByTheLastInDuplicateMode) {
     EXPECT_THAT(ran, testing::UnorderedElementsAre("first", "other", "third"));
 }
 
-TEST_F(Operations, ofOneKeyThatHaveNotBegunAreReplacedToo) {
-    CCUniqueOperationQueue queue(true);
-    for (const char* text : {"a", "b", "c"}) queue.addOperation(noting(text), "key");
-    environment.queues->runAll();
-    EXPECT_THAT(ran, ElementsAre("c"));
-    queue.addOperationWithBlock([this] { ran.push_back("d"); }, "key");
-    environment.queues->runAll();
-    EXPECT_THAT(ran, ElementsAre("c", "d"));
-}
-
 TEST_F(Operations, ofOneKeyAllRunInOrderWithoutDuplicateMode) {
     CCUniqueOperationQueue queue(false);
     queue.addOperation(addingMeanwhile(queue, {"second", "third", "fourth"}), "key");
     environment.queues->runAll();
     EXPECT_THAT(ran, ElementsAre("first", "second", "third", "fourth"));
-}
-
-TEST_F(Operations, keepTheirOwnCompletionBlocks) {
-    CCUniqueOperationQueue unique(true);
-    XXOperationQueue serial;
-    int completed = 0;
-    for (int number = 0; number < 3; ++number) {
-        const auto one = noting("one");
-        one->setCompletionBlock([&] { ++completed; });
-        unique.addOperation(one, "key");
-        const auto other = noting("other");
-        other->setCompletionBlock([&] { ++completed; });
-        serial.addOperation(other, "key");
-    }
-    environment.queues->runAll();
-    EXPECT_EQ(completed, 6);
-    EXPECT_EQ(ran.size(), 4U);
 }
 
 class SerialOperations : public Operations {
@@ -169,17 +133,6 @@ TEST_F(SerialOperations, tellNothingWhenACompletionAddsMore) {
     queue.addOperation(first, "key");
     environment.queues->runAll();
     EXPECT_THAT(ran, ElementsAre("first", "more", "dry"));
-}
-
-TEST_F(SerialOperations, areFoundByTheirKeyUntilTheyComplete) {
-    const auto first = noting("first");
-    const auto second = noting("second");
-    EXPECT_EQ(queue.lastOperationForKey("key"), nullptr);
-    queue.addOperation(first, "key");
-    queue.addOperation(second, "key");
-    EXPECT_EQ(queue.lastOperationForKey("key"), second);
-    environment.queues->runAll();
-    EXPECT_EQ(queue.lastOperationForKey("key"), nullptr);
 }
 
 class DelayedOperation : public Operations {

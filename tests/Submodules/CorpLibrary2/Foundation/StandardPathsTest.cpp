@@ -33,13 +33,6 @@ TEST_F(StandardPaths, areMadeAndMarkedOnTheFirstReadOnly) {
     EXPECT_EQ(files->operationCount(), before);
 }
 
-TEST_F(StandardPaths, belongToTheirEnvironment) {
-    const std::string first = offlineDataPath();
-    TestEnvironment other({.home = "/home/other", .files = files});
-    EXPECT_NE(offlineDataPath(), first);
-    EXPECT_TRUE(files->isDirectory("/home/other/data/Application Support/Offline Data"));
-}
-
 TEST_F(StandardPaths, areGivenAlsoWhereTheyCannotBeMade) {
     files->fillDiskAt(1);
     EXPECT_EQ(offlineDataPath(), environment->paths().applicationSupport + "/Offline Data");
@@ -71,17 +64,6 @@ TEST_F(StandardPaths, findTheFirstExistingFile) {
     }
     EXPECT_THAT(getTestExtensionsForFileName("a.png", {}), ElementsAre("png"));
     EXPECT_THAT(getTestExtensionsForFileName("a.png", {"x", "y"}), ElementsAre("x", "y"));
-}
-
-TEST_F(StandardPaths, theGroupsDirectoriesAreMadeOnRequest) {
-    const CCApplicationGroup group("group.dayward");
-    const std::string directory = environment->paths().group;
-    EXPECT_EQ(group.getSubDirectory("Later", CCApplicationGroup::Create::no), directory + "/Later");
-    EXPECT_FALSE(files->exists(directory + "/Later"));
-    EXPECT_EQ(group.getSubDirectory("Now", CCApplicationGroup::Create::yes), directory + "/Now");
-    EXPECT_TRUE(files->isDirectory(directory + "/Now"));
-    EXPECT_EQ(group.documentDirectory("a.evn"), directory + "/Documents/a.evn");
-    EXPECT_EQ(group.libraryDirectory(), directory + "/Library");
 }
 
 TEST_F(StandardPaths, withoutTheirPlaceTheProcessStops) {

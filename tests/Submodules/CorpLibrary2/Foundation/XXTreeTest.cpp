@@ -16,15 +16,6 @@ Tree sampleTree() {
     return tree;
 }
 
-TEST(XXTree, FindsTheFirstEqualObject) {
-    const auto tree = sampleTree();
-    EXPECT_EQ(tree.indexPathOfObject("b"), (IndexPath{0, 1}));
-    EXPECT_EQ(tree.indexPathOfObject("x"), (IndexPath{1, 0}));
-    EXPECT_EQ(tree.indexPathOfObject("?"), std::nullopt);
-    EXPECT_EQ(tree.numberOfSections(), 2U);
-    EXPECT_EQ(tree.numberOfObjectsInSection(1), 2U);
-}
-
 TEST(XXTree, ChangesByPathsAndBySections) {
     auto tree = sampleTree();
     tree.insertObjects({"1", "2"}, Tree::Paths{{0, 0}, {0, 1}});
