@@ -5,74 +5,18 @@ The archives are made with plistlib alone, so that they do not depend on the pro
 are committed; run this only to add a shape.
 """
 import pathlib
-import plistlib
 import struct
+import sys
 import zlib
-from plistlib import UID
 
 HERE = pathlib.Path(__file__).resolve().parent
-
-
-class Record:
-    """An object of a class: its class names, nearest first, and its keys in their order."""
-
-    def __init__(self, names, **keys):
-        self.names = [names] if isinstance(names, str) else list(names)
-        self.keys = keys
-
-
-class Date(float):
-    """Seconds since 2001-01-01 00:00:00 UTC."""
-
-
-class Scalar:
-    """A number or boolean that stands in its record itself, not as an object."""
-
-    def __init__(self, value):
-        self.value = value
-
-
-class Archive:
-    def __init__(self):
-        self.objects = ["$null"]
-        self.classes = {}
-
-    def class_of(self, names):
-        key = tuple(names)
-        if key not in self.classes:
-            self.objects.append({"$classname": names[0], "$classes": list(names) + ["NSObject"]})
-            self.classes[key] = UID(len(self.objects) - 1)
-        return self.classes[key]
-
-    def add(self, value):
-        if value is None:
-            return UID(0)
-        place = len(self.objects)
-        self.objects.append(None)
-        self.objects[place] = self.encoded(value)
-        return UID(place)
-
-    def encoded(self, value):
-        if isinstance(value, Date):
-            return {"NS.time": float(value), "$class": self.class_of(["NSDate"])}
-        if isinstance(value, list):
-            return {"NS.objects": [self.add(item) for item in value], "$class": self.class_of(["NSArray"])}
-        if isinstance(value, dict):
-            return {"NS.keys": [self.add(key) for key in value],
-                    "NS.objects": [self.add(item) for item in value.values()],
-                    "$class": self.class_of(["NSDictionary"])}
-        if isinstance(value, Record):
-            fields = {key: item.value if isinstance(item, Scalar) else self.add(item)
-                      for key, item in value.keys.items()}
-            return fields | {"$class": self.class_of(value.names)}
-        return value
+sys.path.insert(0, str(HERE.parent))
+from keyed_archive import Archive, Date, Record, Scalar, color, date_format, interval
 
 
 def archive(root):
     made = Archive()
-    top = made.add(root)
-    return plistlib.dumps({"$version": 100000, "$archiver": "NSKeyedArchiver", "$top": {"root": top},
-                           "$objects": made.objects}, fmt=plistlib.FMT_BINARY, sort_keys=False)
+    return made.bytes({"root": made.add(root)})
 
 
 def png(red, green, blue):
@@ -81,15 +25,6 @@ def png(red, green, blue):
     header = struct.pack(">IIBBBBB", 1, 1, 8, 2, 0, 0, 0)
     pixels = zlib.compress(bytes([0, red, green, blue]))
     return b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"IDAT", pixels) + chunk(b"IEND", b"")
-
-
-def interval(name="XDIDateInterval", **fields):
-    return Record(name, **{"XDIDateInterval": Scalar(0)}, **{key: Scalar(value) for key, value in fields.items()})
-
-
-def color(red, green, blue, alpha=1.0):
-    return Record("UIColor", UIColorComponentCount=Scalar(4), UIRed=Scalar(red), UIGreen=Scalar(green),
-                  UIBlue=Scalar(blue), UIAlpha=Scalar(alpha), NSColorSpace=Scalar(2))
 
 
 def document(**keys):
@@ -110,8 +45,7 @@ DOCUMENTS = {
         Type=Scalar(0), SourceInfo={"importer": "calendar", "number": 3}, Name="Trip to the sea", Category="c-17",
         Date=Date(473299200.25), Times=[540, 1080], Duration=interval(Day=2, Hour=0),
         RRule="FREQ=YEARLY;INTERVAL=1", ShowYear=Scalar(True),
-        DateFormat=Record("HHEventDateFormat", HHEventDateFormat=Scalar(0), Units=Scalar(48),
-                          UnitsFormatType=Scalar(2)),
+        DateFormat=date_format(48, 2),
         Alerts=Record("HHEventAlerts", HHEventAlerts=Scalar(0), List=[interval(Day=1), interval(), interval(Hour=-2)],
                       SoundName="bell.mp3"),
         Appearance=Record("HHEventAppearance", HHEventAppearance=Scalar(1), FontName="Papyrus",
@@ -153,8 +87,7 @@ DOCUMENTS = {
                                     p002=Record(["c006", "c004a"], p001=color(0, 0, 1)), p005=Scalar(True)),
     "picture-without-name": document(p001=Record(["c002", "c001a"]), p004=Scalar(True)),
     "background-as-icon": document(p001=Record(["c004", "c001a"], p001="bg-37.jpg"), p004=Scalar(True)),
-    "max-units": document(DateFormat=Record("HHEventDateFormat", HHEventDateFormat=Scalar(0), Units=Scalar(4 + 16 + 32),
-                                            UnitsFormatType=Scalar(1), MaxUnits=Scalar(2))),
+    "max-units": document(DateFormat=date_format(4 + 16 + 32, 1, MaxUnits=Scalar(2))),
     "nested-mistyped": document(
         DateFormat=Record("HHEventDateFormat", HHEventDateFormat=Scalar(7), Units="x", UnitsFormatType=[1]),
         Alerts=Record("HHEventAlerts", HHEventAlerts=Scalar(9), List="x", SoundName=4),
