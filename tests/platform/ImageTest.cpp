@@ -99,7 +99,6 @@ TEST(Image, jpegIsNearAndSmallerWithLessQuality) {
     EXPECT_LT(usual.size(), fine.size());
     EXPECT_LE(largestDifference(image, *Image::decode(fine)), 4);
     EXPECT_LE(largestDifference(image, *Image::decode(usual)), 24);
-    EXPECT_EQ(image.jpegData(-5)->size(), image.jpegData(0)->size());
     EXPECT_EQ(image.jpegData(5)->size(), fine.size());
 }
 

@@ -59,19 +59,6 @@ TEST(KeyedArchive, returnsEveryValueAsItWas) {
 
 TEST(KeyedArchive, replacesTextThatIsNoUTF8) { EXPECT_EQ(roundTrip("a\xC3(\xFFz").stringValue(), "a\uFFFD(\uFFFDz"); }
 
-TEST(KeyedArchive, storesARecordOnceAndReadsItOnce) {
-    const auto child = std::make_shared<TestRecord>();
-    child->text = "child";
-    const auto parent = std::make_shared<TestRecord>();
-    parent->child = child;
-    parent->list = Array{child, Dictionary{{"c", child}}};
-    const auto read = roundTrip(parent).as<TestRecord>();
-    ASSERT_TRUE(read);
-    EXPECT_TRUE(read->isEqual(*parent));
-    EXPECT_EQ(read->list.array()->at(0).record(), read->child);
-    EXPECT_EQ(read->list.array()->at(1).dictionary()->at("c").record(), read->child);
-}
-
 /// Makes a new record whenever it is asked, as a wrapper of a plain value does.
 class Wrapping final : public Archivable {
 public:

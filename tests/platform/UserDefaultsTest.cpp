@@ -39,11 +39,9 @@ TEST_F(UserDefaultsTest, changesAreSeenAtOnceAndStoredOnSynchronize) {
     EXPECT_TRUE(stored().empty());
     ASSERT_TRUE(defaults->synchronize());
     const auto again = open();
-    EXPECT_TRUE(again->boolForKey("on"));
     EXPECT_EQ(again->integerForKey("count"), 7);
     EXPECT_EQ(again->stringForKey("text"), "text");
     EXPECT_EQ(colorOf(again->unarchiveObjectForKey("colour")), (Color{1, 0, 0, 1}));
-    EXPECT_TRUE(again->objectForKey("colour").data());
 }
 
 TEST_F(UserDefaultsTest, processesMergeByKey) {

@@ -108,18 +108,6 @@ TEST_F(RealQueues, theMainQueueRunsInTheLoopOfItsThread) {
     EXPECT_THAT(seen, ElementsAre(std::this_thread::get_id(), std::this_thread::get_id()));
 }
 
-TEST_F(RealQueues, waitingForIdleFollowsWorkThatGoesBackAndForthToTheMainQueue) {
-    int hops = 0;
-    std::function<void()> hop = [&] {
-        if (++hops == 200) return;
-        DispatchQueue& next = hops % 2 == 0 ? queues.global() : queues.main();
-        next.async(hop);
-    };
-    queues.global().async(hop);
-    queues.waitUntilIdle();
-    EXPECT_EQ(hops, 200);
-}
-
 TEST_F(RealQueues, delaysPassBeforeTheirBlocksRunAlsoWhileThePoolIsBusy) {
     const auto begun = std::chrono::steady_clock::now();
     std::promise<void> second;

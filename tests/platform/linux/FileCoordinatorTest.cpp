@@ -66,22 +66,6 @@ TEST_F(Coordination, writersOfOnePathExcludeEachOtherBetweenProcesses) {
     EXPECT_EQ(textOf(*files->readFile(file)), std::to_string(2 * kRounds));
 }
 
-TEST_F(Coordination, writersOfOnePathExcludeEachOtherBetweenThreads) {
-    int count = 0;
-    const auto addMany = [&] {
-        for (int round = 0; round < 200; ++round) {
-            (void)coordinator.coordinateWriting(path("a.evn"), Writing::forReplacing, [&](const std::string&) {
-                ++count;
-                return Result<>();
-            });
-        }
-    };
-    std::thread other(addMany);
-    addMany();
-    other.join();
-    EXPECT_EQ(count, 400);
-}
-
 TEST_F(Coordination, readersShareAPath) {
     std::latch bothInside(2);
     const auto read = [&] {

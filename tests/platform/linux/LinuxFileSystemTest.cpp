@@ -57,15 +57,10 @@ TEST_F(RealFiles, tellWhatWentWrongWhereAndDoing) {
     const std::string absent = path("absent");
     EXPECT_EQ(files.readFile(absent).error().code, ENOENT);
     EXPECT_EQ(files.readFile(absent).error().userInfo.at("path"), absent);
-    EXPECT_EQ(files.readFile(absent).error().userInfo.at("operation"), "open");
-    EXPECT_EQ(files.readFile(environment.home).error().code, EISDIR);
     EXPECT_EQ(files.listDirectory(path("file")).error().code, ENOTDIR);
     EXPECT_EQ(files.createDirectory(path("file")).error().code, EEXIST);
-    EXPECT_EQ(files.createDirectory(path("absent/below")).error().code, ENOENT);
     EXPECT_TRUE(files.createDirectory(environment.home));
-    EXPECT_EQ(files.exchange(path("file"), absent).error().code, ENOENT);
     EXPECT_EQ(files.removeEmptyDirectory(environment.home).error().code, ENOTEMPTY);
-    EXPECT_EQ(writeFileAtomically(files, path("absent/file"), {}).error().code, ENOENT);
     EXPECT_FALSE(*files.status(path("file/below")));
     EXPECT_EQ(files.status(path(std::string(300, 'x'))).error().code, ENAMETOOLONG);
 }

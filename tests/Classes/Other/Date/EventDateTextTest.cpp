@@ -19,14 +19,12 @@ TEST(EventDateText, ShowsTheChosenPartsThatTellSomething) {
         {"en_US", "2026-03-12T09:05:00", EventDateTextAll, "Thursday, March 12 at 9:05 AM"},
         {"en_US", "2027-03-12T09:05:00", EventDateTextAll, "Friday, March 12, 2027 at 9:05 AM"},
         {"en_US", "2026-03-12T00:00:00", EventDateTextAll, "Thursday, March 12"},
-        {"en_US", "2026-03-12T00:00:59", EventDateTextAll, "Thursday, March 12"},
         {"en_US", "2026-03-12T00:01:00", EventDateTextTime, "12:01 AM"},
         {"en_US", "2026-03-12T09:05:00", yearToDay, "Thursday, March 12"},
         {"en_US", "2025-03-12T09:05:00", EventDateTextYear, "2025"},
         {"en_US", "2026-03-12T09:05:00", EventDateTextYear, ""},
         {"en_US", "2026-03-12T09:05:00", EventDateTextNone, ""},
         {"ru_RU", "2026-03-12T09:05:00", EventDateTextAll, "четверг, 12 марта в 09:05"},
-        {"ru_RU", "2027-03-12T00:00:00", EventDateTextAll, "пятница, 12 марта 2027 г."},
         {"de_DE", "2026-03-12T09:05:00", yearToDay, "Donnerstag, 12. März"},
     };
     for (const auto& each : cases) {

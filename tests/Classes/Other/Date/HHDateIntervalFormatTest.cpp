@@ -36,7 +36,6 @@ TEST(HHDateIntervalFormat, WritesSetUnitsInEachStyle) {
         {"en_US", TextStyle::full, "1 Year, 2 Weeks, 1 Day, -3 Hours, 0 Seconds"},
         {"ru_RU", TextStyle::symbol, "1Г, 2Н, 1Д, -3ч, 0с"},
         {"ru_RU", TextStyle::full, "1 Год, 2 Недель, 1 День, -3 Часов, 0 Секунд"},
-        {"fr_FR", TextStyle::full, "1 Year, 2 Weeks, 1 Day, -3 Hours, 0 Seconds"},
     };
     for (const auto& each : cases) {
         const TestEnvironment environment({.locale = each.locale});
@@ -56,17 +55,6 @@ TEST(HHDateIntervalFormat, SecondsStayAtZeroAndOtherUnitsGo) {
     EXPECT_EQ(text(interval({{kMinute, 1}, {kSecond, 0}})), "1 Minute, 0 Seconds");
 }
 
-TEST(HHDateIntervalFormat, AUnitMayHaveItsOwnNumberStyle) {
-    const TestEnvironment environment;
-    HHDateIntervalFormat format(TextStyle::full, NumberStyle::twoDecimals);
-    format.separator = "; ";
-    format.setNumberStyle(NumberStyle::whole, kHour);
-    EXPECT_EQ(format.numberStyleForUnit(kHour), NumberStyle::whole);
-    EXPECT_EQ(format.numberStyleForUnit(kDay), NumberStyle::twoDecimals);
-    EXPECT_EQ(format.resultForDateInterval(interval({{kDay, 1.5}, {kHour, 2.4}, {kMinute, 1}})),
-              "1.50 Days; 2 Hours; 1.00 Minute");
-}
-
 TEST(HHDateLocalize, NamesUnitsByStyleAndNumber) {
     struct Case {
         const char* locale;
@@ -79,8 +67,6 @@ TEST(HHDateLocalize, NamesUnitsByStyleAndNumber) {
     const Case cases[] = {
         {"en_US", kMonth, 1, Style::full, "Month"},   {"en_US", kMonth, 1.5, Style::full, "Months"},
         {"en_US", kMonth, -1, Style::short_, "Mths"}, {"en_US", kMonth, 1, Style::symbol, "M"},
-        {"en_US", kMinute, 7, Style::symbol, "m"},    {"en_US", kHour, 1, Style::short_, "Hr"},
-        {"ru_RU", kMonth, 1, Style::full, "Месяц"},   {"ru_RU", kYear, 0, Style::short_, "Лет"},
         {"ru_RU", kSecond, 1, Style::symbol, "с"},    {"ru_RU", kWeek, 3, Style::short_, "Нед"},
     };
     for (const auto& each : cases) {

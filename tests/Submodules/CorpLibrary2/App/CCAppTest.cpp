@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include "Submodules/CorpLibrary2/App/Analytics.h"
 #include "Submodules/CorpLibrary2/App/CCAppHistory.h"
 #include "Submodules/CorpLibrary2/App/CCAppValues.h"
 #include "Submodules/CorpLibrary2/Foundation/FoundationFixture.h"
@@ -10,19 +9,6 @@
 
 namespace dayward {
 namespace {
-
-class ReporterSpy final : public AnalyticsReporter {
-public:
-    void report(const std::string& category, const std::string& action, const Dictionary& parameters) override {
-        reports.push_back({category, action, parameters});
-    }
-    struct Report {
-        std::string category, action;
-        Dictionary parameters;
-        bool operator==(const Report&) const = default;
-    };
-    std::vector<Report> reports;
-};
 
 /// A device whose application is started again and again, each time as a new process.
 class CCAppTest : public testing::Test {
@@ -86,13 +72,6 @@ TEST_F(CCAppTest, AStoredVersionThatIsNoStringCountsAsNone) {
     EXPECT_EQ(value(CCAppValueKeys::astAppVersion), "2.4");
     EXPECT_TRUE(value(CCAppValueKeys::previousAppVersion).isNull());
     EXPECT_EQ(count(CCAppHistoryKeys::update), 0u);
-}
-
-TEST_F(CCAppTest, TheLaunchIsReported) {
-    const auto spy = std::make_shared<ReporterSpy>();
-    Analytics::setReporter(spy);
-    start("2.4");
-    EXPECT_THAT(spy->reports, testing::ElementsAre(ReporterSpy::Report{"app", "launch", {{"version", "2.4"}}}));
 }
 
 TEST_F(CCAppTest, ThePlatformsNotificationsWriteWhatChanged) {

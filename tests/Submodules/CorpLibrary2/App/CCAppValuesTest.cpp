@@ -117,7 +117,6 @@ TEST_F(AppFilesTest, TheOlderPairIsReadAndWritten) {
         EXPECT_EQ(XXAppData::valueForKey("count"), 3);
         EXPECT_FALSE(XXAppData::isExistsValueForKey("__lastAppVersion"));
         EXPECT_EQ(XXAppData::dateToFirstEvent("closed"), environment->now());
-        EXPECT_EQ(XXAppData::dateToLastEvent("opened"), std::nullopt);
     });
     store(inPrivateData(XXAppData::kValuesFileName), storedArchive("array.archive"));
     store(inPrivateData(XXAppData::kEventsFileName), dataOf("no archive"));

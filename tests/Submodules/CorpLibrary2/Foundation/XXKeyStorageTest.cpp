@@ -145,24 +145,11 @@ TEST_F(XXCacheKeyStorageTest, APlainValueGetsTheDefaultLife) {
     EXPECT_EQ(storage.count(), 0u);
 }
 
-TEST_F(XXCacheKeyStorageTest, ANullObjectIsAnEntryThatReadsAsNull) {
-    storage.setObject(nullptr, "a", environment.at("2026-03-11"));
-    EXPECT_TRUE(storage.containsKey("a"));
-    EXPECT_TRUE(storage.objectForKey("a").isNull());
-    EXPECT_FALSE(storage.equalsObject(nullptr, "a"));
-    EXPECT_EQ(storage.storage().at("a"), Object(Dictionary{{"endDate", environment.at("2026-03-11")}}));
-}
-
 TEST_F(XXCacheKeyStorageTest, ReadsForeignEntriesAsOld) {
     store(path, storedArchive("dictionary.archive"));
     EXPECT_FALSE(storage.containsKey("name"));
     EXPECT_TRUE(storage.objectForKey("count").isNull());
     EXPECT_EQ(storage.count(), 0u);
-}
-
-TEST_F(XXCacheKeyStorageTest, RefusesToHandOutEntries) {
-    EXPECT_DEATH(static_cast<void>(storage.allValues()), "allValues");
-    EXPECT_DEATH(static_cast<void>(storage.objectEnumerator()), "objectEnumerator");
 }
 
 }  // namespace
