@@ -2,8 +2,9 @@
 //
 // A package is a directory named by the event's identifier and the store's extension. It holds
 // "general.t" (a keyed archive of HHGeneralEventDocumentData), and "icon.i" (PNG) and "background.i"
-// (JPEG) where the event has images of its own. Files that are none of these are kept. A document
-// belongs to the one call that made it.
+// (JPEG) where the event has images of its own. Files that are none of these are kept; what is
+// no regular file (a subdirectory, a pipe) is logged and left behind when the package is written. A
+// document belongs to the one call that made it.
 #pragma once
 
 #include <memory>
