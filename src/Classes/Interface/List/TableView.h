@@ -2,31 +2,19 @@
 // to be animated; the view asks the manager for the rows. Called on the thread that changes the list.
 #pragma once
 
-#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "Submodules/CorpLibrary2/Foundation/IndexPath.h"
+#include "Classes/Interface/Screens/TableUpdates.h"
 
 namespace dayward {
 
 class EventTableViewCell;
 
-class TableView {
+class TableView : public TableUpdates {
 public:
-    virtual ~TableView() = default;
-
-    virtual void reloadData() = 0;
-    virtual void insertRow(IndexPath path) = 0;
-    virtual void reloadRow(IndexPath path) = 0;
-    virtual void deleteRow(IndexPath path) = 0;
-    virtual void moveRow(IndexPath from, IndexPath to) = 0;
-    virtual void insertSection(std::size_t index) = 0;
-    virtual void reloadSection(std::size_t index) = 0;
-    virtual void deleteSection(std::size_t index) = 0;
-    virtual void moveSection(std::size_t from, std::size_t to) = 0;
     virtual void deselectRow(IndexPath path, bool animated) = 0;
 
     [[nodiscard]] virtual std::vector<std::shared_ptr<EventTableViewCell>> visibleCells() = 0;
