@@ -61,16 +61,24 @@ Calendar::Calendar(TimeZone zone, int firstWeekday, int minimumDaysInFirstWeek)
       minimumDaysInFirstWeek_(std::clamp(minimumDaysInFirstWeek, 1, 7)) {}
 
 Calendar::Fields Calendar::fields(Date date) const {
-    const LocalTime local = localTimeOf(zone_, date);
-    const CivilDay civil = civilDayOf(local.day);
-    const int second = static_cast<int>(local.seconds);
-    return {civil.year, civil.month, civil.day, second / 3600, second / 60 % 60, second % 60};
+    const std::int64_t instant = wholeSeconds(clampedSeconds(date.secondsSinceReference())) + kReferenceSeconds;
+    const auto [day, secondOfDay] = localSecondOf(zone_, instant);
+    const CivilDay civil = civilDayOf(day);
+    const auto second = static_cast<std::uint32_t>(secondOfDay);
+    const std::uint32_t minute = second / 60, hour = second / 3600;
+    return {civil.year,
+            civil.month,
+            civil.day,
+            static_cast<int>(hour),
+            static_cast<int>(minute - hour * 60),
+            static_cast<int>(second - minute * 60)};
 }
 
 Date Calendar::date(const Fields& fields) const {
     const std::int64_t year = std::clamp(fields.year, -kGreatestYear, kGreatestYear);
     const std::int64_t day = dayNumberRolling(year, fields.month, fields.day);
-    return dateOf(zone_, {day, fields.hour * 3600.0 + fields.minute * 60.0 + fields.second});
+    const std::int64_t second = fields.hour * std::int64_t{3600} + fields.minute * std::int64_t{60} + fields.second;
+    return dateOfLocal(zone_, day * 86400 + second);
 }
 
 DateComponents Calendar::components(CalendarUnits units, Date date) const {

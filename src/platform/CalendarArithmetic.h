@@ -29,6 +29,29 @@ inline double clampedSeconds(double seconds) {
     return seconds > kGreatestSeconds ? kGreatestSeconds : seconds < -kGreatestSeconds ? -kGreatestSeconds : seconds;
 }
 
+/// A wall-clock time in whole seconds: the day number and the second of that day.
+struct LocalSecond {
+    std::int64_t day = 0;
+    int second = 0;
+};
+
+/// Within ±10^18 s.
+inline LocalSecond localSecondOf(const TimeZone& zone, std::int64_t instant) {
+    const std::int64_t local = instant + zone.rules().offsetAt(instant);
+    // The years that matter are positive then, and so the division is by an unsigned constant.
+    constexpr std::int64_t kEra = kDaysOfEra * 86400 * 6;
+    const auto shifted = static_cast<std::uint64_t>(local + kEra);
+    if (shifted < static_cast<std::uint64_t>(2 * kEra)) [[likely]] {
+        return {static_cast<std::int64_t>(shifted / 86400) - kEra / 86400, static_cast<int>(shifted % 86400)};
+    }
+    return {floorDivide(local, 86400), static_cast<int>(floorModulo(local, 86400))};
+}
+
+/// The instant of whole local seconds since 1970-01-01 00:00:00.
+inline Date dateOfLocal(const TimeZone& zone, std::int64_t local) {
+    return Date::sinceReference(static_cast<double>(local - zone.rules().offsetOfLocal(local) - kReferenceSeconds));
+}
+
 /// A wall-clock time: the day number and the seconds, with their fraction, since its midnight.
 struct LocalTime {
     std::int64_t day = 0;
@@ -62,6 +85,7 @@ inline std::int64_t weekNumber(std::int64_t day, std::int64_t start) { return fl
 
 /// Of whole local days, whose months may be out of range.
 inline std::int64_t dayNumberRolling(std::int64_t year, std::int64_t month, std::int64_t day) {
+    if (month >= 1 && month <= 12) return dayNumberOf(year, static_cast<int>(month), day);
     return dayNumberOf(year + floorDivide(month - 1, 12), static_cast<int>(floorModulo(month - 1, 12)) + 1, day);
 }
 

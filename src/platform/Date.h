@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <compare>
+#include <cstdint>
 #include <functional>
 
 namespace dayward {
@@ -29,6 +30,16 @@ public:
 private:
     double seconds_ = 0;
 };
+
+/// Rounded down; what lies beyond ±4·10^18 is taken for that limit, NaN for 0.
+inline std::int64_t wholeSeconds(double seconds) {
+    constexpr double kFarthest = 4e18;
+    if (!(seconds > -kFarthest && seconds < kFarthest)) [[unlikely]] {
+        return std::isnan(seconds) ? 0 : static_cast<std::int64_t>(std::copysign(kFarthest, seconds));
+    }
+    const auto towardsZero = static_cast<std::int64_t>(seconds);
+    return towardsZero - (static_cast<double>(towardsZero) > seconds ? 1 : 0);
+}
 
 /// An instant. Dates compare by their raw number; the same instant is the same number.
 class Date {
@@ -53,6 +64,9 @@ private:
     constexpr explicit Date(double seconds) : seconds_(seconds) {}
     double seconds_ = 0;
 };
+
+/// From 1970-01-01 00:00:00 UTC to the reference date.
+inline constexpr auto kReferenceSeconds = static_cast<std::int64_t>(Date::kReferenceSince1970);
 
 }  // namespace dayward
 

@@ -9,14 +9,12 @@
 
 #include "platform/Data.h"
 #include "platform/Mutex.h"
-#include "platform/ZoneRules.h"
 
 namespace dayward {
 
 namespace {
 
 constexpr std::size_t kGreatestFile = 1 << 20;
-constexpr std::int64_t kReference = static_cast<std::int64_t>(Date::kReferenceSince1970);
 
 namespace fs = std::filesystem;
 
@@ -53,20 +51,9 @@ bool isZoneFile(const fs::path& path) {
     return std::string_view(magic, sizeof magic) == "TZif";
 }
 
-std::int64_t wholeSeconds(double seconds) {
-    constexpr double kFarthest = 4e18;
-    if (std::isnan(seconds)) return 0;
-    return static_cast<std::int64_t>(std::floor(std::clamp(seconds, -kFarthest, kFarthest)));
-}
-
-std::int64_t instantOf(Date date) { return wholeSeconds(date.secondsSinceReference()) + kReference; }
+std::int64_t instantOf(Date date) { return wholeSeconds(date.secondsSinceReference()) + kReferenceSeconds; }
 
 }  // namespace
-
-struct TimeZone::Rules {
-    std::string name;
-    ZoneRules rules;
-};
 
 namespace {
 
@@ -179,12 +166,12 @@ std::vector<std::string> TimeZone::knownNames() {
 
 const std::string& TimeZone::name() const { return rules_->name; }
 
-std::int64_t TimeZone::secondsFromUTC(Date instant) const { return rules_->rules.at(instantOf(instant)).offset; }
+std::int64_t TimeZone::secondsFromUTC(Date instant) const { return rules_->rules.offsetAt(instantOf(instant)); }
 
 bool TimeZone::isDaylightSaving(Date instant) const { return rules_->rules.at(instantOf(instant)).isDaylightSaving; }
 
 Date TimeZone::instantOfLocal(double localSeconds) const {
-    const std::int32_t offset = rules_->rules.offsetOfLocal(wholeSeconds(localSeconds) + kReference);
+    const std::int32_t offset = rules_->rules.offsetOfLocal(wholeSeconds(localSeconds) + kReferenceSeconds);
     return Date::sinceReference(localSeconds - offset);
 }
 
@@ -195,7 +182,7 @@ double TimeZone::localOfInstant(Date instant) const {
 std::optional<Date> TimeZone::nextTransitionAfter(Date instant) const {
     const auto next = rules_->rules.nextTransitionAfter(instantOf(instant));
     if (!next) return std::nullopt;
-    return Date::sinceReference(static_cast<double>(*next - kReference));
+    return Date::sinceReference(static_cast<double>(*next - kReferenceSeconds));
 }
 
 }  // namespace dayward

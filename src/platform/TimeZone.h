@@ -12,6 +12,7 @@
 
 #include "platform/Date.h"
 #include "platform/Result.h"
+#include "platform/ZoneRules.h"
 
 namespace dayward {
 
@@ -43,11 +44,17 @@ public:
     /// The first change of offset strictly after the instant, if there is one within the next 400 years.
     [[nodiscard]] std::optional<Date> nextTransitionAfter(Date instant) const;
 
+    /// The rules behind the answers above, in whole seconds since 1970.
+    [[nodiscard]] const ZoneRules& rules() const { return rules_->rules; }
+
     /// Same name.
     bool operator==(const TimeZone& other) const { return name() == other.name(); }
 
 private:
-    struct Rules;
+    struct Rules {
+        std::string name;
+        ZoneRules rules;
+    };
     static Result<TimeZone> ofFile(const std::string& path);
     explicit TimeZone(std::shared_ptr<const Rules> rules) : rules_(std::move(rules)) {}
     std::shared_ptr<const Rules> rules_;

@@ -15,11 +15,7 @@ constexpr std::int64_t kPeriod = 146097 * kDay;  // 400 years: the Gregorian cal
 constexpr std::int64_t kFarthest = std::int64_t{1} << 60;
 constexpr std::int32_t kGreatestSaneOffset = 26 * 3600;
 constexpr std::size_t kHeaderSize = 44;
-
-// Buckets make the lookup one table read and a short walk in the years that matter.
-constexpr int kBucketShift = 24;                     // about 194 days
-constexpr std::int64_t kBucketsStart = -5364662400;  // 1800-01-01
-constexpr std::int64_t kBucketsEnd = 17000000000;    // in 2508, past every unrolled rule
+constexpr std::size_t kMostSegments = 65535;
 
 auto broken(std::string reason) { return failure("time zone", 0, {{"reason", std::move(reason)}}); }
 
@@ -133,7 +129,7 @@ Result<ZoneRules> ZoneRules::parse(std::span<const std::uint8_t> content) {
         if (!zone) return broken("the footer's rule cannot be read");
         rules.applyFooter(*zone, !block.transitions.empty());
     }
-    if (rules.segments_.size() > std::numeric_limits<std::uint16_t>::max()) return broken("too many transitions");
+    if (rules.segments_.size() > kMostSegments) return broken("too many transitions");
     rules.finish();
     return rules;
 }
@@ -193,21 +189,38 @@ void ZoneRules::applyFooter(const PosixZone& footer, bool hasTransitions) {
 
 void ZoneRules::finish() {
     greatestOffset_ = std::ranges::max(segments_, {}, &Segment::offset).offset;
-    std::size_t index = 0;
-    for (std::int64_t start = kBucketsStart; start < kBucketsEnd; start += std::int64_t{1} << kBucketShift) {
-        while (index + 1 < segments_.size() && segments_[index + 1].start <= start) ++index;
-        firstOfBucket_.push_back(static_cast<std::uint16_t>(index));
+    for (std::int64_t index = 0; index < kBuckets; ++index) {
+        const std::int64_t start = kBucketsStart + (index << kBucketShift);
+        offsetsOfInstants_.push_back(bucketOfInstants(start));
+        offsetsOfLocals_.push_back(bucketOfLocals(start));
     }
 }
 
+ZoneRules::Bucket ZoneRules::bucketOfInstants(std::int64_t start) const {
+    constexpr std::int64_t kNever = std::numeric_limits<std::int64_t>::max();
+    const std::int64_t end = start + (std::int64_t{1} << kBucketShift);
+    const std::int64_t change = nextTransitionAfter(start).value_or(kNever);
+    const std::int32_t before = at(start).offset;
+    if (change >= end) return {kNever, before, before};
+    if (nextTransitionAfter(change).value_or(kNever) < end) return {kNever, kUnknown, kUnknown};
+    return {change, before, at(change).offset};
+}
+
+/// Clear where one change at most comes near the bucket: the clock shows the offset before it up to the
+/// end of the gap or of the first pass.
+ZoneRules::Bucket ZoneRules::bucketOfLocals(std::int64_t start) const {
+    constexpr std::int64_t kNever = std::numeric_limits<std::int64_t>::max();
+    constexpr std::int64_t kMargin = 2 * kDay;
+    const std::int64_t end = start + (std::int64_t{1} << kBucketShift) + kMargin;
+    const std::int64_t change = nextTransitionAfter(start - kMargin).value_or(kNever);
+    const std::int32_t before = at(start - kMargin).offset;
+    if (change >= end) return {kNever, before, before};
+    if (nextTransitionAfter(change).value_or(kNever) < end) return {kNever, kUnknown, kUnknown};
+    const std::int32_t after = at(change).offset;
+    return {change + std::max(before, after), before, after};
+}
+
 std::size_t ZoneRules::indexAt(std::int64_t instant) const {
-    const auto bucket = static_cast<std::uint64_t>(instant - kBucketsStart) >> kBucketShift;
-    std::size_t index = 0;
-    if (instant >= kBucketsStart && bucket < firstOfBucket_.size()) {
-        index = firstOfBucket_[bucket];
-        while (index + 1 < segments_.size() && segments_[index + 1].start <= instant) ++index;
-        return index;
-    }
     const auto after = std::ranges::upper_bound(segments_, instant, {}, &Segment::start);
     return static_cast<std::size_t>(after - segments_.begin()) - (after == segments_.begin() ? 0 : 1);
 }
@@ -217,7 +230,7 @@ std::int64_t ZoneRules::intoTable(std::int64_t seconds) const {
     return periodStart_ + floorModulo(seconds - periodStart_, kPeriod);
 }
 
-std::int32_t ZoneRules::offsetOfLocal(std::int64_t local) const {
+std::int32_t ZoneRules::searchedOffsetOfLocal(std::int64_t local) const {
     local = intoTable(local);
     std::size_t index = indexAt(local - greatestOffset_);
     // The first segment in which the clock shows this time is the first pass. Where the clock is

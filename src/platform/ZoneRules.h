@@ -3,10 +3,11 @@
 //
 // The footer's rule is unrolled for one 400-year period of the Gregorian calendar; what lies beyond
 // is looked up one or more periods earlier. Instants are whole seconds since 1970. Immutable once
-// compiled; any thread, no locks.
+// compiled; any thread, no locks. Callers keep within ±2^62.
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <span>
 #include <string>
@@ -34,20 +35,48 @@ public:
 
     /// The segment around an instant; any number is allowed.
     [[nodiscard]] const Segment& at(std::int64_t instant) const { return segments_[indexAt(intoTable(instant))]; }
+    /// Seconds east of UTC at an instant.
+    [[nodiscard]] std::int32_t offsetAt(std::int64_t instant) const {
+        const std::int32_t offset = offsetIn(offsetsOfInstants_, instant);
+        return offset != kUnknown ? offset : at(instant).offset;
+    }
     /// The offset to subtract from a local time: the first pass of a repeated time, the offset
     /// before the gap for a skipped one.
-    [[nodiscard]] std::int32_t offsetOfLocal(std::int64_t local) const;
+    [[nodiscard]] std::int32_t offsetOfLocal(std::int64_t local) const {
+        const std::int32_t offset = offsetIn(offsetsOfLocals_, local);
+        return offset != kUnknown ? offset : searchedOffsetOfLocal(local);
+    }
     [[nodiscard]] std::optional<std::int64_t> nextTransitionAfter(std::int64_t instant) const;
 
 private:
+    /// The offset over one bucket of the years that matter, so that a look at it is the whole lookup.
+    struct Bucket {
+        std::int64_t change;  ///< the first second of the offset after
+        std::int32_t before, after;
+    };
+    static constexpr std::int32_t kUnknown = std::numeric_limits<std::int32_t>::min();  ///< search the table
+    static constexpr int kBucketShift = 23;                                             ///< about 97 days
+    static constexpr std::int64_t kBucketsStart = -2208988800;                          ///< 1900-01-01
+    static constexpr std::int64_t kBuckets = 800;                                       ///< up to 2112
+
+    static std::int32_t offsetIn(const std::vector<Bucket>& buckets, std::int64_t seconds) {
+        const std::uint64_t index = static_cast<std::uint64_t>(seconds - kBucketsStart) >> kBucketShift;
+        if (index >= static_cast<std::uint64_t>(kBuckets)) return kUnknown;
+        const Bucket& bucket = buckets[index];
+        return seconds < bucket.change ? bucket.before : bucket.after;
+    }
+
     void append(std::int64_t start, std::int32_t offset, bool isDaylightSaving);
     void applyFooter(const PosixZone& footer, bool hasTransitions);
     void finish();
+    [[nodiscard]] Bucket bucketOfInstants(std::int64_t start) const;
+    [[nodiscard]] Bucket bucketOfLocals(std::int64_t start) const;
+    [[nodiscard]] std::int32_t searchedOffsetOfLocal(std::int64_t local) const;
     [[nodiscard]] std::size_t indexAt(std::int64_t instant) const;
     [[nodiscard]] std::int64_t intoTable(std::int64_t seconds) const;
 
     std::vector<Segment> segments_;
-    std::vector<std::uint16_t> firstOfBucket_;  ///< the segment at the start of each bucket
+    std::vector<Bucket> offsetsOfInstants_, offsetsOfLocals_;
     std::int32_t greatestOffset_ = 0;
     std::int64_t periodStart_ = 0;   ///< with periodEnd_: the period that repeats
     std::int64_t periodEnd_ = 0;     ///< 0: nothing repeats
