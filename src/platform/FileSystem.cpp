@@ -9,12 +9,17 @@
 #include <charconv>
 #include <cstring>
 #include <filesystem>
+#include <set>
+
+#include "platform/Log.h"
 
 namespace dayward {
 
 namespace {
 
 constexpr std::string_view kTemporaryMark = ".tmp-";
+/// Of what stands aside until its successor has its place. Its whole name is kept, to come back to it.
+constexpr std::string_view kAsideMark = ".was-";
 // A name in a directory has at most 255 bytes on the usual file systems; mark and numbers need 40.
 constexpr std::size_t kLongestKeptName = 200;
 
@@ -24,11 +29,17 @@ Error fileError(int code, const std::string& path, const std::string& operation)
     return {"file", code, {{"path", path}, {"operation", operation}, {"reason", std::strerror(code)}}};
 }
 
-std::string makeTemporaryPath(const std::string& path) {
-    const std::string name = "." + lastPathComponent(path).substr(0, kLongestKeptName) + std::string(kTemporaryMark) +
-                             std::to_string(getpid()) + "-" + std::to_string(++lastTemporaryNumber);
+std::string makeMarkedPath(const std::string& path, const std::string& keptName, std::string_view mark) {
+    const std::string name = "." + keptName + std::string(mark) + std::to_string(getpid()) + "-" +
+                             std::to_string(++lastTemporaryNumber);
     return joinPath(parentPath(path), name);
 }
+
+std::string makeTemporaryPath(const std::string& path) {
+    return makeMarkedPath(path, lastPathComponent(path).substr(0, kLongestKeptName), kTemporaryMark);
+}
+
+std::string makeAsidePath(const std::string& path) { return makeMarkedPath(path, lastPathComponent(path), kAsideMark); }
 
 std::optional<std::uint64_t> wholeNumber(std::string_view text) {
     std::uint64_t number = 0;
@@ -42,16 +53,26 @@ struct TemporaryOwner {
     std::uint64_t number = 0;
 };
 
-std::optional<TemporaryOwner> temporaryOwner(std::string_view name) {
-    const auto mark = name.rfind(kTemporaryMark);
-    if (!name.starts_with('.') || mark == std::string_view::npos || mark < 2) return std::nullopt;
-    const std::string_view numbers = name.substr(mark + kTemporaryMark.size());
+std::optional<TemporaryOwner> ownerAfter(std::string_view mark, std::string_view name) {
+    const auto at = name.rfind(mark);
+    if (!name.starts_with('.') || at == std::string_view::npos || at < 2) return std::nullopt;
+    const std::string_view numbers = name.substr(at + mark.size());
     const auto dash = numbers.find('-');
     if (dash == std::string_view::npos) return std::nullopt;
     const auto process = wholeNumber(numbers.substr(0, dash));
     const auto number = wholeNumber(numbers.substr(dash + 1));
     if (!process || !number) return std::nullopt;
     return TemporaryOwner{*process, *number};
+}
+
+std::optional<TemporaryOwner> temporaryOwner(std::string_view name) {
+    const auto owner = ownerAfter(kTemporaryMark, name);
+    return owner ? owner : ownerAfter(kAsideMark, name);
+}
+
+/// The name that what stands aside under this one had; empty for another temporary.
+std::string nameBeforeAside(std::string_view name) {
+    return ownerAfter(kAsideMark, name) ? std::string(name.substr(1, name.rfind(kAsideMark) - 1)) : std::string();
 }
 
 /// A number that this process has not given out yet is from an earlier process with the same id.
@@ -75,36 +96,98 @@ Result<> writeAndRename(FileSystem& files, const std::string& temporary, const s
     return files.rename(temporary, path);
 }
 
-bool isPlainName(const std::string& name) {
-    return !name.empty() && name != "." && name != ".." && name.find_first_of(std::string_view("/\0", 2)) == name.npos;
+bool isPlainName(std::string_view name) {
+    return !name.empty() && name != "." && name != ".." && !name.contains('\0');
 }
 
-Result<> writePackageContent(FileSystem& files, const std::string& directory, std::span<const PackageFile> content) {
-    TRY_VOID(files.createDirectory(directory));
-    for (const PackageFile& file : content) {
-        if (!isPlainName(file.name)) return std::unexpected(fileError(EINVAL, directory + "/" + file.name, "write"));
-        TRY_VOID(writeSynced(files, joinPath(directory, file.name), file.bytes));
+/// Makes the directories that a file of a package lies in; nothing where its name leads out of the package.
+Result<> makeParents(FileSystem& files, const std::string& package, const std::string& name,
+                     std::set<std::string>& directories) {
+    const std::string path = package + "/" + name;
+    for (std::size_t at = 0, end = 0; end != std::string::npos; at = end + 1) {
+        end = name.find('/', at);
+        // A slash at the end stands for the directory itself.
+        if (end == std::string::npos && at == name.size() && at > 0) return {};
+        if (!isPlainName(std::string_view(name).substr(at, end - at)))
+            return std::unexpected(fileError(EINVAL, path, "write"));
+        if (end == std::string::npos) return {};
+        std::string directory = joinPath(package, name.substr(0, end));
+        if (!directories.contains(directory)) TRY_VOID(files.createDirectory(directory));
+        directories.insert(std::move(directory));
     }
-    return files.syncDirectory(directory);
+    return {};
+}
+
+Result<> writePackageContent(FileSystem& files, const std::string& package, std::span<const PackageFile> content) {
+    TRY_VOID(files.createDirectory(package));
+    std::set<std::string> directories{package};
+    for (const PackageFile& file : content) {
+        TRY_VOID(makeParents(files, package, file.name, directories));
+        if (!file.name.ends_with('/')) TRY_VOID(writeSynced(files, joinPath(package, file.name), file.bytes));
+    }
+    for (const std::string& directory : directories) TRY_VOID(files.syncDirectory(directory));
+    return {};
 }
 
 /// A temporary path at which nothing is. A crashed process with our id may have left a directory of
 /// that name with files in it.
 Result<std::string> freeTemporaryPath(FileSystem& files, const std::string& path) {
     std::string temporary = makeTemporaryPath(path);
-    if (files.exists(temporary)) TRY_VOID(files.removeTree(temporary));
+    if (TRY(files.status(temporary))) TRY_VOID(files.removeTree(temporary));
     return temporary;
 }
 
-/// Gives the new package its place. What stood there before is then under the temporary name.
-Result<> putPackageInPlace(FileSystem& files, const std::string& temporary, const std::string& path) {
-    const auto old = TRY(files.status(path));
-    if (old) return files.exchange(temporary, path);
-    auto renamed = files.rename(temporary, path);
+/// What nobody needs any more. Where it cannot be removed the next start tries again.
+void discard(FileSystem& files, const std::string& path) {
+    const auto removed = files.removeTree(path);
+    if (!removed && removed.error().code != ENOENT)
+        logError(path + " is left for the next start: " + removed.error().description());
+}
+
+/// For file systems without an exchange. Dies the process between the steps, removeStaleTemporaries() brings
+/// the old package back.
+Result<std::string> exchangeInSteps(FileSystem& files, const std::string& temporary, const std::string& path) {
+    const std::string aside = makeAsidePath(path);
+    TRY_VOID(files.rename(path, aside));
+    const auto renamed = files.rename(temporary, path);
+    if (renamed) return aside;
+    const auto back = files.rename(aside, path);
+    if (!back) logError(path + " stands aside until the next start: " + back.error().description());
+    return std::unexpected(renamed.error());
+}
+
+/// Swaps the two; where the old package then is.
+Result<std::string> exchangePackages(FileSystem& files, const std::string& temporary, const std::string& path) {
+    const auto exchanged = files.exchange(temporary, path);
+    if (exchanged) return temporary;
+    const int code = exchanged.error().code;
+    if (code == EINVAL || code == ENOSYS || code == EOPNOTSUPP) return exchangeInSteps(files, temporary, path);
+    return std::unexpected(exchanged.error());
+}
+
+/// Gives the new package its place, and says under which name stands what was there before; the empty one
+/// where nothing was.
+Result<std::string> putPackageInPlace(FileSystem& files, const std::string& temporary, const std::string& path) {
+    if (TRY(files.status(path))) return exchangePackages(files, temporary, path);
+    const auto renamed = files.rename(temporary, path);
+    if (renamed) return std::string();
     // Another process put a package there since we looked.
-    const bool appeared = !renamed && (renamed.error().code == ENOTEMPTY || renamed.error().code == EEXIST ||
-                                       renamed.error().code == ENOTDIR);
-    return appeared ? files.exchange(temporary, path) : renamed;
+    const int code = renamed.error().code;
+    if (code == ENOTEMPTY || code == EEXIST || code == ENOTDIR) return exchangePackages(files, temporary, path);
+    return std::unexpected(renamed.error());
+}
+
+/// Brings back what a process that is gone had put aside and did not replace, and removes its other temporaries.
+void settleTemporary(FileSystem& files, const std::string& directory, const std::string& name) {
+    const std::string path = joinPath(directory, name);
+    const std::string before = nameBeforeAside(name);
+    if (before.empty()) return discard(files, path);
+    const auto successor = files.status(joinPath(directory, before));
+    if (!successor) return logError(path + " is left for the next start: " + successor.error().description());
+    if (*successor) return discard(files, path);
+    auto restored = files.rename(path, joinPath(directory, before));
+    if (restored) restored = files.syncDirectory(directory);
+    if (!restored) logError(path + " is not brought back: " + restored.error().description());
 }
 
 bool isDirectoryRefusal(int code) { return code == EISDIR || code == EPERM; }
@@ -126,9 +209,10 @@ Result<> FileSystem::createDirectories(const std::string& path) {
     const std::string parent = parentPath(path);
     TRY_VOID(createDirectories(parent));
     TRY_VOID(createDirectory(path));
+    auto synced = syncDirectory(parent);
     // A parent that we may not open for reading cannot be synced; the directory is there all the same.
-    (void)syncDirectory(parent);
-    return {};
+    if (!synced && synced.error().code == EACCES) return {};
+    return synced;
 }
 
 Result<> FileSystem::removeTree(const std::string& path) {
@@ -143,7 +227,7 @@ Result<> writeFileAtomically(FileSystem& files, const std::string& path, std::sp
     const std::string temporary = makeTemporaryPath(path);
     auto written = writeAndRename(files, temporary, path, bytes);
     if (!written) {
-        (void)files.removeFile(temporary);
+        discard(files, temporary);
         return written;
     }
     return files.syncDirectory(parentPath(path));
@@ -151,16 +235,18 @@ Result<> writeFileAtomically(FileSystem& files, const std::string& path, std::sp
 
 Result<> writePackageAtomically(FileSystem& files, const std::string& path, std::span<const PackageFile> content) {
     const std::string temporary = TRY(freeTemporaryPath(files, path));
-    auto written = writePackageContent(files, temporary, content);
-    if (written) written = putPackageInPlace(files, temporary, path);
-    if (!written) {
-        (void)files.removeTree(temporary);
-        return written;
+    const auto replaced = [&]() -> Result<std::string> {
+        TRY_VOID(writePackageContent(files, temporary, content));
+        return putPackageInPlace(files, temporary, path);
+    }();
+    if (!replaced) {
+        discard(files, temporary);
+        return std::unexpected(replaced.error());
     }
     // Unless the exchange is on the device, a crash may bring the old package's name back: its files
     // must not be gone then.
     TRY_VOID(files.syncDirectory(parentPath(path)));
-    (void)files.removeTree(temporary);
+    if (!replaced->empty()) discard(files, *replaced);
     return {};
 }
 
@@ -169,7 +255,7 @@ Result<> removePackageAtomically(FileSystem& files, const std::string& path) {
     TRY_VOID(files.rename(path, temporary));
     // Only then may its files go: a crash must not bring the name back without them.
     TRY_VOID(files.syncDirectory(parentPath(path)));
-    (void)files.removeTree(temporary);
+    discard(files, temporary);
     return {};
 }
 
@@ -177,11 +263,13 @@ bool isTemporaryName(std::string_view name) { return temporaryOwner(name).has_va
 
 void removeStaleTemporaries(FileSystem& files, const std::string& directory) {
     const auto names = files.listDirectory(directory);
+    if (!names || std::ranges::none_of(*names, isTemporaryName)) return;
     // Synced first: what is replaced goes only after what replaced it is on the device.
-    if (!names || std::ranges::none_of(*names, isTemporaryName) || !files.syncDirectory(directory)) return;
+    if (const auto synced = files.syncDirectory(directory); !synced)
+        return logError("temporaries stay: " + synced.error().description());
     for (const std::string& name : *names) {
         const auto owner = temporaryOwner(name);
-        if (owner && isStale(*owner)) (void)files.removeTree(joinPath(directory, name));
+        if (owner && isStale(*owner)) settleTemporary(files, directory, name);
     }
 }
 

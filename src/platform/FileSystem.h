@@ -51,6 +51,8 @@ public:
 
     /// Nothing where there is no such file; other failures are errors. Follows symbolic links.
     virtual Result<std::optional<FileStatus>> status(const std::string& path) const = 0;
+    /// Whether the path itself is a symbolic link; false also where that cannot be told.
+    [[nodiscard]] virtual bool isLink(const std::string&) const { return false; }
     /// A file that is too long for any of the program's is refused (EFBIG).
     virtual Result<Data> readFile(const std::string& path) const = 0;
     /// Names of the entries without "." and "..", in no promised order.
@@ -86,16 +88,17 @@ public:
 /// step, the directory's sync, fails, the new content is there and a crash may bring the old back.
 Result<> writeFileAtomically(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes);
 
-/// One file of a package. A regular file directly inside the package directory.
+/// One file of a package, or a directory, which may be empty.
 struct PackageFile {
-    std::string name;
+    std::string name;  ///< from the package on, as "a" or "b/c"; that of a directory ends with a slash
     Data bytes;
 };
 
 /// Replaces a package (a directory of files) whole and durably: a new directory is written beside
 /// it, synced, and exchanged for it by one rename; the old one is then removed. Whatever happens,
-/// the old or the new package is there, never neither and never a mix. A name that is no plain file
-/// name is refused (EINVAL). Errors leave what writeFileAtomically leaves.
+/// the old or the new package is there, never neither and never a mix. A name that leads out of the
+/// package is refused (EINVAL). Errors leave what writeFileAtomically leaves. Where the file system cannot
+/// exchange, the old package stands aside for a moment, as ".NAME.was-PID-NUMBER".
 Result<> writePackageAtomically(FileSystem& files, const std::string& path, std::span<const PackageFile> content);
 
 /// Removes a package, or whatever has its name, whole and durably: it loses its name first and its
@@ -104,10 +107,11 @@ Result<> writePackageAtomically(FileSystem& files, const std::string& path, std:
 /// may bring it back.
 Result<> removePackageAtomically(FileSystem& files, const std::string& path);
 
-/// True for the temporary names that the operations above use: ".NAME.tmp-PID-NUMBER". What a
-/// crash left of them is swept by removeStaleTemporaries.
+/// True for the temporary names that the operations above use: ".NAME.tmp-PID-NUMBER" and
+/// ".NAME.was-PID-NUMBER". What a crash left of them is swept by removeStaleTemporaries.
 bool isTemporaryName(std::string_view name);
-/// Removes temporaries in the directory whose process is gone.
+/// Removes temporaries in the directory whose process is gone, and brings back what it had put aside and
+/// not replaced. Failures are logged, and the next start tries again.
 void removeStaleTemporaries(FileSystem& files, const std::string& directory);
 
 /// The path from the working directory, "." and ".." taken out, without a slash at its end. Fails for an

@@ -17,6 +17,7 @@ public:
     explicit ReadOnlyFileSystem(std::shared_ptr<const FileSystem> files) : files_(std::move(files)) {}
 
     Result<std::optional<FileStatus>> status(const std::string& path) const override { return files_->status(path); }
+    [[nodiscard]] bool isLink(const std::string& path) const override { return files_->isLink(path); }
     Result<Data> readFile(const std::string& path) const override { return files_->readFile(path); }
     Result<std::vector<std::string>> listDirectory(const std::string& path) const override {
         return files_->listDirectory(path);

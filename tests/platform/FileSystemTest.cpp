@@ -20,9 +20,9 @@ const Data kNew = dataOf("the new content, a little longer");
 const std::string kFile = "/home/documents/values.dat";
 const std::string kPackage = "/home/documents/a.evn";
 
-const std::vector<PackageFile> kNewPackage = {{"general.t", kNew}, {"icon.i", dataOf("icon")}};
+const std::vector<PackageFile> kNewPackage = {{"general.t", kNew}, {"b/", {}}, {"b/c/icon.i", dataOf("icon")}};
 const Tree kOldTree = {{"general.t", kOld}, {"background.i", dataOf("picture")}};
-const Tree kNewTree = {{"general.t", kNew}, {"icon.i", dataOf("icon")}};
+const Tree kNewTree = {{"general.t", kNew}, {"b/c/icon.i", dataOf("icon")}};
 
 /// One atomic replacement: how it starts, what it does, what counts as old and new.
 struct Replacement {
@@ -30,11 +30,13 @@ struct Replacement {
     bool isPackage;
     bool existsBefore;
     bool existsAfter = true;
+    bool hasExchange = true;
 };
 
 const Replacement kReplacements[] = {{"file", false, true},
                                      {"new file", false, false},
                                      {"package", true, true},
+                                     {"package without exchange", true, true, true, false},
                                      {"new package", true, false},
                                      {"removed package", true, true, false}};
 
@@ -42,6 +44,7 @@ class Subject {
 public:
     explicit Subject(const Replacement& replacement) : replacement_(replacement) {
         files.store("/home/documents/other", kOld);
+        if (!replacement.hasExchange) files.forbidExchange();
         if (!replacement.existsBefore) return;
         if (replacement.isPackage) {
             for (const auto& [name, bytes] : kOldTree) files.store(joinPath(kPackage, name), bytes);
@@ -131,13 +134,16 @@ TEST_P(AtomicWrite, aFullDiskKeepsTheOldContent) {
 
 TEST_P(AtomicWrite, aCrashAtAnyPointLeavesOldOrNewWhole) {
     const std::size_t count = operationsOf(GetParam());
-    for (const Loss loss : {Loss::allUnsynced, Loss::unsyncedContents}) {
+    for (std::uint32_t way = 0; way < 20; ++way) {
+        const auto loss = static_cast<Loss>(std::min(way, static_cast<std::uint32_t>(Loss::byChance)));
         for (std::size_t number = 1; number <= count + 1; ++number) {
-            SCOPED_TRACE(number);
+            SCOPED_TRACE(std::to_string(number) + " way " + std::to_string(way));
             Subject subject(GetParam());
             subject.files.crashAt(number);
             const bool succeeded = subject.replace().has_value();
-            subject.files.restart(loss);
+            subject.files.restart(loss, way);
+            removeStaleTemporaries(subject.files, "/home/documents");
+            EXPECT_FALSE(subject.leftTemporaries());
             EXPECT_TRUE(subject.isOld() || subject.isNew());
             // What was reported as written must be there after the crash.
             EXPECT_TRUE(!succeeded || subject.isNew());
@@ -153,7 +159,8 @@ INSTANTIATE_TEST_SUITE_P(All, AtomicWrite, testing::ValuesIn(kReplacements), [](
 
 TEST(PackageWrite, refusesNamesThatLeadOutOfThePackage) {
     for (const std::string& name : {std::string(), std::string("."), std::string(".."), std::string("../values.dat"),
-                                    std::string("a/b"), std::string("a\0b", 3)}) {
+                                    std::string("/a"), std::string("a//b"), std::string("a/../b"), std::string("/"),
+                                    std::string("a\0b", 3)}) {
         FaultFileSystem files;
         files.store(kFile, kOld);
         const std::vector<PackageFile> content = {{"general.t", kNew}, {name, kNew}};
@@ -194,7 +201,7 @@ TEST(Temporaries, sweepsThoseOfDeadProcessesOnly) {
 }
 
 TEST(Temporaries, recognisesItsNames) {
-    for (const char* name : {".a.tmp-1-2", ".a.evn.tmp-12-345", ".a.tmp-1-2.tmp-3-4"})
+    for (const char* name : {".a.tmp-1-2", ".a.evn.tmp-12-345", ".a.evn.was-1-2", ".a.tmp-1-2.tmp-3-4"})
         EXPECT_TRUE(isTemporaryName(name));
     for (const char* name :
          {"", "a.tmp-1-2", ".tmp-1-2", ".a.tmp-1", ".a.tmp--2", ".a.tmp-1-", ".a.tmp-1-2x", ".a.tmp-+1-2", "a.evn"}) {

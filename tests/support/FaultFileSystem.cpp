@@ -1,6 +1,9 @@
 #include "support/FaultFileSystem.h"
 
+#include <unistd.h>
+
 #include <cstring>
+#include <random>
 #include <utility>
 
 namespace dayward {
@@ -21,25 +24,53 @@ std::vector<std::string> componentsOf(const std::string& path) {
     return components;
 }
 
+/// The name that a temporary of this process would have if one that is gone had made it: beyond the highest
+/// process id of Linux.
+std::string orphanedName(std::string name) {
+    const std::string own = "-" + std::to_string(getpid()) + "-";
+    if (isTemporaryName(name)) name.replace(name.rfind(own), own.size(), "-4194305-");
+    return name;
+}
+
 }  // namespace
 
 struct FaultFileSystem::Node {
+    using Entries = std::map<std::string, NodePointer>;
+
     FileStatus::Kind kind = FileStatus::Kind::file;
     std::uint64_t inode = 0;
     Date modified;
     Data content;
     Data durableContent;
-    std::map<std::string, NodePointer> entries;
-    std::map<std::string, NodePointer> durableEntries;
+    Entries entries;
+    std::vector<Entries> earlierEntries;  ///< before each change since the last sync, the durable ones first
     std::map<std::string, Data> attributes;
 
     [[nodiscard]] bool isDirectory() const { return kind == FileStatus::Kind::directory; }
 
-    void lose(CrashLoss loss) {
-        content = durableContent;
-        if (loss == CrashLoss::allUnsynced) entries = durableEntries;
-        durableEntries = entries;
-        for (const auto& [name, node] : entries) node->lose(loss);
+    /// For a change, which is atomic.
+    Entries& changedEntries() {
+        earlierEntries.push_back(entries);
+        return entries;
+    }
+
+    void lose(CrashLoss loss, std::mt19937& random) {
+        const auto share = [&](std::size_t most, CrashLoss only) -> std::size_t {
+            if (loss == CrashLoss::byChance) return random() % (most + 1);
+            return loss == CrashLoss::allUnsynced || loss == only ? 0 : most;
+        };
+        const std::size_t kept = share(2, CrashLoss::unsyncedContents);
+        if (kept == 0) content = durableContent;
+        if (kept == 1 && content != durableContent) content.resize(content.size() / 2);
+        const std::size_t changes = share(earlierEntries.size(), CrashLoss::unsyncedEntries);
+        if (changes < earlierEntries.size()) entries = Entries(earlierEntries[changes]);
+        earlierEntries.clear();
+        durableContent = content;
+        for (const auto& [name, node] : Entries(entries)) {
+            node->lose(loss, random);
+            entries.erase(name);
+            entries.emplace(orphanedName(name), node);
+        }
     }
 
     void collect(const std::string& prefix, std::map<std::string, Data>& files) const {
@@ -132,11 +163,17 @@ void FaultFileSystem::crashAt(std::size_t number) {
     faults_->deadFrom = faults_->operations.size() + number;
 }
 
-void FaultFileSystem::restart(CrashLoss loss) {
+void FaultFileSystem::restart(CrashLoss loss, std::uint32_t seed) {
     heal();
     const Lock lock(mutex_);
-    root_->lose(loss);
+    std::mt19937 random(seed);
+    root_->lose(loss, random);
     ++life_;
+}
+
+void FaultFileSystem::forbidExchange() {
+    const Lock lock(mutex_);
+    hasExchange_ = false;
 }
 
 void FaultFileSystem::heal() {
@@ -153,14 +190,19 @@ void FaultFileSystem::store(const std::string& path, const Data& bytes) {
     const std::string name = components.back();
     components.pop_back();
     for (const std::string& component : components) {
-        NodePointer& next = directory->entries[component];
+        NodePointer next = directory->entries[component];
         if (!next) next = makeNode(FileStatus::Kind::directory);
-        directory->durableEntries[component] = next;
+        putDurably(*directory, component, next);
         directory = next;
     }
     NodePointer file = makeNode(FileStatus::Kind::file);
     file->content = file->durableContent = bytes;
-    directory->entries[name] = directory->durableEntries[name] = file;
+    putDurably(*directory, name, file);
+}
+
+void FaultFileSystem::putDurably(Node& directory, const std::string& name, const NodePointer& node) {
+    directory.entries[name] = node;
+    for (auto& earlier : directory.earlierEntries) earlier[name] = node;
 }
 
 std::map<std::string, Data> FaultFileSystem::tree(const std::string& directory) const {
@@ -264,7 +306,7 @@ Result<> FaultFileSystem::createDirectory(const std::string& path) {
     TRY_VOID(begin("create directory", path, Need::space));
     const Place at = TRY(place("create directory", path));
     if (at.node && !at.node->isDirectory()) return fileFailure(EEXIST, "create directory", path);
-    if (!at.node) at.directory->entries[at.name] = makeNode(FileStatus::Kind::directory);
+    if (!at.node) at.directory->changedEntries()[at.name] = makeNode(FileStatus::Kind::directory);
     return {};
 }
 
@@ -273,7 +315,7 @@ Result<std::unique_ptr<FileHandle>> FaultFileSystem::openForWriting(const std::s
     TRY_VOID(begin("open", path, Need::space));
     Place at = TRY(place("open", path));
     if (at.node && at.node->isDirectory()) return fileFailure(EISDIR, "open", path);
-    if (!at.node) at.directory->entries[at.name] = at.node = makeNode(FileStatus::Kind::file);
+    if (!at.node) at.directory->changedEntries()[at.name] = at.node = makeNode(FileStatus::Kind::file);
     at.node->content.clear();
     at.node->modified = Date::sinceReference(static_cast<double>(++lastInode_));
     return std::make_unique<Handle>(*this, at.node, life_, path);
@@ -290,7 +332,8 @@ Result<> FaultFileSystem::rename(const std::string& from, const std::string& to)
         if (!source.node->isDirectory() && target.node->isDirectory()) return fileFailure(EISDIR, "rename", to);
         if (!target.node->entries.empty()) return fileFailure(ENOTEMPTY, "rename", to);
     }
-    source.directory->entries.erase(source.name);
+    source.directory->changedEntries().erase(source.name);
+    if (source.directory != target.directory) target.directory->changedEntries();
     target.directory->entries[target.name] = source.node;
     return {};
 }
@@ -298,10 +341,12 @@ Result<> FaultFileSystem::rename(const std::string& from, const std::string& to)
 Result<> FaultFileSystem::exchange(const std::string& a, const std::string& b) {
     const Lock lock(mutex_);
     TRY_VOID(begin("exchange", b));
+    if (!hasExchange_) return fileFailure(EINVAL, "exchange", b);
     const Place first = TRY(place("exchange", a));
     const Place second = TRY(place("exchange", b));
     if (!first.node || !second.node) return fileFailure(ENOENT, "exchange", b);
-    first.directory->entries[first.name] = second.node;
+    first.directory->changedEntries()[first.name] = second.node;
+    if (first.directory != second.directory) second.directory->changedEntries();
     second.directory->entries[second.name] = first.node;
     return {};
 }
@@ -312,7 +357,7 @@ Result<> FaultFileSystem::removeFile(const std::string& path) {
     const Place at = TRY(place("remove", path));
     if (!at.node) return fileFailure(ENOENT, "remove", path);
     if (at.node->isDirectory()) return fileFailure(EISDIR, "remove", path);
-    at.directory->entries.erase(at.name);
+    at.directory->changedEntries().erase(at.name);
     return {};
 }
 
@@ -323,7 +368,7 @@ Result<> FaultFileSystem::removeEmptyDirectory(const std::string& path) {
     if (!at.node) return fileFailure(ENOENT, "remove directory", path);
     if (!at.node->isDirectory()) return fileFailure(ENOTDIR, "remove directory", path);
     if (!at.node->entries.empty()) return fileFailure(ENOTEMPTY, "remove directory", path);
-    at.directory->entries.erase(at.name);
+    at.directory->changedEntries().erase(at.name);
     return {};
 }
 
@@ -332,7 +377,7 @@ Result<> FaultFileSystem::syncDirectory(const std::string& path) {
     TRY_VOID(begin("sync directory", path));
     const NodePointer node = find(path);
     if (!node) return fileFailure(ENOENT, "sync directory", path);
-    node->durableEntries = node->entries;
+    node->earlierEntries.clear();
     return {};
 }
 
@@ -340,7 +385,7 @@ Result<std::unique_ptr<FileLock>> FaultFileSystem::lock(const std::string& path,
     const Lock lock(mutex_);
     TRY_VOID(begin("lock", path));
     Place at = TRY(place("lock", path));
-    if (!at.node) at.directory->entries[at.name] = makeNode(FileStatus::Kind::file);
+    if (!at.node) at.directory->changedEntries()[at.name] = makeNode(FileStatus::Kind::file);
     int& holders = holders_[path];
     while (exclusive ? holders != 0 : holders < 0) unlocked_.wait(mutex_);
     holders += exclusive ? -1 : 1;

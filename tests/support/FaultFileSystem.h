@@ -1,7 +1,8 @@
 // A file system in memory that fails when told to and forgets in a crash what was not synced.
 //
-// Every node has a present and a durable state. A file's content becomes durable with its handle's
-// sync(), a directory's entries with syncDirectory(). Any thread.
+// A file's content becomes durable with its handle's sync(), a directory's entries with syncDirectory(). What
+// was not synced may or may not be on the device: contents in part, each directory as it was after any of its
+// changes since, whatever the others have come to. Any thread.
 #pragma once
 
 #include <cerrno>
@@ -19,9 +20,9 @@ namespace dayward {
 
 class FaultFileSystem final : public FileSystem {
 public:
-    /// What a crash takes: all that was not synced, or only contents, while changed directory entries
-    /// got to the device by chance.
-    enum class CrashLoss { allUnsynced, unsyncedContents };
+    /// What a crash takes of what was not synced: nothing (only the process died), all, contents alone, entries of
+    /// directories alone, or of each file and directory a share that the seed gives.
+    enum class CrashLoss { nothing, allUnsynced, unsyncedContents, unsyncedEntries, byChance };
 
     FaultFileSystem();
     ~FaultFileSystem() override;
@@ -37,8 +38,11 @@ public:
     void fillDiskAt(std::size_t number);
     /// Lets the process die before that operation: it and all after it fail until restart().
     void crashAt(std::size_t number);
-    /// Ends all faults and comes back as after a loss of power. Handles from before are dead.
-    void restart(CrashLoss loss = CrashLoss::allUnsynced);
+    /// Ends all faults and comes back as after a loss of power. Handles from before are dead, and temporaries of
+    /// this process are then of one that is gone.
+    void restart(CrashLoss loss = CrashLoss::allUnsynced, std::uint32_t seed = 0);
+    /// Refuses exchange() from now on, as file systems without it do.
+    void forbidExchange();
     /// Ends all faults and keeps everything.
     void heal();
 
@@ -78,6 +82,7 @@ private:
     NodePointer find(const std::string& path) const DAYWARD_REQUIRES(mutex_);
     Result<Place> place(const char* operation, const std::string& path) const DAYWARD_REQUIRES(mutex_);
     NodePointer makeNode(FileStatus::Kind kind) DAYWARD_REQUIRES(mutex_);
+    static void putDurably(Node& directory, const std::string& name, const NodePointer& node);
     void unlock(const std::string& path, bool exclusive);
 
     mutable Mutex mutex_;
@@ -85,6 +90,7 @@ private:
     NodePointer root_ DAYWARD_GUARDED_BY(mutex_);
     std::unique_ptr<Faults> faults_ DAYWARD_GUARDED_BY(mutex_);
     std::uint64_t lastInode_ DAYWARD_GUARDED_BY(mutex_) = 0;
+    bool hasExchange_ DAYWARD_GUARDED_BY(mutex_) = true;
     std::uint64_t life_ DAYWARD_GUARDED_BY(mutex_) = 1;              ///< grows with each restart
     std::map<std::string, int> holders_ DAYWARD_GUARDED_BY(mutex_);  ///< readers of a lock; -1 is a writer
 };

@@ -15,12 +15,37 @@ std::unexpected<Error> noFiles(const std::string& path, std::string reason) {
                    {{"fileName", lastPathComponent(path)}, {"path", path}, {"reason", std::move(reason)}});
 }
 
-/// The entry's wrapper. What is no regular file, a link to nowhere included, becomes an empty directory: a
-/// package has no use for it, and it must not stand in the way of reading the rest.
-Result<FileWrapper> readWrapper(const FileSystem& files, const std::string& path) {
+Result<FileWrapper::Children> readChildren(const FileSystem& files, const std::string& directory);
+
+/// The entry's wrapper; nothing for what is no file and no directory, or a link to one or to nowhere: a package has
+/// no use for it, and it must not stand in the way of reading the rest.
+Result<std::optional<FileWrapper>> readWrapper(const FileSystem& files, const std::string& path) {
     const auto status = TRY(files.status(path));
-    if (!status || status->kind != FileStatus::Kind::file) return FileWrapper::directory({});
-    return FileWrapper::regularFile(TRY(files.readFile(path)));
+    if (status && status->kind == FileStatus::Kind::file) return FileWrapper::regularFile(TRY(files.readFile(path)));
+    if (status && status->kind == FileStatus::Kind::directory && !files.isLink(path))
+        return FileWrapper::directory(TRY(readChildren(files, path)));
+    logError(path + " is neither a file nor a directory: it goes when its package is written");
+    return std::nullopt;
+}
+
+Result<FileWrapper::Children> readChildren(const FileSystem& files, const std::string& directory) {
+    FileWrapper::Children children;
+    for (const auto& name : TRY(files.listDirectory(directory))) {
+        auto wrapper = TRY(readWrapper(files, joinPath(directory, name)));
+        if (wrapper) children.emplace(name, *std::move(wrapper));
+    }
+    return children;
+}
+
+void appendFiles(const FileWrapper::Children& children, const std::string& prefix, std::vector<PackageFile>& files) {
+    for (const auto& [name, wrapper] : children) {
+        if (const Data* bytes = wrapper.regularFileContents()) {
+            files.push_back({prefix + name, *bytes});
+        } else {
+            files.push_back({prefix + name + "/", {}});
+            appendFiles(*wrapper.fileWrappers(), prefix + name + "/", files);
+        }
+    }
 }
 
 }  // namespace
@@ -35,27 +60,14 @@ Result<> EventDocument::loadFromContents(const FileWrapper& contents, std::strin
 }
 
 Result<> EventDocument::readFromURL(const std::string& path) {
-    const auto& files = Environment::current().files();
-    const auto names = files.listDirectory(path);
-    if (!names) return noFiles(path, names.error().description());
-    FileWrapper::Children children;
-    for (const auto& name : *names) {
-        auto wrapper = readWrapper(files, joinPath(path, name));
-        if (!wrapper) return noFiles(path, wrapper.error().description());
-        children.emplace(name, *std::move(wrapper));
-    }
-    return loadFromContents(FileWrapper::directory(std::move(children)), kFileType);
+    auto children = readChildren(Environment::current().files(), path);
+    if (!children) return noFiles(path, children.error().description());
+    return loadFromContents(FileWrapper::directory(*std::move(children)), kFileType);
 }
 
 Result<> EventDocument::writeToURL(const std::string& path) const {
     std::vector<PackageFile> content;
-    for (const auto& [name, wrapper] : fileWrappers_) {
-        if (const Data* bytes = wrapper.regularFileContents()) {
-            content.push_back({name, *bytes});
-        } else {
-            logError("package " + path + ": the directory " + name + " inside it is not kept");
-        }
-    }
+    appendFiles(fileWrappers_, "", content);
     return writePackageAtomically(Environment::current().files(), path, content);
 }
 

@@ -2,8 +2,8 @@
 //
 // A package is a directory named by the event's identifier and the store's extension. It holds
 // "general.t" (a keyed archive of HHGeneralEventDocumentData), and "icon.i" (PNG) and "background.i"
-// (JPEG) where the event has images of its own. Files that are none of these are kept; what is
-// no regular file (a subdirectory, a pipe) is logged and left behind when the package is written. A
+// (JPEG) where the event has images of its own. Files and directories that are none of these are kept; what
+// is neither (a pipe, a link to a directory) is logged and left behind when the package is written. A
 // document belongs to the one call that made it.
 #pragma once
 

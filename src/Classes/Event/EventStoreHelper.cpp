@@ -82,7 +82,8 @@ Result<> EventStoreHelper::writeEvent(const HHEvent& event, const std::string& p
 
 Result<EventDocument> EventStoreHelper::readEventDocument(const std::string& path) {
     EventDocument document(path);
-    if (Environment::current().files().exists(path)) TRY_VOID(document.readFromURL(path));
+    // What cannot be told must not pass for nothing: the package would be replaced without its pictures.
+    if (TRY(Environment::current().files().status(path))) TRY_VOID(document.readFromURL(path));
     return document;
 }
 

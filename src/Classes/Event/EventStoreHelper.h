@@ -26,7 +26,7 @@ public:
     /// error of the domain EventDocument::kNoFilesDomain ("fileName"); a package without a readable
     /// "general.t", and a path where nothing is, one of kNoDataDomain ("file").
     static Result<std::shared_ptr<HHEvent>> readEvent(const std::string& path);
-    /// Replaces the package whole. Images that the event has not changed and regular files of others
+    /// Replaces the package whole. Images that the event has not changed and files of others
     /// stay byte for byte. On an error what was there stays.
     static Result<> writeEvent(const HHEvent& event, const std::string& path);
 

@@ -101,6 +101,11 @@ Result<std::optional<FileStatus>> LinuxFileSystem::status(const std::string& pat
                       static_cast<std::uint64_t>(found.st_ino)};
 }
 
+bool LinuxFileSystem::isLink(const std::string& path) const {
+    struct stat found = {};
+    return ::lstat(path.c_str(), &found) == 0 && S_ISLNK(found.st_mode);
+}
+
 Result<Data> LinuxFileSystem::readFile(const std::string& path) const {
     // Without waiting: a named pipe in the place of a file must not hang the program.
     const auto file = TRY(openDescriptor(path, O_RDONLY | O_NONBLOCK));

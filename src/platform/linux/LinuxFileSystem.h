@@ -9,6 +9,7 @@ namespace dayward {
 class LinuxFileSystem : public FileSystem {
 public:
     Result<std::optional<FileStatus>> status(const std::string& path) const override;
+    [[nodiscard]] bool isLink(const std::string& path) const override;
     Result<Data> readFile(const std::string& path) const override;
     Result<std::vector<std::string>> listDirectory(const std::string& path) const override;
     Result<> createDirectory(const std::string& path) override;

@@ -98,15 +98,23 @@ TEST_F(EventStoreHelperTest, UnchangedImagesAndForeignFilesStayByteForByte) {
     EXPECT_EQ(textOf(fileOf(package, "notes.txt")), "foreign");
 }
 
-TEST_F(EventStoreHelperTest, WhatIsNoFileInsideAPackageIsNotInTheWay) {
+TEST_F(EventStoreHelperTest, DirectoriesInsideAPackageStayAndWhatIsNeitherIsNotInTheWay) {
     const auto package = writePackage(path("k.evn"), {{"general.t", storedArchive("empty")}});
     ASSERT_TRUE(environment_->files().createDirectories(joinPath(package, "directory/inside")));
+    writePackage(joinPath(package, "directory/notes"), {{"a.txt", dataOf("foreign")}});
+    ASSERT_EQ(::symlink("..", joinPath(package, "directory/loop").c_str()), 0);
     ASSERT_EQ(::mkfifo(joinPath(package, "pipe").c_str(), 0600), 0);
     ASSERT_EQ(::symlink("/nowhere/at/all", joinPath(package, "link").c_str()), 0);
     const auto event = *EventStoreHelper::readEvent(package);
     event->setName("renamed");
     ASSERT_TRUE(EventStoreHelper::writeEvent(*event, package));
     EXPECT_EQ((*EventStoreHelper::readEvent(package))->name(), "renamed");
+    EXPECT_EQ(textOf(fileOf(package, "directory/notes/a.txt")), "foreign");
+    EXPECT_TRUE(environment_->files().isDirectory(joinPath(package, "directory/inside")));
+    for (const char* dropped : {"pipe", "link", "directory/loop"}) {
+        EXPECT_FALSE(environment_->files().exists(joinPath(package, dropped)));
+        EXPECT_THAT(environment_.log->errors(), Contains(testing::HasSubstr(joinPath(package, dropped))));
+    }
 }
 
 TEST_F(EventStoreHelperTest, OwnImagesGetFilesOfTheirOwn) {
