@@ -1,6 +1,7 @@
 #include "platform/UnreadableFiles.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <sstream>
 
@@ -28,6 +29,10 @@ std::string digestName(std::string_view text) {
 
 }  // namespace
 
+std::string unreadableCopyPath(const std::string& path, int number) {
+    return path + (number == 1 ? "" : "." + std::to_string(number)) + ".unreadable";
+}
+
 UnreadableFiles::UnreadableFiles(FileSystem& files, std::string directory)
     : files_(files), directory_(std::move(directory)) {
     reload();
@@ -36,6 +41,8 @@ UnreadableFiles::UnreadableFiles(FileSystem& files, std::string directory)
 void UnreadableFiles::reload() {
     std::map<std::string, Entry> entries;
     const auto names = files_.listDirectory(directory_);
+    if (!names && names.error().code != ENOENT)
+        logError("the unreadable files are not known: " + names.error().description());
     for (const std::string& name : names.value_or(std::vector<std::string>())) {
         const auto content = files_.readFile(joinPath(directory_, name));
         if (!content || isTemporaryName(name)) continue;

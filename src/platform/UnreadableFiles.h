@@ -16,6 +16,10 @@
 
 namespace dayward {
 
+/// Where the copy with that number, from 1, of a file that could not be read is kept: "PATH.unreadable",
+/// "PATH.2.unreadable" and so on. None replaces an earlier one.
+std::string unreadableCopyPath(const std::string& path, int number);
+
 class UnreadableFiles {
 public:
     /// Reads the record. An entry that cannot be read is as none.

@@ -6,6 +6,7 @@
 #include "platform/KeyedArchiver.h"
 #include "platform/KeyedUnarchiver.h"
 #include "platform/Log.h"
+#include "platform/UnreadableFiles.h"
 
 namespace dayward {
 
@@ -25,7 +26,9 @@ Result<std::optional<Dictionary>> UserDefaults::readFile() const {
 Result<std::optional<Dictionary>> UserDefaults::readFileOrPutAside() const {
     auto content = TRY(readFile());
     if (content) return content;
-    const std::string kept = path_ + ".unreadable";
+    int number = 1;
+    while (TRY(files_->status(unreadableCopyPath(path_, number)))) ++number;
+    const std::string kept = unreadableCopyPath(path_, number);
     TRY_VOID(files_->rename(path_, kept));
     logError("defaults: " + path_ + " is kept as " + kept);
     return std::nullopt;

@@ -22,7 +22,7 @@ class FileSystem;
 class UserDefaults {
 public:
     /// The suite stored at `path`, read on first use. A file that is no suite reads as empty; it is kept
-    /// beside under the name PATH.unreadable and the reason is logged.
+    /// beside (unreadableCopyPath) and the reason is logged.
     UserDefaults(std::shared_ptr<FileSystem> files, std::shared_ptr<const ArchiveClasses> classes, std::string path);
 
     [[nodiscard]] Object objectForKey(const std::string& key) const;

@@ -5,6 +5,7 @@
 #include "platform/Color.h"
 #include "platform/FileSystem.h"
 #include "platform/KeyedArchiver.h"
+#include "platform/UnreadableFiles.h"
 #include "support/FaultFileSystem.h"
 #include "support/TestEnvironment.h"
 
@@ -74,13 +75,15 @@ TEST_F(UserDefaultsTest, synchronizeWithoutChangesWritesNothing) {
     EXPECT_EQ((*files->status(kPath))->inode, inode);
 }
 
-TEST_F(UserDefaultsTest, anUnreadableFileIsKeptAside) {
+TEST_F(UserDefaultsTest, anUnreadableFileIsKeptAsideAndReplacesNoEarlierOne) {
+    int number = 0;
     for (const Data& bytes :
          {dataOf("no archive"), Data(), KeyedArchiver::archivedDataWithRootObject("no dictionary")}) {
         writeFile(bytes);
         const auto defaults = open();
         EXPECT_TRUE(defaults->dictionaryRepresentation().empty());
-        EXPECT_EQ(*files->readFile(std::string(kPath) + ".unreadable"), bytes);
+        ++number;
+        EXPECT_EQ(*files->readFile(unreadableCopyPath(kPath, number)), bytes);
         EXPECT_FALSE(files->exists(kPath));
         EXPECT_THAT(environment.log->errors(), testing::Contains(testing::HasSubstr(kPath)));
         defaults->setObject(1, "key");

@@ -28,20 +28,24 @@ struct StoppingArchives {
 
 std::string stampOf(const Data& bytes) { return stringFromMD5(textOf(bytes)).value_or("empty"); }
 
-/// A copy beside the file, since the next write replaces it.
-Result<> keepBeside(Environment& environment, const std::string& path, const Data& bytes, const std::string& reason) {
-    const std::string kept = path + ".unreadable";
-    environment.log().error(path + " stopped an earlier start: " + reason + "; it is left out and kept as " + kept);
-    const auto present = environment.files().readFile(kept);
-    if (present && *present == bytes) return {};
-    return writeFileAtomically(environment.files(), kept, bytes);
+/// A copy beside the file, since the next write replaces it. `fault` is what the log says of the file.
+Result<> keepBeside(Environment& environment, const std::string& path, const Data& bytes, const std::string& fault) {
+    FileSystem& files = environment.files();
+    for (int number = 1;; ++number) {
+        const std::string kept = unreadableCopyPath(path, number);
+        const auto present = TRY(readIfPresent(files, kept));
+        if (present && *present != bytes) continue;
+        environment.log().error(path + " " + fault + "; it is kept as " + kept);
+        return present ? Result<>() : writeFileAtomically(files, kept, bytes);
+    }
 }
 
 /// Whether the archive stopped a process before; then it is also kept beside.
 Result<bool> isLeftOut(Environment& environment, const std::string& path, const Data& bytes) {
     const auto& record = environment.shared<StoppingArchives>().record;
     const auto reason = record.reasonToLeaveOut(path, stampOf(bytes));
-    if (reason) TRY_VOID(keepBeside(environment, path, bytes, *reason));
+    if (reason)
+        TRY_VOID(keepBeside(environment, path, bytes, "stopped an earlier start and is left out: " + *reason));
     return reason.has_value();
 }
 
@@ -78,7 +82,11 @@ Result<Object> updateArchivedFile(Environment& environment, const std::string& p
     const auto bytes = TRY(readIfPresent(environment.files(), path));
     std::optional<Object> present;
     if (bytes && !TRY(isLeftOut(environment, path, *bytes))) {
-        if (auto root = unarchive(environment, path, *bytes)) present = std::move(*root);
+        if (auto root = unarchive(environment, path, *bytes)) {
+            present = std::move(*root);
+        } else {
+            TRY_VOID(keepBeside(environment, path, *bytes, "is unreadable: " + root.error().description()));
+        }
     }
     Object root = change(present);
     TRY_VOID(writeArchivedFile(environment, path, root));

@@ -2,7 +2,8 @@
 // processes change too. Any thread.
 //
 // An archive whose reading once stopped a process reads as a missing file from then on, as long as it
-// does not change; it is kept beside under the name PATH.unreadable, and the log says so.
+// does not change. Such a file, and one that is no archive when it is replaced, is kept beside
+// (unreadableCopyPath), and the log says so.
 #pragma once
 
 #include <functional>

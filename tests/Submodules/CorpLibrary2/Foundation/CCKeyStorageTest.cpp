@@ -8,6 +8,7 @@
 #include "Submodules/CorpLibrary2/Foundation/ArchivedFile.h"
 #include "Submodules/CorpLibrary2/Foundation/CCCacheKeyStorage.h"
 #include "platform/KeyedArchiver.h"
+#include "platform/UnreadableFiles.h"
 #include "platform/UserDefaults.h"
 #include "platform/linux/AsioQueues.h"
 
@@ -53,6 +54,9 @@ TEST_F(CCKeyStorageTest, AnythingElseThanADictionaryOpensEmptyAndIsReplacedByThe
         storage->write();
         EXPECT_EQ(onDisk(path), Object(Dictionary{{"key", 1}}));
     }
+    // Those that are no archive are kept beside, each once.
+    int number = 1;
+    for (const int kept : {0, 1, 3, 5}) EXPECT_EQ(*files->readFile(unreadableCopyPath(path, number++)), contents[kept]);
 }
 
 TEST_F(CCKeyStorageTest, ALaterChangeDefersTheWrite) {
