@@ -31,9 +31,9 @@ bool MergedDictionary::setValue(Object value, const std::string& forKey) {
     return true;
 }
 
-void MergedDictionary::removeAll() {
-    values_.clear();
-    changes_ = {.replacesAll = true, .values = {}};
+void MergedDictionary::setAll(Dictionary values) {
+    values_ = std::move(values);
+    changes_ = {.replacesAll = true, .values = values_};
 }
 
 MergedDictionary::Changes MergedDictionary::takeChanges() { return std::exchange(changes_, {}); }

@@ -28,7 +28,9 @@ public:
     [[nodiscard]] Object valueForKey(const std::string& key) const;
     /// A null value removes the key. False where there was nothing to remove.
     bool setValue(Object value, const std::string& forKey);
-    void removeAll();
+    void removeAll() { setAll({}); }
+    /// These values and no others.
+    void setAll(Dictionary values);
 
     /// The changes, which are then forgotten.
     [[nodiscard]] Changes takeChanges();

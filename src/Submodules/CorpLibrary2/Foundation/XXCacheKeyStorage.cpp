@@ -57,7 +57,7 @@ void XXCacheKeyStorage::setDictionary(Dictionary dictionary) {
     // One sweep and one write for all the pairs, however many there are.
     removeOldValues();
     const Date endDate = environment_.now() + defaultLifeTime_;
-    for (auto& [key, object] : dictionary) loadedStorage().insert_or_assign(key, entryOf(object, endDate));
+    for (auto& [key, object] : dictionary) loadedStorage().setValue(entryOf(object, endDate), key);
     performAutoSynchronize();
 }
 
@@ -86,7 +86,7 @@ std::size_t XXCacheKeyStorage::count() {
 void XXCacheKeyStorage::removeOldValues() {
     const Lock lock(mutex_);
     std::vector<std::string> oldKeys;
-    for (const auto& [key, entry] : loadedStorage()) {
+    for (const auto& [key, entry] : loadedStorage().values()) {
         if (isOldValue(entry)) oldKeys.push_back(key);
     }
     if (!oldKeys.empty()) removeObjectsForKeys(oldKeys);

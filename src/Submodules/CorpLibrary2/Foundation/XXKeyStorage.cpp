@@ -67,6 +67,7 @@ std::optional<std::string> XXKeyStorage::userDefaultsKey() const {
 void XXKeyStorage::setUserDefaultsKey(std::optional<std::string> key) {
     const Lock lock(mutex_);
     userDefaultsKey_ = std::move(key);
+    replaceAll();
 }
 
 std::optional<std::string> XXKeyStorage::filePath() const {
@@ -77,6 +78,11 @@ std::optional<std::string> XXKeyStorage::filePath() const {
 void XXKeyStorage::setFilePath(std::optional<std::string> path) {
     const Lock lock(mutex_);
     filePath_ = std::move(path);
+    replaceAll();
+}
+
+void XXKeyStorage::replaceAll() {
+    if (storage_) storage_->setAll(storage_->values());
 }
 
 Object XXKeyStorage::load() const {
@@ -88,39 +94,52 @@ Object XXKeyStorage::load() const {
     return nullptr;
 }
 
-Dictionary& XXKeyStorage::loadedStorage() const {
+Object XXKeyStorage::opened(const Object& stored) const {
+    const Object content = cryptoKey_ ? objectFromCryptoData(stored, *cryptoKey_) : stored;
+    return content.dictionary() ? content : Object();
+}
+
+MergedDictionary& XXKeyStorage::loadedStorage() const {
     if (!storage_) {
-        Object loaded = load();
-        if (cryptoKey_) loaded = objectFromCryptoData(loaded, *cryptoKey_);
-        const auto* dictionary = loaded.dictionary();
-        storage_ = dictionary ? *dictionary : Dictionary();
+        const Object loaded = opened(load());
+        storage_ = MergedDictionary(loaded.isNull() ? Dictionary() : *loaded.dictionary());
     }
     return *storage_;
 }
 
 Dictionary XXKeyStorage::storage() const {
     const Lock lock(mutex_);
-    return loadedStorage();
+    return loadedStorage().values();
 }
 
-void XXKeyStorage::storeInDefaults(const Object& stored) {
-    auto& defaults = environment_.standardDefaults();
-    defaults.setObject(stored, *userDefaultsKey_);
-    // The defaults log a failure themselves, with path and reason.
-    static_cast<void>(defaults.synchronize());
+Result<Dictionary> XXKeyStorage::store(const MergedDictionary::Changes& changes, const Dictionary& values) {
+    Dictionary merged = values;
+    const auto sealed = [&](const std::optional<Object>& present) -> Object {
+        const Object content = opened(present.value_or(Object()));
+        if (!content.isNull()) merged = changes.appliedTo(*content.dictionary());
+        return cryptoKey_ ? Object(cryptoDataFromObject(merged, *cryptoKey_)) : Object(merged);
+    };
+    if (userDefaultsKey_) {
+        auto& defaults = environment_.standardDefaults();
+        TRY_VOID(defaults.synchronize());  // for what another process wrote under the key
+        defaults.setObject(sealed(defaults.objectForKey(*userDefaultsKey_)), *userDefaultsKey_);
+        TRY_VOID(defaults.synchronize());
+    } else if (filePath_) {
+        TRY_VOID(updateArchivedFile(environment_, *filePath_, sealed));
+    }
+    return merged;
 }
 
 void XXKeyStorage::synchronize() {
     const Lock lock(mutex_);
-    Object stored = loadedStorage();
-    if (cryptoKey_) stored = cryptoDataFromObject(stored, *cryptoKey_);
-    if (userDefaultsKey_) {
-        storeInDefaults(stored);
-    } else if (filePath_) {
-        const auto written = writeArchivedFile(environment_, *filePath_, stored);
-        if (written) return;
+    MergedDictionary& content = loadedStorage();
+    auto changes = content.takeChanges();
+    auto written = store(changes, content.values());
+    if (written) return content.adopt(*std::move(written));
+    content.restoreChanges(std::move(changes));
+    // The defaults log a failure themselves, with path and reason.
+    if (!userDefaultsKey_)
         environment_.log().error("XXKeyStorage write: " + *filePath_ + ", error: " + written.error().description());
-    }
 }
 
 void XXKeyStorage::performAutoSynchronize() {
@@ -130,28 +149,26 @@ void XXKeyStorage::performAutoSynchronize() {
 
 std::size_t XXKeyStorage::count() {
     const Lock lock(mutex_);
-    return loadedStorage().size();
+    return loadedStorage().values().size();
 }
 
 std::vector<std::string> XXKeyStorage::allKeys() const {
     const Lock lock(mutex_);
     std::vector<std::string> keys;
-    for (const auto& [key, object] : loadedStorage()) keys.push_back(key);
+    for (const auto& [key, object] : loadedStorage().values()) keys.push_back(key);
     return keys;
 }
 
 std::vector<Object> XXKeyStorage::allValues() const {
     const Lock lock(mutex_);
     std::vector<Object> values;
-    for (const auto& [key, object] : loadedStorage()) values.push_back(object);
+    for (const auto& [key, object] : loadedStorage().values()) values.push_back(object);
     return values;
 }
 
 Object XXKeyStorage::objectForKey(const std::string& key) const {
     const Lock lock(mutex_);
-    const auto& storage = loadedStorage();
-    const auto found = storage.find(key);
-    return found == storage.end() ? Object() : found->second;
+    return loadedStorage().valueForKey(key);
 }
 
 Object XXKeyStorage::valueForKey(const std::string& key) const { return objectForKey(key); }
@@ -162,7 +179,7 @@ std::vector<Object> XXKeyStorage::objectEnumerator() const { return allValues();
 
 std::size_t XXKeyStorage::countByEnumeratingWithState(EnumerationState& state, std::span<std::string> objects) const {
     const Lock lock(mutex_);
-    const auto& storage = loadedStorage();
+    const auto& storage = loadedStorage().values();
     auto next = state.lastKey ? storage.upper_bound(*state.lastKey) : storage.begin();
     std::size_t filled = 0;
     for (; next != storage.end() && filled < objects.size(); ++next) objects[filled++] = next->first;
@@ -172,11 +189,7 @@ std::size_t XXKeyStorage::countByEnumeratingWithState(EnumerationState& state, s
 
 void XXKeyStorage::setObject(Object object, const std::string& forKey) {
     const Lock lock(mutex_);
-    if (object.isNull()) {
-        loadedStorage().erase(forKey);
-    } else {
-        loadedStorage().insert_or_assign(forKey, std::move(object));
-    }
+    loadedStorage().setValue(std::move(object), forKey);
     performAutoSynchronize();
 }
 
@@ -186,25 +199,25 @@ void XXKeyStorage::setValue(Object value, const std::string& forKey) {
 
 void XXKeyStorage::setDictionary(Dictionary dictionary) {
     const Lock lock(mutex_);
-    storage_ = std::move(dictionary);
+    loadedStorage().setAll(std::move(dictionary));
     performAutoSynchronize();
 }
 
 void XXKeyStorage::removeObjectForKey(const std::string& key) {
     const Lock lock(mutex_);
-    loadedStorage().erase(key);
+    loadedStorage().setValue(nullptr, key);
     performAutoSynchronize();
 }
 
 void XXKeyStorage::removeAllObjects() {
     const Lock lock(mutex_);
-    storage_ = Dictionary();
+    loadedStorage().setAll({});
     performAutoSynchronize();
 }
 
 void XXKeyStorage::removeObjectsForKeys(const std::vector<std::string>& keys) {
     const Lock lock(mutex_);
-    for (const auto& key : keys) loadedStorage().erase(key);
+    for (const auto& key : keys) loadedStorage().setValue(nullptr, key);
     performAutoSynchronize();
 }
 

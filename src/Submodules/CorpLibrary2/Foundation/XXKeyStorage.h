@@ -16,8 +16,10 @@
 #include <vector>
 
 #include "Submodules/CorpLibrary2/Foundation/KeyStorageSource.h"
+#include "Submodules/CorpLibrary2/Foundation/MergedDictionary.h"
 #include "platform/Mutex.h"
 #include "platform/Object.h"
+#include "platform/Result.h"
 
 namespace dayward {
 
@@ -45,7 +47,8 @@ public:
 
     /// A copy of the stored dictionary, loaded on the first call.
     [[nodiscard]] Dictionary storage() const;
-    /// Writes the content. A failure is logged.
+    /// Writes the content. A failure is logged, and what it kept back waits for the next call. Keys that only
+    /// another process changed are taken in.
     void synchronize();
     void performAutoSynchronize();
 
@@ -84,20 +87,26 @@ public:
 
 protected:
     /// The content, loaded if it was not. Under the monitor.
-    Dictionary& loadedStorage() const DAYWARD_REQUIRES(mutex_);
+    MergedDictionary& loadedStorage() const DAYWARD_REQUIRES(mutex_);
 
     Environment& environment_;
     mutable RecursiveMutex mutex_;
 
 private:
     [[nodiscard]] Object load() const DAYWARD_REQUIRES(mutex_);
-    void storeInDefaults(const Object& stored) DAYWARD_REQUIRES(mutex_);
+    /// What a stored object holds, deciphered where there is a key; null where it is no dictionary.
+    [[nodiscard]] Object opened(const Object& stored) const DAYWARD_REQUIRES(mutex_);
+    /// Lays the changes over what is stored now; the content after that.
+    Result<Dictionary> store(const MergedDictionary::Changes& changes, const Dictionary& values)
+        DAYWARD_REQUIRES(mutex_);
+    /// The whole content is due to be written, to a place that may hold another.
+    void replaceAll() DAYWARD_REQUIRES(mutex_);
 
     bool autoSynchronize_ DAYWARD_GUARDED_BY(mutex_) = false;
     std::optional<std::string> cryptoKey_ DAYWARD_GUARDED_BY(mutex_);
     std::optional<std::string> userDefaultsKey_ DAYWARD_GUARDED_BY(mutex_);
     std::optional<std::string> filePath_ DAYWARD_GUARDED_BY(mutex_);
-    mutable std::optional<Dictionary> storage_ DAYWARD_GUARDED_BY(mutex_);
+    mutable std::optional<MergedDictionary> storage_ DAYWARD_GUARDED_BY(mutex_);
 };
 
 }  // namespace dayward

@@ -62,6 +62,25 @@ TEST_F(XXKeyStorageTest, AFailedWriteIsLoggedAndMayBeRepeated) {
     EXPECT_EQ(content(), (Dictionary{{"a", 1}}));
 }
 
+TEST_F(XXKeyStorageTest, TwoHoldersKeepEachOthersKeys) {
+    for (const auto& key : {std::optional<std::string>(), std::optional<std::string>(kKey)}) {
+        XXKeyStorage one(KeyStorageFile{path});
+        XXKeyStorage other(KeyStorageFile{path});
+        for (auto* storage : {&one, &other}) storage->setCryptoKey(key);
+        one.setDictionary({{"both", 1}, {"gone", 1}, {"one's", 1}});
+        one.synchronize();
+        (void)other.storage();
+        one.setObject(nullptr, "gone");
+        one.synchronize();
+        other.setObject(2, "both");
+        other.synchronize();
+        EXPECT_EQ(content(key), (Dictionary{{"both", 2}, {"one's", 1}}));
+        one.setFilePath(path + ".moved");
+        one.synchronize();
+        EXPECT_EQ(XXKeyStorage(KeyStorageFile{path + ".moved"}).storage().empty(), key.has_value());
+    }
+}
+
 TEST_F(XXKeyStorageTest, AFailedReadIsLoggedAndCountsAsNoData) {
     store(path, dataOf("no archive"));
     EXPECT_EQ(content(), Dictionary());
