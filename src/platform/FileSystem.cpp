@@ -204,6 +204,12 @@ bool FileSystem::isDirectory(const std::string& path) const {
     return found && *found && (*found)->kind == FileStatus::Kind::directory;
 }
 
+Result<ReadFile> FileSystem::readFileWithStatus(const std::string& path) const {
+    const std::optional<FileStatus> found = TRY(status(path));
+    if (!found) return std::unexpected(fileError(ENOENT, path, "read"));
+    return ReadFile{TRY(readFile(path)), *found};
+}
+
 Result<> FileSystem::createDirectories(const std::string& path) {
     if (path.empty() || path == "/" || isDirectory(path)) return {};
     const std::string parent = parentPath(path);

@@ -45,6 +45,20 @@ public:
     virtual ~FileLock() = default;
 };
 
+/// Brings to the device all that was written on a file system, whoever wrote it.
+class DeviceSync {
+public:
+    virtual ~DeviceSync() = default;
+    /// Fails where anything written since it was opened did not get to the device.
+    virtual Result<> sync() = 0;
+};
+
+/// A file's bytes, and its status of before they were read.
+struct ReadFile {
+    Data bytes;
+    FileStatus status;
+};
+
 class FileSystem {
 public:
     virtual ~FileSystem() = default;
@@ -55,6 +69,8 @@ public:
     [[nodiscard]] virtual bool isLink(const std::string&) const { return false; }
     /// A file that is too long for any of the program's is refused (EFBIG).
     virtual Result<Data> readFile(const std::string& path) const = 0;
+    /// Both in one opening where the file system can do that.
+    virtual Result<ReadFile> readFileWithStatus(const std::string& path) const;
     /// Names of the entries without "." and "..", in no promised order.
     virtual Result<std::vector<std::string>> listDirectory(const std::string& path) const = 0;
     /// Makes one directory; it is no error if it is there already.
@@ -69,6 +85,9 @@ public:
     virtual Result<> removeEmptyDirectory(const std::string& path) = 0;
     /// Returns when the directory's entries are on the device.
     virtual Result<> syncDirectory(const std::string& path) = 0;
+    /// For the file system of the directory. To be opened before the first write: it may not know of
+    /// failures from before.
+    virtual Result<std::unique_ptr<DeviceSync>> openDeviceSync(const std::string& directory) = 0;
     /// Waits for the exclusive (or shared) lock on `path`, which is created if missing.
     virtual Result<std::unique_ptr<FileLock>> lock(const std::string& path, bool exclusive) = 0;
     virtual Result<> setExtendedAttribute(const std::string& path, const std::string& name, const Data& value) = 0;

@@ -19,6 +19,9 @@ public:
     Result<std::optional<FileStatus>> status(const std::string& path) const override { return files_->status(path); }
     [[nodiscard]] bool isLink(const std::string& path) const override { return files_->isLink(path); }
     Result<Data> readFile(const std::string& path) const override { return files_->readFile(path); }
+    Result<ReadFile> readFileWithStatus(const std::string& path) const override {
+        return files_->readFileWithStatus(path);
+    }
     Result<std::vector<std::string>> listDirectory(const std::string& path) const override {
         return files_->listDirectory(path);
     }
@@ -31,6 +34,9 @@ public:
     Result<> removeFile(const std::string& path) override { return refuse("removeFile", path); }
     Result<> removeEmptyDirectory(const std::string& path) override { return refuse("removeEmptyDirectory", path); }
     Result<> syncDirectory(const std::string& path) override { return refuse("syncDirectory", path); }
+    Result<std::unique_ptr<DeviceSync>> openDeviceSync(const std::string& directory) override {
+        return refuse("openDeviceSync", directory);
+    }
     Result<std::unique_ptr<FileLock>> lock(const std::string&, bool) override { return std::make_unique<FileLock>(); }
     Result<> setExtendedAttribute(const std::string& path, const std::string&, const Data&) override {
         return refuse("setExtendedAttribute", path);

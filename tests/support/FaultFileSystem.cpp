@@ -73,6 +73,12 @@ struct FaultFileSystem::Node {
         }
     }
 
+    void becomeDurable() {
+        durableContent = content;
+        earlierEntries.clear();
+        for (const auto& [name, node] : entries) node->becomeDurable();
+    }
+
     void collect(const std::string& prefix, std::map<std::string, Data>& files) const {
         for (const auto& [name, node] : entries) {
             if (node->isDirectory()) {
@@ -115,6 +121,19 @@ public:
 private:
     FaultFileSystem& files_;
     NodePointer node_;
+    std::uint64_t life_;
+    std::string path_;
+};
+
+class FaultFileSystem::WholeSync final : public DeviceSync {
+public:
+    WholeSync(FaultFileSystem& files, std::uint64_t life, std::string path)
+        : files_(files), life_(life), path_(std::move(path)) {}
+
+    Result<> sync() override { return files_.syncAll(life_, path_); }
+
+private:
+    FaultFileSystem& files_;
     std::uint64_t life_;
     std::string path_;
 };
@@ -378,6 +397,21 @@ Result<> FaultFileSystem::syncDirectory(const std::string& path) {
     const NodePointer node = find(path);
     if (!node) return fileFailure(ENOENT, "sync directory", path);
     node->earlierEntries.clear();
+    return {};
+}
+
+Result<std::unique_ptr<DeviceSync>> FaultFileSystem::openDeviceSync(const std::string& directory) {
+    const Lock lock(mutex_);
+    TRY_VOID(begin("open for sync", directory));
+    if (!find(directory)) return fileFailure(ENOENT, "open for sync", directory);
+    return std::make_unique<WholeSync>(*this, life_, directory);
+}
+
+Result<> FaultFileSystem::syncAll(std::uint64_t life, const std::string& path) {
+    const Lock lock(mutex_);
+    if (life != life_) return fileFailure(EIO, "sync all", path);
+    TRY_VOID(begin("sync all", path));
+    root_->becomeDurable();
     return {};
 }
 

@@ -1,8 +1,8 @@
 // A file system in memory that fails when told to and forgets in a crash what was not synced.
 //
-// A file's content becomes durable with its handle's sync(), a directory's entries with syncDirectory(). What
-// was not synced may or may not be on the device: contents in part, each directory as it was after any of its
-// changes since, whatever the others have come to. Any thread.
+// A file's content becomes durable with its handle's sync(), a directory's entries with syncDirectory(),
+// everything with a device's sync(). What was not synced may or may not be on the device: contents in part, each
+// directory as it was after any of its changes since, whatever the others have come to. Any thread.
 #pragma once
 
 #include <cerrno>
@@ -62,6 +62,7 @@ public:
     Result<> removeFile(const std::string& path) override;
     Result<> removeEmptyDirectory(const std::string& path) override;
     Result<> syncDirectory(const std::string& path) override;
+    Result<std::unique_ptr<DeviceSync>> openDeviceSync(const std::string& directory) override;
     Result<std::unique_ptr<FileLock>> lock(const std::string& path, bool exclusive) override;
     Result<> setExtendedAttribute(const std::string& path, const std::string& name, const Data& value) override;
 
@@ -71,6 +72,7 @@ private:
     struct Faults;
     class Handle;
     class HeldLock;
+    class WholeSync;
     using NodePointer = std::shared_ptr<Node>;
 
     enum class Need { nothing, space };
@@ -79,6 +81,7 @@ private:
         DAYWARD_REQUIRES(mutex_);
     Result<> writeTo(Node& node, std::uint64_t life, const std::string& path, std::span<const std::uint8_t> bytes);
     Result<> handleStep(Node& node, std::uint64_t life, const char* operation, const std::string& path);
+    Result<> syncAll(std::uint64_t life, const std::string& path);
     NodePointer find(const std::string& path) const DAYWARD_REQUIRES(mutex_);
     Result<Place> place(const char* operation, const std::string& path) const DAYWARD_REQUIRES(mutex_);
     NodePointer makeNode(FileStatus::Kind kind) DAYWARD_REQUIRES(mutex_);

@@ -51,6 +51,26 @@ FileStatus::Kind kindOf(const struct stat& found) {
     return S_ISDIR(found.st_mode) ? FileStatus::Kind::directory : FileStatus::Kind::other;
 }
 
+FileStatus statusOf(const struct stat& found) {
+    const double modified =
+        static_cast<double>(found.st_mtim.tv_sec) + static_cast<double>(found.st_mtim.tv_nsec) / 1e9;
+    return {kindOf(found), static_cast<std::uint64_t>(found.st_size), Date::since1970(modified),
+            static_cast<std::uint64_t>(found.st_ino)};
+}
+
+/// Reads until `bytes` is full or the file ends; how much was read.
+Result<std::size_t> readInto(std::span<std::uint8_t> bytes, const FileDescriptor& file, const std::string& path) {
+    std::size_t length = 0;
+    while (length < bytes.size()) {
+        const auto count =
+            uninterrupted([&] { return ::read(file.get(), bytes.data() + length, bytes.size() - length); });
+        if (count < 0) return systemFailure(path, "read");
+        if (count == 0) break;
+        length += static_cast<std::size_t>(count);
+    }
+    return length;
+}
+
 class LinuxFileHandle final : public FileHandle {
 public:
     LinuxFileHandle(FileDescriptor file, std::string path) : file_(std::move(file)), path_(std::move(path)) {}
@@ -75,6 +95,20 @@ private:
     std::string path_;
 };
 
+class LinuxDeviceSync final : public DeviceSync {
+public:
+    LinuxDeviceSync(FileDescriptor directory, std::string path)
+        : directory_(std::move(directory)), path_(std::move(path)) {}
+
+    Result<> sync() override {
+        return checked(uninterrupted([&] { return ::syncfs(directory_.get()); }), path_, "sync all");
+    }
+
+private:
+    FileDescriptor directory_;
+    std::string path_;
+};
+
 /// flock orders the threads of a process in time, but the language does not know it: this does.
 std::atomic<std::uint64_t> lockOrder = 0;
 
@@ -95,10 +129,7 @@ Result<std::optional<FileStatus>> LinuxFileSystem::status(const std::string& pat
         if (errno == ENOENT || errno == ENOTDIR) return std::nullopt;
         return systemFailure(path, "status");
     }
-    const double modified =
-        static_cast<double>(found.st_mtim.tv_sec) + static_cast<double>(found.st_mtim.tv_nsec) / 1e9;
-    return FileStatus{kindOf(found), static_cast<std::uint64_t>(found.st_size), Date::since1970(modified),
-                      static_cast<std::uint64_t>(found.st_ino)};
+    return statusOf(found);
 }
 
 bool LinuxFileSystem::isLink(const std::string& path) const {
@@ -107,6 +138,10 @@ bool LinuxFileSystem::isLink(const std::string& path) const {
 }
 
 Result<Data> LinuxFileSystem::readFile(const std::string& path) const {
+    return TRY(readFileWithStatus(path)).bytes;
+}
+
+Result<ReadFile> LinuxFileSystem::readFileWithStatus(const std::string& path) const {
     // Without waiting: a named pipe in the place of a file must not hang the program.
     const auto file = TRY(openDescriptor(path, O_RDONLY | O_NONBLOCK));
     struct stat found = {};
@@ -114,20 +149,17 @@ Result<Data> LinuxFileSystem::readFile(const std::string& path) const {
     if (S_ISDIR(found.st_mode)) return systemFailure(path, "read", EISDIR);
     if (!S_ISREG(found.st_mode)) return systemFailure(path, "read", EINVAL);
     if (found.st_size > static_cast<off_t>(kLongestFile)) return systemFailure(path, "read", EFBIG);
+    ReadFile result{Data(static_cast<std::size_t>(found.st_size)), statusOf(found)};
+    std::size_t length = TRY(readInto(result.bytes, file, path));
+    // A file without a size may have content all the same, as those of the kernel have.
     constexpr std::size_t kStep = 65536;
-    Data bytes(static_cast<std::size_t>(found.st_size) + 1);
-    std::size_t length = 0;
-    while (true) {
-        if (length == bytes.size()) bytes.resize(bytes.size() + kStep);
-        const auto count =
-            uninterrupted([&] { return ::read(file.get(), bytes.data() + length, bytes.size() - length); });
-        if (count < 0) return systemFailure(path, "read");
-        if (count == 0) break;
-        length += static_cast<std::size_t>(count);
+    while (found.st_size == 0 && length == result.bytes.size()) {
         if (length > kLongestFile) return systemFailure(path, "read", EFBIG);
+        result.bytes.resize(length + kStep);
+        length += TRY(readInto(std::span(result.bytes).subspan(length), file, path));
     }
-    bytes.resize(length);
-    return bytes;
+    result.bytes.resize(length);
+    return result;
 }
 
 Result<std::vector<std::string>> LinuxFileSystem::listDirectory(const std::string& path) const {
@@ -176,6 +208,10 @@ Result<> LinuxFileSystem::removeEmptyDirectory(const std::string& path) {
 Result<> LinuxFileSystem::syncDirectory(const std::string& path) {
     const auto directory = TRY(openDescriptor(path, O_RDONLY | O_DIRECTORY));
     return checked(uninterrupted([&] { return ::fsync(directory.get()); }), path, "sync directory");
+}
+
+Result<std::unique_ptr<DeviceSync>> LinuxFileSystem::openDeviceSync(const std::string& directory) {
+    return std::make_unique<LinuxDeviceSync>(TRY(openDescriptor(directory, O_RDONLY | O_DIRECTORY)), directory);
 }
 
 Result<std::unique_ptr<FileLock>> LinuxFileSystem::lock(const std::string& path, bool exclusive) {
