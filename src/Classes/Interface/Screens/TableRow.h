@@ -59,7 +59,8 @@ struct WheelsContent {
     bool operator==(const WheelsContent&) const = default;
 };
 
-/// A picture by its identity: equal keys show the same pixels. `load` may take long; any thread.
+/// A picture by its identity: equal keys show the same pixels. `load` may take long; any
+/// thread on which the environment is current.
 struct RowPicture {
     std::string key;
     std::function<std::shared_ptr<const Image>()> load;

@@ -24,7 +24,8 @@ std::optional<IndexPath> TableScreen::pathOfRow(std::string_view id) const {
 }
 
 TableRow* TableScreen::usableRow(IndexPath path) {
-    if (path.section >= sections_.size() || path.row >= sections_[path.section].rows.size()) return nullptr;
+    if (!isPresented() || path.section >= sections_.size() || path.row >= sections_[path.section].rows.size())
+        return nullptr;
     TableRow& row = sections_[path.section].rows[path.row];
     return row.enabled ? &row : nullptr;
 }

@@ -30,7 +30,7 @@ public:
     [[nodiscard]] std::optional<IndexPath> pathOfRow(std::string_view id) const;
 
     // What the user does. A path without such a row, a disabled row and one without such an action
-    // change nothing.
+    // change nothing, nor does a screen that stands in no stack any more.
 
     /// Tapping the row; one that opens and closes does so.
     void select(IndexPath path);

@@ -9,7 +9,7 @@ namespace dayward {
 
 bool ViewController::press(BarButton::Role role) {
     const auto button = std::ranges::find(barButtons_, role, &BarButton::role);
-    if (button == barButtons_.end() || !button->enabled) return false;
+    if (button == barButtons_.end() || !button->enabled || !isPresented()) return false;
     const auto action = button->action;  // the action may replace the buttons
     action();
     return true;

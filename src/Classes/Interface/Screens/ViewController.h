@@ -38,7 +38,8 @@ public:
 
     [[nodiscard]] const std::string& title() const { return title_; }
     [[nodiscard]] const std::vector<BarButton>& barButtons() const { return barButtons_; }
-    /// Does what the button of that role does; false where there is none or it is disabled.
+    /// Does what the button of that role does; false where there is none, it is
+    /// disabled or the screen stands in no stack any more.
     bool press(BarButton::Role role);
 
     /// Not owned; null for none.

@@ -4,6 +4,7 @@
 
 #include <random>
 
+#include "support/ScriptedPresenter.h"
 #include "support/TestEnvironment.h"
 
 namespace dayward {
@@ -95,7 +96,9 @@ std::vector<TableSection> randomSections(std::mt19937& random) {
 class TableScreenTest : public ::testing::Test {
 protected:
     TestEnvironment environment;
-    PlainScreen screen;
+    std::shared_ptr<PlainScreen> held = std::make_shared<PlainScreen>();
+    PlainScreen& screen = *held;
+    ScriptedPresenter shell{held};
 };
 
 TEST_F(TableScreenTest, TellsEveryDifferenceAsUpdates) {
