@@ -30,8 +30,8 @@ Error fileError(int code, const std::string& path, const std::string& operation)
 }
 
 std::string makeMarkedPath(const std::string& path, const std::string& keptName, std::string_view mark) {
-    const std::string name = "." + keptName + std::string(mark) + std::to_string(getpid()) + "-" +
-                             std::to_string(++lastTemporaryNumber);
+    const std::string name =
+        "." + keptName + std::string(mark) + std::to_string(getpid()) + "-" + std::to_string(++lastTemporaryNumber);
     return joinPath(parentPath(path), name);
 }
 
@@ -96,9 +96,7 @@ Result<> writeAndRename(FileSystem& files, const std::string& temporary, const s
     return files.rename(temporary, path);
 }
 
-bool isPlainName(std::string_view name) {
-    return !name.empty() && name != "." && name != ".." && !name.contains('\0');
-}
+bool isPlainName(std::string_view name) { return !name.empty() && name != "." && name != ".." && !name.contains('\0'); }
 
 /// Makes the directories that a file of a package lies in; nothing where its name leads out of the package.
 Result<> makeParents(FileSystem& files, const std::string& package, const std::string& name,

@@ -86,10 +86,12 @@ void EventLocalStore::load() {
         for (LoadedPackage& package : reader_->readAll(packagePaths())) {
             const std::string key = keyForURL(*this, package.path);
             if (waiting.contains(key)) continue;
+            // Another process may have been at it.
+            if (!package.event) package = readUndisturbed(package.path).value_or(std::move(package));
             stamps_->set(key, package.stamp);
             if (package.event) {
                 dataLayer_[key] = *std::move(package.event);
-            } else {
+            } else if (package.exists) {
                 leaveOut(package.path, package.event.error());
             }
         }

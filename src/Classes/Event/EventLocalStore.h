@@ -149,6 +149,8 @@ private:
     void startWatch();
     void refreshKeys(const std::vector<std::string>& keys);
     void refreshKey(const std::string& key, Changes& changes);
+    /// Reads while nobody writes the package.
+    [[nodiscard]] Result<LoadedPackage> readUndisturbed(const std::string& path) const;
     void takeIn(const std::string& key, const LoadedPackage& package, std::uint64_t seenChange, Changes& changes);
     /// An event that another process wrote is to replace the one in memory.
     [[nodiscard]] bool isNews(const std::string& key, const HHEvent& event) DAYWARD_REQUIRES(dataLayerLock_);

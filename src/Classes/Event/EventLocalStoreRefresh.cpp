@@ -88,17 +88,21 @@ void EventLocalStore::refreshKey(const std::string& key, Changes& changes) {
     if (stamp && *stamp == stamps_->stampOfKey(key)) return;
     const auto seenChange = writes_->settledChange(key);
     if (!seenChange) return;
+    if (const auto package = readUndisturbed(path)) {
+        takeIn(key, *package, *seenChange, changes);
+    } else {
+        logError(typeName() + ": " + package.error().description());
+    }
+}
+
+Result<LoadedPackage> EventLocalStore::readUndisturbed(const std::string& path) const {
     LoadedPackage package;
     const auto accessor = [&](const std::string& readPath) -> Result<> {
         package = reader_->read(readPath);
         return {};
     };
-    const auto done = coordinator().coordinateReading(path, FileCoordinator::ReadingOptions::withoutChanges, accessor);
-    if (done) {
-        takeIn(key, package, *seenChange, changes);
-    } else {
-        logError(typeName() + ": " + done.error().description());
-    }
+    TRY_VOID(coordinator().coordinateReading(path, FileCoordinator::ReadingOptions::withoutChanges, accessor));
+    return package;
 }
 
 void EventLocalStore::takeIn(const std::string& key, const LoadedPackage& package, std::uint64_t seenChange,

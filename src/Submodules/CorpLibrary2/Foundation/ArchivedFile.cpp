@@ -44,8 +44,7 @@ Result<> keepBeside(Environment& environment, const std::string& path, const Dat
 Result<bool> isLeftOut(Environment& environment, const std::string& path, const Data& bytes) {
     const auto& record = environment.shared<StoppingArchives>().record;
     const auto reason = record.reasonToLeaveOut(path, stampOf(bytes));
-    if (reason)
-        TRY_VOID(keepBeside(environment, path, bytes, "stopped an earlier start and is left out: " + *reason));
+    if (reason) TRY_VOID(keepBeside(environment, path, bytes, "stopped an earlier start and is left out: " + *reason));
     return reason.has_value();
 }
 
