@@ -33,12 +33,10 @@ struct Replacement {
     bool hasExchange = true;
 };
 
-const Replacement kReplacements[] = {{"file", false, true},
-                                     {"new file", false, false},
-                                     {"package", true, true},
-                                     {"package without exchange", true, true, true, false},
-                                     {"new package", true, false},
-                                     {"removed package", true, true, false}};
+const Replacement kReplacements[] = {
+    {"file", false, true},        {"new file", false, false},
+    {"package", true, true},      {"package without exchange", true, true, true, false},
+    {"new package", true, false}, {"removed package", true, true, false}};
 
 class Subject {
 public:
@@ -158,9 +156,9 @@ INSTANTIATE_TEST_SUITE_P(All, AtomicWrite, testing::ValuesIn(kReplacements), [](
 });
 
 TEST(PackageWrite, refusesNamesThatLeadOutOfThePackage) {
-    for (const std::string& name : {std::string(), std::string("."), std::string(".."), std::string("../values.dat"),
-                                    std::string("/a"), std::string("a//b"), std::string("a/../b"), std::string("/"),
-                                    std::string("a\0b", 3)}) {
+    for (const std::string& name :
+         {std::string(), std::string("."), std::string(".."), std::string("../values.dat"), std::string("/a"),
+          std::string("a//b"), std::string("a/../b"), std::string("/"), std::string("a\0b", 3)}) {
         FaultFileSystem files;
         files.store(kFile, kOld);
         const std::vector<PackageFile> content = {{"general.t", kNew}, {name, kNew}};

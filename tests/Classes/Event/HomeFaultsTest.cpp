@@ -142,7 +142,10 @@ const Change kChanges[] = {
          return save(device, {illustrated("new", 1), renamed(device, "a"), makeEvent("newer"), illustrated("b", 2)});
      }},
     {"removal", [](auto& device) { return remove(device, {"a"}); }},
-    {"removal of a batch", [](auto& device) { return remove(device, {"a", "b"}); }},
+    {"removal of a batch",
+     [](auto& device) {
+         return remove(device, {"a", "b"});
+     }},
     {"copy of another store's", copyFromAnother},
     {"category", changeCategory},
     {"settings", changeSettings},
@@ -295,13 +298,14 @@ TEST_P(HomeFaults, LeaveEverythingOldOrNewAndAreTold) {
             }
         }
     }
-    std::cout << GetParam().name << ": " << faultless.operations << " operations, each failed in "
-              << std::size(kWays) << " ways, " << runs << " runs; " << untold << " errors did no harm\n";
+    std::cout << GetParam().name << ": " << faultless.operations << " operations, each failed in " << std::size(kWays)
+              << " ways, " << runs << " runs; " << untold << " errors did no harm\n";
 }
 
 INSTANTIATE_TEST_SUITE_P(All, HomeFaults, testing::ValuesIn(kChanges), [](const auto& tested) {
     std::string name = tested.param.name;
-    std::ranges::replace_if(name, [](char c) { return c == ' ' || c == '\''; }, '_');
+    std::ranges::replace_if(
+        name, [](char c) { return c == ' ' || c == '\''; }, '_');
     return name;
 });
 
