@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "platform/CivilDay.h"
 #include "platform/Environment.h"
 
 namespace dayward {
@@ -10,52 +11,22 @@ namespace {
 
 constexpr std::int64_t kSecondsPerDay = 86400;
 
-std::int64_t floorDivide(std::int64_t value, std::int64_t divisor) {
-    return value / divisor - (value % divisor < 0 ? 1 : 0);
-}
-
 }  // namespace
-
-std::int64_t dayNumberOf(std::int64_t year, std::int64_t month, std::int64_t day) {
-    year += floorDivide(month - 1, 12);
-    month = month - 1 - floorDivide(month - 1, 12) * 12 + 1;
-    // Years that begin in March put the leap day last.
-    if (month <= 2) --year;
-    const std::int64_t era = floorDivide(year, 400);
-    const std::int64_t yearOfEra = year - era * 400;
-    const std::int64_t dayOfYear = (153 * (month + (month > 2 ? -3 : 9)) + 2) / 5 + day - 1;
-    const std::int64_t dayOfEra = yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear;
-    return era * 146097 + dayOfEra - 719468;
-}
 
 std::int64_t secondsOf(const IcalTime& time) {
     if (time.isNull()) return 0;
-    return dayNumberOf(time.year, time.month, time.day) * kSecondsPerDay + time.hour * 3600LL + time.minute * 60LL +
-           time.second;
+    const std::int64_t months = time.year * 12LL + time.month - 1;
+    const auto month = static_cast<int>(floorModulo(months, 12)) + 1;
+    const std::int64_t day = dayNumberOf(floorDivide(months, 12), month, time.day);
+    return day * kSecondsPerDay + time.hour * 3600LL + time.minute * 60LL + time.second;
 }
 
 IcalTime icalTimeOfSeconds(std::int64_t seconds) {
     const std::int64_t dayNumber = floorDivide(seconds, kSecondsPerDay);
     const auto secondOfDay = static_cast<int>(seconds - dayNumber * kSecondsPerDay);
-    const std::int64_t shifted = dayNumber + 719468;
-    const std::int64_t era = floorDivide(shifted, 146097);
-    const std::int64_t dayOfEra = shifted - era * 146097;
-    const std::int64_t yearOfEra = (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;
-    const std::int64_t dayOfYear = dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
-    const std::int64_t marchMonth = (5 * dayOfYear + 2) / 153;
-    IcalTime time;
-    time.day = static_cast<int>(dayOfYear - (153 * marchMonth + 2) / 5 + 1);
-    time.month = static_cast<int>(marchMonth < 10 ? marchMonth + 3 : marchMonth - 9);
-    time.year = static_cast<int>(yearOfEra + era * 400 + (time.month <= 2 ? 1 : 0));
-    time.hour = secondOfDay / 3600;
-    time.minute = secondOfDay / 60 % 60;
-    time.second = secondOfDay % 60;
-    return time;
-}
-
-int weekdayOfDayNumber(std::int64_t dayNumber) {
-    const std::int64_t sinceSunday = dayNumber + 4;  // 1970-01-01 was a Thursday
-    return static_cast<int>(sinceSunday - floorDivide(sinceSunday, 7) * 7) + 1;
+    const CivilDay civil = civilDayOf(dayNumber);
+    return {static_cast<int>(civil.year), civil.month,           civil.day,       true,
+            secondOfDay / 3600,           secondOfDay / 60 % 60, secondOfDay % 60};
 }
 
 bool hasIcalTime(Date date) {

@@ -25,14 +25,11 @@ struct IcalTime {
     [[nodiscard]] bool isNull() const { return year == 0 && month == 0 && day == 0; }
 };
 
-/// Days from 1970-01-01; months out of range roll over.
-std::int64_t dayNumberOf(std::int64_t year, std::int64_t month, std::int64_t day);
 /// The time's distance from 1970-01-01 00:00:00 on its own clock, in seconds; 0 for the null time.
+/// Fields out of range roll over.
 std::int64_t secondsOf(const IcalTime& time);
 /// The reverse, for years -200000 to 200000.
 IcalTime icalTimeOfSeconds(std::int64_t seconds);
-/// 1 Sunday to 7 Saturday, of a day number.
-int weekdayOfDayNumber(std::int64_t dayNumber);
 
 /// Whether the fields of a date can be told: it is finite and lies within 100000 years of 1970.
 bool hasIcalTime(Date date);

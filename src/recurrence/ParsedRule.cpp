@@ -6,12 +6,10 @@
 #include <array>
 #include <cctype>
 #include <cstdlib>
-#include <list>
+#include <functional>
 #include <mutex>
-#include <unordered_map>
 
-#include "platform/Environment.h"
-#include "platform/Mutex.h"
+#include "platform/CivilDay.h"
 
 namespace dayward {
 
@@ -45,7 +43,8 @@ constexpr std::array<ListLimit, 9> kListLimits = {{{"BYSECOND", ICAL_BY_SECOND_S
 
 std::string upperCase(std::string_view text) {
     std::string result(text);
-    std::ranges::transform(result, result.begin(), [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+    std::ranges::transform(result, result.begin(),
+                           [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
     return result;
 }
 
@@ -94,44 +93,35 @@ ParsedRule::Values valuesOf(const short* array, std::size_t size) {
     return values;
 }
 
-/// The rules asked for last; any thread.
+/// The rules that one thread asked for lately. What a text means depends on nothing else, so that
+/// neither an environment nor a lock is needed. A text has a few places; a new one takes the oldest.
 class RuleCache {
 public:
-    explicit RuleCache(Environment&) {}
-
-    std::shared_ptr<const ParsedRule> rule(const std::string& text) {
-        {
-            const Lock lock(mutex_);
-            const auto found = entries_.find(text);
-            if (found != entries_.end()) {
-                order_.splice(order_.begin(), order_, found->second);
-                return found->second->second;
-            }
+    std::shared_ptr<const ParsedRule> rule(std::string_view text) {
+        if (text.size() > kLongestText) return ParsedRule::parse(text);
+        Set& set = sets_[std::hash<std::string_view>{}(text) % kSets];
+        for (const Entry& entry : set.entries) {
+            if (entry.rule && entry.text == text) return entry.rule;
         }
-        auto parsed = ParsedRule::parse(text);
-        keep(text, parsed);
-        return parsed;
+        Entry& oldest = set.entries[set.oldest++ % kPlaces];
+        oldest = {std::string(text), ParsedRule::parse(text)};
+        return oldest.rule;
     }
 
 private:
-    using Entry = std::pair<std::string, std::shared_ptr<const ParsedRule>>;
-    static constexpr std::size_t kEntries = 64;
+    static constexpr std::size_t kSets = 64;
+    static constexpr std::size_t kPlaces = 4;
     static constexpr std::size_t kLongestText = 512;
 
-    void keep(const std::string& text, const std::shared_ptr<const ParsedRule>& parsed) {
-        if (text.size() > kLongestText) return;
-        const Lock lock(mutex_);
-        if (entries_.contains(text)) return;
-        order_.emplace_front(text, parsed);
-        entries_[text] = order_.begin();
-        if (order_.size() <= kEntries) return;
-        entries_.erase(order_.back().first);
-        order_.pop_back();
-    }
-
-    Mutex mutex_;
-    std::list<Entry> order_ DAYWARD_GUARDED_BY(mutex_);
-    std::unordered_map<std::string, std::list<Entry>::iterator> entries_ DAYWARD_GUARDED_BY(mutex_);
+    struct Entry {
+        std::string text;
+        std::shared_ptr<const ParsedRule> rule;
+    };
+    struct Set {
+        std::array<Entry, kPlaces> entries;
+        std::size_t oldest = 0;
+    };
+    std::array<Set, kSets> sets_;
 };
 
 }  // namespace
@@ -148,15 +138,16 @@ std::shared_ptr<const ParsedRule> ParsedRule::parse(std::string_view text) {
     return rule;
 }
 
-std::shared_ptr<const ParsedRule> ParsedRule::cached(const std::string& text) {
-    return Environment::current().shared<RuleCache>().rule(text);
+std::shared_ptr<const ParsedRule> ParsedRule::cached(std::string_view text) {
+    thread_local RuleCache cache;
+    return cache.rule(text);
 }
 
 void ParsedRule::take(const icalrecurrencetype& recurrence) {
-    recurrence_ = std::make_shared<icalrecurrencetype>(recurrence);
     frequency_ = static_cast<Frequency>(recurrence.freq);
     interval_ = recurrence.interval;
     count_ = recurrence.count;
+    weekStart_ = recurrence.week_start;
     const icaltimetype& end = recurrence.until;
     if (!icaltime_is_null_time(end)) {
         until_ = IcalTime{end.year, end.month, end.day, end.is_date == 0, end.hour, end.minute, end.second};
@@ -170,17 +161,16 @@ void ParsedRule::take(const icalrecurrencetype& recurrence) {
     weeks_ = valuesOf(recurrence.by_week_no, ICAL_BY_WEEKNO_SIZE);
     months_ = valuesOf(recurrence.by_month, ICAL_BY_MONTH_SIZE);
     setPositions_ = valuesOf(recurrence.by_set_pos, ICAL_BY_SETPOS_SIZE);
+    hasLists_ = std::ranges::any_of(std::array{&seconds_, &minutes_, &hours_, &days_, &daysOfMonth_, &daysOfYear_,
+                                               &weeks_, &months_, &setPositions_},
+                                    [](const Values* values) { return !values->empty(); });
 }
 
-std::shared_ptr<const ParsedRule> ParsedRule::anchored(std::shared_ptr<const ParsedRule> rule, const IcalTime& start) {
+std::shared_ptr<const ParsedRule> ParsedRule::anchored(std::shared_ptr<const ParsedRule> rule,
+                                                       const IcalTime& start) {
     if (rule->weeks_.empty() || !rule->days_.empty()) return rule;
     const std::shared_ptr<ParsedRule> anchored(new ParsedRule(*rule));
-    const int weekday = weekdayOfDayNumber(dayNumberOf(start.year, start.month, start.day));
-    icalrecurrencetype recurrence = *rule->recurrence_;
-    recurrence.by_day[0] = static_cast<short>(weekday);
-    recurrence.by_day[1] = ICAL_RECURRENCE_ARRAY_MAX;
-    anchored->days_ = {weekday};
-    anchored->recurrence_ = std::make_shared<icalrecurrencetype>(recurrence);
+    anchored->days_ = {weekdayIndexOf(dayNumberOf(start.year, start.month, start.day)) + 1};
     return anchored;
 }
 

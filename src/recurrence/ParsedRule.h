@@ -31,9 +31,8 @@ public:
     /// Never fails: a text that cannot be read has no frequency. A key without a value at the end
     /// counts as absent.
     static std::shared_ptr<const ParsedRule> parse(std::string_view text);
-    /// The same, kept for the next question with this text: the environment holds a small number of
-    /// rules, the ones asked for last.
-    static std::shared_ptr<const ParsedRule> cached(const std::string& text);
+    /// The same, kept for this thread's next question with the text, among a few hundred others.
+    static std::shared_ptr<const ParsedRule> cached(std::string_view text);
 
     [[nodiscard]] Frequency frequency() const { return frequency_; }
     /// As the text has it, cut to 16 bits; nothing occurs with one below 1.
@@ -52,15 +51,17 @@ public:
     [[nodiscard]] const Values& months() const { return months_; }
     [[nodiscard]] const Values& setPositions() const { return setPositions_; }
 
+    /// WKST: 1 Sunday to 7 Saturday.
+    [[nodiscard]] int weekStart() const { return weekStart_; }
+
+    /// Whether the rule has any BY part.
+    [[nodiscard]] bool hasLists() const { return hasLists_; }
     /// Whether a BYDAY item has an ordinal.
     [[nodiscard]] bool hasNumberedDays() const;
 
-    /// The rule with the weekday of the start where it names weeks of the year but no day. Left alone,
-    /// libical writes beyond its table of days for such a rule.
-    static std::shared_ptr<const ParsedRule> anchored(std::shared_ptr<const ParsedRule> rule, const IcalTime& start);
-
-    /// What libical made of the text, for its iterators.
-    [[nodiscard]] const icalrecurrencetype& recurrence() const { return *recurrence_; }
+    /// The rule with the weekday of the start where it names weeks of the year but no day.
+    static std::shared_ptr<const ParsedRule> anchored(std::shared_ptr<const ParsedRule> rule,
+                                                      const IcalTime& start);
 
 private:
     ParsedRule() = default;
@@ -71,7 +72,8 @@ private:
     int count_ = 0;
     std::optional<IcalTime> until_;
     Values seconds_, minutes_, hours_, days_, daysOfMonth_, daysOfYear_, weeks_, months_, setPositions_;
-    std::shared_ptr<const icalrecurrencetype> recurrence_;
+    int weekStart_ = 2;
+    bool hasLists_ = false;
 };
 
 }  // namespace dayward

@@ -11,17 +11,6 @@ namespace {
 using Frequency = ParsedRule::Frequency;
 constexpr std::int64_t kSecondsPerWeek = 7 * 86400;
 
-std::int64_t secondsPerUnit(Frequency frequency) {
-    switch (frequency) {
-        case Frequency::secondly: return 1;
-        case Frequency::minutely: return 60;
-        case Frequency::hourly: return 3600;
-        case Frequency::daily: return 86400;
-        case Frequency::weekly: return kSecondsPerWeek;
-        default: return 0;
-    }
-}
-
 IcalTime movedByMonths(const IcalTime& time, std::int64_t months) {
     const std::int64_t total = time.year * 12LL + time.month - 1 + months;
     IcalTime moved = time;

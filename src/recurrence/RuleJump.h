@@ -13,6 +13,12 @@ namespace dayward {
 /// without the weeks field of a duration: there such a distance is 0.
 enum class WholeWeeks { ignored, counted };
 
+/// The length of a rule's unit; 0 for months, years and rules without a frequency.
+constexpr std::int64_t secondsPerUnit(ParsedRule::Frequency frequency) {
+    constexpr std::int64_t kSeconds[] = {1, 60, 3600, 86400, 7 * 86400, 0, 0, 0};
+    return kSeconds[static_cast<std::size_t>(frequency)];
+}
+
 /// How many whole units of the rule's frequency lie from `from` to `to`, truncated toward zero.
 std::int64_t distanceInUnits(ParsedRule::Frequency frequency, const IcalTime& from, const IcalTime& to,
                              WholeWeeks wholeWeeks);

@@ -12,8 +12,8 @@ namespace {
 using Frequency = ParsedRule::Frequency;
 
 bool isWalkable(const IcalTime& start) {
-    return start.year >= 0 && start.year <= kLastRuleYear && start.month >= 1 && start.month <= 12 && start.day >= 1 &&
-           start.day <= Calendar::daysInMonth(start.year, start.month);
+    return start.year >= 0 && start.year <= kLastRuleYear && start.month >= 1 && start.month <= 12 &&
+           start.day >= 1 && start.day <= Calendar::daysInMonth(start.year, start.month);
 }
 
 /// The values and combinations that libical's iterator refuses.
@@ -24,10 +24,13 @@ bool isLegal(const ParsedRule& rule) {
     const bool valuesFit = within(rule.months(), 12) && within(rule.days(), 53 * 8 + 7) &&
                            within(rule.daysOfMonth(), 31) && within(rule.daysOfYear(), 366) &&
                            within(rule.weeks(), 53) && within(rule.setPositions(), 366);
-    const bool weeksFit = rule.weeks().empty() || rule.frequency() == Frequency::yearly;
-    const bool yearDaysFit = rule.daysOfYear().empty() || rule.frequency() == Frequency::yearly ||
-                             rule.frequency() < Frequency::daily;
-    return valuesFit && weeksFit && yearDaysFit;
+    const bool isYearly = rule.frequency() == Frequency::yearly;
+    const bool hasWeeks = !rule.weeks().empty(), hasDaysOfMonth = !rule.daysOfMonth().empty();
+    const bool weeksFit = !hasWeeks || (isYearly && !hasDaysOfMonth);
+    const bool monthDaysFit = !hasDaysOfMonth || rule.frequency() != Frequency::weekly;
+    const bool yearDaysFit = rule.daysOfYear().empty() || rule.frequency() < Frequency::daily ||
+                             (isYearly && !hasWeeks && !hasDaysOfMonth && rule.months().empty());
+    return valuesFit && weeksFit && monthDaysFit && yearDaysFit;
 }
 
 ParsedRule::Values valuesOr(const ParsedRule::Values& values, int fallback) {
@@ -58,7 +61,6 @@ std::unique_ptr<RuleWalk> RuleWalk::from(std::shared_ptr<const ParsedRule> rule,
     if (!isWalkable(start) || !isLegal(*rule)) return nullptr;
     rule = ParsedRule::anchored(std::move(rule), start);
     if (rule->frequency() <= Frequency::daily) return makeStepWalk(std::move(rule), start, skipTo);
-    if (rule->frequency() != Frequency::weekly && !hasMatchingPeriod(*rule, start)) return nullptr;
     return makeDayWalk(std::move(rule), start, skipTo);
 }
 

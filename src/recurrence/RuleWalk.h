@@ -1,9 +1,9 @@
 // The occurrences of a parsed rule, one by one, from a start on the wall clock.
 //
-// Days of weekly, monthly and yearly rules come from libical; their times of day, and the steps of
-// rules of a day and less, are counted here, since libical would try every second of a rule that
-// seldom or never matches. The answers are libical's own, its reading of each part included. A walk
-// ends at the rule's end, after the year 2582, or where an occurrence is too far for a bounded search.
+// The answers are libical's, its reading of each part included; but libical tries every period of a
+// rule, and every second of one that seldom or never matches, where a walk here goes on at once. The
+// Gregorian rule holds for all years. A walk ends at the rule's end, after the year 2582, or where an
+// occurrence is too far for a bounded search.
 // One thread for each walk.
 #pragma once
 
@@ -49,9 +49,5 @@ std::unique_ptr<RuleWalk> makeDayWalk(std::shared_ptr<const ParsedRule> rule, co
 /// The seconds after the start of a unit (a day, an hour, a minute) at which a rule of that unit
 /// occurs, in the order of its lists; a missing list means the start's own field.
 std::vector<int> secondsWithinUnit(const ParsedRule& rule, const IcalTime& start);
-
-/// Whether any period of a monthly or yearly rule from the start up to the last year has a matching
-/// day. Each kind of month or year is tried once.
-bool hasMatchingPeriod(const ParsedRule& rule, const IcalTime& start);
 
 }  // namespace dayward

@@ -1,6 +1,7 @@
 #include <algorithm>
-#include <array>
 
+#include "platform/CivilDay.h"
+#include "recurrence/RuleJump.h"
 #include "recurrence/RuleWalk.h"
 
 namespace dayward {
@@ -15,10 +16,6 @@ constexpr int kMaximumTries = 1'000'000;
 /// Occurrences of a counted rule that are walked over before the first that is asked for.
 constexpr int kMaximumCounted = 500'000;
 
-constexpr std::int64_t floorDivide(std::int64_t value, std::int64_t divisor) {
-    return value / divisor - (value % divisor < 0 ? 1 : 0);
-}
-
 bool holds(const ParsedRule::Values& values, int value) {
     return values.empty() || std::ranges::find(values, value) != values.end();
 }
@@ -28,15 +25,14 @@ class StepWalk final : public RuleWalk {
 public:
     StepWalk(std::shared_ptr<const ParsedRule> rule, const IcalTime& start, const std::optional<IcalTime>& skipTo)
         : rule_(std::move(rule)), start_(start), offsets_(secondsWithinUnit(*rule_, start)) {
-        static constexpr std::array<std::int64_t, 4> unitSeconds = {1, 60, 3600, kSecondsPerDay};
-        unitSeconds_ = unitSeconds[static_cast<std::size_t>(rule_->frequency())];
+        unitSeconds_ = secondsPerUnit(rule_->frequency());
         unit_ = floorDivide(secondsOf(firstTime()), unitSeconds_);
         if (!skipTo) return;
         if (rule_->count() == 0) {
             skipTowards(secondsOf(*skipTo));
         } else {
             askedFrom_ = skipTo;
-            if (hasNoLists()) countTowards(secondsOf(*skipTo));
+            if (!rule_->hasLists()) countTowards(secondsOf(*skipTo));
         }
     }
 
@@ -131,10 +127,10 @@ private:
     bool isDayAllowed(std::int64_t day) {
         if (day == checkedDay_) return isCheckedDayAllowed_;
         checkedDay_ = day;
-        const IcalTime date = icalTimeOfSeconds(day * kSecondsPerDay);
+        const CivilDay date = civilDayOf(day);
         // Negative and numbered days never equal a date's own fields: libical reads them so.
         isCheckedDayAllowed_ = holds(rule_->months(), date.month) && holds(rule_->daysOfMonth(), date.day) &&
-                               holds(rule_->days(), weekdayOfDayNumber(day)) &&
+                               holds(rule_->days(), weekdayIndexOf(day) + 1) &&
                                holds(rule_->daysOfYear(), static_cast<int>(day - dayNumberOf(date.year, 1, 1) + 1));
         return isCheckedDayAllowed_;
     }
@@ -175,12 +171,6 @@ private:
         const std::int64_t margin = ownValues().empty() ? 2 * unitSeconds_ * rule_->interval() : 0;
         const std::int64_t length = ownValues().empty() ? margin : unitSeconds_ * unitsInBigger();
         if (seconds - margin - unit_ * unitSeconds_ > length) advanceTo(seconds - margin);
-    }
-
-    [[nodiscard]] bool hasNoLists() const {
-        return rule_->seconds().empty() && rule_->minutes().empty() && rule_->hours().empty() &&
-               rule_->days().empty() && rule_->daysOfMonth().empty() && rule_->daysOfYear().empty() &&
-               rule_->months().empty();
     }
 
     /// Without lists every step is one occurrence.
