@@ -3,6 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/CivilDay.h"
+#include "recurrence/ClosedForm.h"
+#include "recurrence/RuleWalk.h"
+
 namespace dayward {
 
 namespace {
@@ -30,7 +34,48 @@ RuleAnswers answersAfter(const std::shared_ptr<const ParsedRule>& rule, Date sta
     return RuleAnswers::after(rule, notz_icaltime(startDate, calendar), target, time);
 }
 
+std::int64_t wholeSecondsSince1970(Date date) {
+    return static_cast<std::int64_t>(std::floor(date.secondsSince1970()));
+}
+
+/// What the wall clock shows, in seconds since 1970.
+std::int64_t shownAt(Date date, const TimeZone& zone) {
+    return wholeSecondsSince1970(date) + zone.secondsFromUTC(date);
+}
+
+bool isYearOfRules(std::int64_t seconds) {
+    static constexpr std::int64_t begin = dayNumberOf(0, 1, 1) * 86400,
+                                  end = dayNumberOf(kLastRuleYear + 1, 1, 1) * 86400;
+    return seconds >= begin && seconds < end;
+}
+
+/// The answer where it is certain without looking at any other occurrence; the outer value is missing
+/// where it is not.
+std::optional<std::optional<Date>> closedAnswer(const ParsedRule& rule, Date startDate, Date after,
+                                                const TimeZone& zone) {
+    if (!hasClosedForm(rule)) return std::nullopt;
+    const std::int64_t offset = zone.secondsFromUTC(after);
+    const bool hasGapBefore = offset > zone.secondsFromUTC(after - TimeInterval(kSecondsPerDay));
+    if (hasGapBefore) return std::nullopt;
+    const std::int64_t start = shownAt(startDate, zone), shown = wholeSecondsSince1970(after) + offset;
+    // While the start's hour is shown twice, the order of the clock is not that of the instants.
+    if (!isYearOfRules(start) || (after < startDate && shown >= start)) return std::nullopt;
+    const std::int64_t time = closedOccurrenceAfter(rule, start, shown);
+    if (time == kNoOccurrence) return std::optional<Date>();
+    const Date instant = zone.instantOfLocal(static_cast<double>(time) - Date::kReferenceSince1970);
+    const bool isSkipped = shownAt(instant, zone) != time;
+    if (isSkipped || instant <= after || instant < wholeSeconds(startDate)) return std::nullopt;
+    return instant;
+}
+
 }  // namespace
+
+std::optional<Date> firstInstantAfter(const std::shared_ptr<const ParsedRule>& rule, Date startDate, Date after,
+                                      const std::shared_ptr<const Calendar>& calendar) {
+    if (rule->frequency() == ParsedRule::Frequency::none || rule->interval() < 1) return std::nullopt;
+    const auto answer = closedAnswer(*rule, startDate, after, calendar->timeZone());
+    return answer ? *answer : InstantWalk(rule, startDate, after, calendar).next();
+}
 
 bool answersSkippedTime(Date date, const Calendar& calendar) {
     return timeBehindGap(date, calendar) != notz_icaltime(date, calendar);

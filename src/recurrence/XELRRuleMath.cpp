@@ -45,12 +45,12 @@ std::optional<Date> XELRRuleMath::dateAfterDate(Date date) const {
     if (!startDate_) return std::nullopt;
     if (!parsed_) return *startDate_ > date ? startDate_ : std::nullopt;
     if (!hasIcalTime(*startDate_) || !hasIcalTime(date)) return std::nullopt;
-    return InstantWalk(parsed_, *startDate_, date, currentCalendar()).next();
+    return firstInstantAfter(parsed_, *startDate_, date, currentCalendar());
 }
 
-std::optional<Date> XELRRuleMath::dateAfterDate(Date date, std::optional<std::string> rrule,
+std::optional<Date> XELRRuleMath::dateAfterDate(Date date, const std::optional<std::string>& rrule,
                                                 std::optional<Date> startDate) {
-    return XELRRuleMath(std::move(rrule), startDate).dateAfterDate(date);
+    return XELRRuleMath(rrule ? ParsedRule::cached(*rrule) : nullptr, startDate).dateAfterDate(date);
 }
 
 std::vector<Date> XELRRuleMath::datesFromDate(Date fromDate, Date toDate, std::size_t maxCount) const {

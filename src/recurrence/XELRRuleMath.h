@@ -40,7 +40,8 @@ public:
 
     /// The first occurrence strictly after the date, and none before the start.
     [[nodiscard]] std::optional<Date> dateAfterDate(Date date) const;
-    static std::optional<Date> dateAfterDate(Date date, std::optional<std::string> rrule, std::optional<Date> startDate);
+    static std::optional<Date> dateAfterDate(Date date, const std::optional<std::string>& rrule,
+                                             std::optional<Date> startDate);
 
     /// Occurrences strictly after the first date and not after the second, ascending, at most maxCount.
     /// Without a rule the start counts only strictly before the second date.
