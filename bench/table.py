@@ -55,7 +55,7 @@ def chosen(full_names):
 
 
 def measured_by(program, rows, options):
-    """Every repetition of every side: {(row, side): [(value, unit)]}; unit is "ns" or "B"."""
+    """Every repetition of every side: {(row, side): [(value, unit, label)]}; unit is "ns" or "B"."""
     names = of_rows(listed(program), rows)
     if not names:
         return {}
@@ -78,7 +78,7 @@ def measured_by(program, rows, options):
         else:
             time = run["real_time"] if run["name"].endswith("real_time") else run["cpu_time"]
             figure = (time * NANOSECONDS[run["time_unit"]] / run.get("items", 1), "ns")
-        found.setdefault(side, []).append(figure)
+        found.setdefault(side, []).append((*figure, run.get("label", "")))
     return found
 
 
@@ -86,7 +86,7 @@ def measured_by_script(script, rows, options):
     """A script prints {"row/side": [nanoseconds, …]} for the rows that it is given."""
     command = [sys.executable, script, "3" if options.quick else "9", *sorted(rows)]
     printed = json.loads(subprocess.run(command, capture_output=True, text=True, check=True).stdout)
-    return {tuple(name.split("/")): [(value, "ns") for value in values] for name, values in printed.items()}
+    return {tuple(name.split("/")): [(value, "ns", "") for value in values] for name, values in printed.items()}
 
 
 def instructions(program, full_name, iterations):
@@ -129,7 +129,7 @@ def compared(entry, found, counted):
         figures = found.get((row, side))
         if not figures:
             return [entry["work"], "not measured", entry["peer_is"], "", "", "", "", "no"], False
-        medians[side] = (statistics.median(value for value, _ in figures), figures[0][1])
+        medians[side] = (statistics.median(value for value, _, _ in figures), figures[0][1])
     ours, theirs = medians["ours"][0], medians[peer][0]
     steps = counted.get((row, "ours")), counted.get((row, peer))
     ratio = ours / theirs
@@ -139,7 +139,9 @@ def compared(entry, found, counted):
     verdict = "yes" if held else "NO"
     if aim is not None:
         verdict += ", aim too" if ratio <= aim else ", aim not"
-    return [entry["work"], shown(*medians["ours"]), entry["peer_is"], shown(*medians[peer]),
+    label = found[(row, "ours")][0][2]
+    work = f"{entry['work']}: {label}" if label else entry["work"]
+    return [work, shown(*medians["ours"]), entry["peer_is"], shown(*medians[peer]),
             f"{ratio:.3g}", "" if must is None else f"{must:g}", "" if aim is None else f"{aim:g}", factor,
             verdict], held
 
