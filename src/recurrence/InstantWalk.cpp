@@ -49,18 +49,29 @@ bool isYearOfRules(std::int64_t seconds) {
     return seconds >= begin && seconds < end;
 }
 
-/// The answer where it is certain without looking at any other occurrence; the outer value is missing
+/// The first occurrence after a time, both on the wall clock in seconds since 1970; or kNoOccurrence.
+std::int64_t occurrenceAfter(const std::shared_ptr<const ParsedRule>& rule, std::int64_t start,
+                             std::int64_t after) {
+    if (hasClosedForm(*rule)) return closedOccurrenceAfter(*rule, start, after);
+    const IcalTime target = icalTimeOfSeconds(after);
+    RuleAnswers answers = RuleAnswers::after(rule, icalTimeOfSeconds(start), target, target);
+    while (const auto time = answers.next()) {
+        if (*time > target) return secondsOf(*time);
+    }
+    return kNoOccurrence;
+}
+
+/// The answer where it is certain without looking at later occurrences; the outer value is missing
 /// where it is not.
-std::optional<std::optional<Date>> closedAnswer(const ParsedRule& rule, Date startDate, Date after,
-                                                const TimeZone& zone) {
-    if (!hasClosedForm(rule)) return std::nullopt;
+std::optional<std::optional<Date>> answerOfStraightClock(const std::shared_ptr<const ParsedRule>& rule,
+                                                         Date startDate, Date after, const TimeZone& zone) {
     const std::int64_t offset = zone.secondsFromUTC(after);
     const bool hasGapBefore = offset > zone.secondsFromUTC(after - TimeInterval(kSecondsPerDay));
     if (hasGapBefore) return std::nullopt;
     const std::int64_t start = shownAt(startDate, zone), shown = wholeSecondsSince1970(after) + offset;
     // While the start's hour is shown twice, the order of the clock is not that of the instants.
     if (!isYearOfRules(start) || (after < startDate && shown >= start)) return std::nullopt;
-    const std::int64_t time = closedOccurrenceAfter(rule, start, shown);
+    const std::int64_t time = occurrenceAfter(rule, start, shown);
     if (time == kNoOccurrence) return std::optional<Date>();
     const Date instant = zone.instantOfLocal(static_cast<double>(time) - Date::kReferenceSince1970);
     const bool isSkipped = shownAt(instant, zone) != time;
@@ -73,7 +84,7 @@ std::optional<std::optional<Date>> closedAnswer(const ParsedRule& rule, Date sta
 std::optional<Date> firstInstantAfter(const std::shared_ptr<const ParsedRule>& rule, Date startDate, Date after,
                                       const std::shared_ptr<const Calendar>& calendar) {
     if (rule->frequency() == ParsedRule::Frequency::none || rule->interval() < 1) return std::nullopt;
-    const auto answer = closedAnswer(*rule, startDate, after, calendar->timeZone());
+    const auto answer = answerOfStraightClock(rule, startDate, after, calendar->timeZone());
     return answer ? *answer : InstantWalk(rule, startDate, after, calendar).next();
 }
 

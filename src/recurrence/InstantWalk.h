@@ -18,7 +18,7 @@ namespace dayward {
 /// Whether the clock went forward so shortly before the instant that it answers a skipped time too.
 bool answersSkippedTime(Date date, const Calendar& calendar);
 
-/// The first occurrence after the instant: without a walk where the rule and the clock allow it. Both
+/// The first occurrence after the instant, on a short road where the clock does not change nearby. Both
 /// dates must have an IcalTime (see hasIcalTime).
 std::optional<Date> firstInstantAfter(const std::shared_ptr<const ParsedRule>& rule, Date startDate, Date after,
                                       const std::shared_ptr<const Calendar>& calendar);

@@ -1,5 +1,6 @@
-// Rules without BY parts: the closed form against libical's walk on the wall clock, and against our own
-// walk where clocks change. DAYWARD_RULE_CASES sets the number of random cases of each (20000 without it).
+// Rules without BY parts: the closed form against libical's walk on the wall clock. All rules: the short
+// road to an instant against the walk over instants where clocks change. DAYWARD_RULE_CASES sets the number of
+// random cases of each (20000 without it).
 #include "recurrence/ClosedForm.h"
 
 #include <gtest/gtest.h>
@@ -76,6 +77,15 @@ public:
             made.rule += ";UNTIL=" + (chance(5) ? until.substr(0, 8) : until);
         }
         return made;
+    }
+
+    /// BY parts, by days and, unsorted, by times of day about a change of the clock.
+    std::string lists() {
+        static constexpr const char* parts[] = {
+            ";BYDAY=SU",     ";BYDAY=MO,SU,TU", ";BYMONTHDAY=1,-1,15",         ";BYDAY=-1SU",
+            ";BYMONTH=3,11", ";BYDAY=1SU,2SU",  ";BYMONTH=3,10;BYDAY=-1SU,1SU"};
+        static constexpr const char* times[] = {"", ";BYHOUR=2", ";BYHOUR=3,1,2", ";BYHOUR=0,1,2;BYMINUTE=45,15"};
+        return (chance(4) ? "" : parts[number(0, 6)]) + std::string(times[number(0, 3)]);
     }
 
     int number(int low, int high) { return std::uniform_int_distribution<int>(low, high)(engine_); }
@@ -179,7 +189,7 @@ Date aboutChange(Cases& cases, const Calendar& calendar) {
     return change + TimeInterval(days * 86400.0 + 900 * cases.number(-9, 9) + cases.number(-1, 1) + fraction);
 }
 
-TEST(ClosedFormTest, AnswersAsTheWalkWhereClocksChange) {
+TEST(ClosedFormTest, AnswersAsTheInstantWalkWhereClocksChange) {
     Cases cases;
     int occurring = 0, different = 0;
     const int wanted = numberOfCases();
@@ -188,7 +198,7 @@ TEST(ClosedFormTest, AnswersAsTheWalkWhereClocksChange) {
         const TestEnvironment local(TestEnvironment::Options{.zone = zone});
         const auto calendar = local.environment->calendar();
         for (int i = 0; i < wanted / 6; ++i) {
-            const std::string rule = cases.make(1990, 2030).rule;
+            const std::string rule = cases.make(1990, 2030).rule + (cases.chance(2) ? "" : cases.lists());
             const Date start = aboutChange(cases, *calendar);
             const Date after = cases.chance(2)
                                    ? start + TimeInterval(450.0 * cases.number(-20, 20))
