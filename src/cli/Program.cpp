@@ -130,6 +130,8 @@ int run(const ChosenCommand& chosen, const GlobalOptions& options, bool live) {
         complain(services.error().description());
         return failed;
     }
+    // A command that ends at once has no use for what changes meanwhile.
+    if (!live) services->watcher = nullptr;
     Environment environment(std::move(*services));
     const EnvironmentScope scope(&environment);
     const Result<> result = perform(environment, chosen, options);

@@ -14,8 +14,11 @@ namespace dayward {
 class DirectoryWatch {
 public:
     virtual ~DirectoryWatch() = default;
-    /// Called on a thread of the watch with the names of direct entries that were created, replaced,
-    /// changed inside (one level deep), or removed; changes in quick succession come as one call.
+    /// From now on changes inside the entries are told too. Returns at once: the entries are gone through on the
+    /// watch's thread, and then everything is to be looked at, for what changed inside before.
+    virtual void watchInside() {}
+    /// Called on a thread of the watch with the names of direct entries that were created, replaced or
+    /// removed, or changed inside (one level deep) once that is watched; changes in quick succession come as one call.
     /// An empty list means that events were lost: look at everything.
     using Handler = std::function<void(const std::vector<std::string>& names)>;
 };

@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstdint>
+#include <set>
 #include <string_view>
 
 #include "platform/FileSystem.h"
@@ -49,6 +50,17 @@ Result<> FileCoordinator::coordinateReading(const std::string& path, ReadingOpti
 Result<> FileCoordinator::coordinateWriting(const std::string& path, WritingOptions, const Accessor& accessor) {
     const auto lock = TRY(lockStripe(*files_, lockDirectory_, stripeOf(path), Access::write));
     return accessor(path);
+}
+
+Result<> FileCoordinator::coordinateWriting(const std::vector<std::string>& paths,
+                                            const std::function<Result<>()>& accessor) {
+    std::set<std::uint64_t> stripes;
+    for (const std::string& path : paths) stripes.insert(stripeOf(path));
+    // Everybody takes lower locks first: see below.
+    std::vector<std::unique_ptr<FileLock>> locks;
+    for (const std::uint64_t stripe : stripes)
+        locks.push_back(TRY(lockStripe(*files_, lockDirectory_, stripe, Access::write)));
+    return accessor();
 }
 
 Result<> FileCoordinator::coordinateReadingAndWriting(const std::string& readPath, ReadingOptions,

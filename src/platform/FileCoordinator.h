@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/Result.h"
 
@@ -28,6 +29,8 @@ public:
     Result<> coordinateReading(const std::string& path, ReadingOptions options, const Accessor& accessor);
     /// Runs the accessor while nobody else reads or writes the path.
     Result<> coordinateWriting(const std::string& path, WritingOptions options, const Accessor& accessor);
+    /// The same for many paths at once.
+    Result<> coordinateWriting(const std::vector<std::string>& paths, const std::function<Result<>()>& accessor);
     /// Both at once, without a deadlock between two such pairs the other way round.
     Result<> coordinateReadingAndWriting(const std::string& readPath, ReadingOptions readingOptions,
                                          const std::string& writePath, WritingOptions writingOptions,

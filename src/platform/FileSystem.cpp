@@ -12,6 +12,7 @@
 #include <set>
 
 #include "platform/Log.h"
+#include "platform/Parallel.h"
 
 namespace dayward {
 
@@ -22,6 +23,7 @@ constexpr std::string_view kTemporaryMark = ".tmp-";
 constexpr std::string_view kAsideMark = ".was-";
 // A name in a directory has at most 255 bytes on the usual file systems; mark and numbers need 40.
 constexpr std::size_t kLongestKeptName = 200;
+constexpr std::size_t kPackagesPerThread = 64;
 
 std::atomic<std::uint64_t> lastTemporaryNumber = 0;
 
@@ -83,16 +85,19 @@ bool isStale(const TemporaryOwner& owner) {
     return kill(process, 0) != 0 && errno == ESRCH;
 }
 
-Result<> writeSynced(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes) {
+/// Whether what is written is synced at once, or by the caller with everything else.
+enum class Synced { each, together };
+
+Result<> writeFile(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes, Synced synced) {
     auto file = TRY(files.openForWriting(path));
     TRY_VOID(file->write(bytes));
-    TRY_VOID(file->sync());
+    if (synced == Synced::each) TRY_VOID(file->sync());
     return file->close();
 }
 
 Result<> writeAndRename(FileSystem& files, const std::string& temporary, const std::string& path,
                         std::span<const std::uint8_t> bytes) {
-    TRY_VOID(writeSynced(files, temporary, bytes));
+    TRY_VOID(writeFile(files, temporary, bytes, Synced::each));
     return files.rename(temporary, path);
 }
 
@@ -116,13 +121,15 @@ Result<> makeParents(FileSystem& files, const std::string& package, const std::s
     return {};
 }
 
-Result<> writePackageContent(FileSystem& files, const std::string& package, std::span<const PackageFile> content) {
+Result<> writePackageContent(FileSystem& files, const std::string& package, std::span<const PackageFile> content,
+                             Synced synced) {
     TRY_VOID(files.createDirectory(package));
     std::set<std::string> directories{package};
     for (const PackageFile& file : content) {
         TRY_VOID(makeParents(files, package, file.name, directories));
-        if (!file.name.ends_with('/')) TRY_VOID(writeSynced(files, joinPath(package, file.name), file.bytes));
+        if (!file.name.ends_with('/')) TRY_VOID(writeFile(files, joinPath(package, file.name), file.bytes, synced));
     }
+    if (synced == Synced::together) return {};
     for (const std::string& directory : directories) TRY_VOID(files.syncDirectory(directory));
     return {};
 }
@@ -188,6 +195,28 @@ void settleTemporary(FileSystem& files, const std::string& directory, const std:
     if (!restored) logError(path + " is not brought back: " + restored.error().description());
 }
 
+/// One package of a batch on its way.
+struct Replacement {
+    std::string temporary;
+    std::string old;  ///< where the old package is once the new one is in place
+    Result<> result;
+
+    void then(const Result<>& step) {
+        if (result) result = step;
+    }
+};
+
+Result<> prepare(FileSystem& files, const PackageChange& change, std::string& temporary) {
+    const auto content = TRY(change.content());
+    temporary = TRY(freeTemporaryPath(files, change.path));
+    return writePackageContent(files, temporary, content, Synced::together);
+}
+
+Result<> putInPlace(FileSystem& files, Replacement& replacement, const std::string& path) {
+    replacement.old = TRY(putPackageInPlace(files, replacement.temporary, path));
+    return {};
+}
+
 bool isDirectoryRefusal(int code) { return code == EISDIR || code == EPERM; }
 
 }  // namespace
@@ -240,7 +269,7 @@ Result<> writeFileAtomically(FileSystem& files, const std::string& path, std::sp
 Result<> writePackageAtomically(FileSystem& files, const std::string& path, std::span<const PackageFile> content) {
     const std::string temporary = TRY(freeTemporaryPath(files, path));
     const auto replaced = [&]() -> Result<std::string> {
-        TRY_VOID(writePackageContent(files, temporary, content));
+        TRY_VOID(writePackageContent(files, temporary, content, Synced::each));
         return putPackageInPlace(files, temporary, path);
     }();
     if (!replaced) {
@@ -254,6 +283,31 @@ Result<> writePackageAtomically(FileSystem& files, const std::string& path, std:
     return {};
 }
 
+std::vector<Result<>> writePackagesAtomically(FileSystem& files, const std::string& directory,
+                                              std::span<const PackageChange> changes) {
+    auto device = files.openDeviceSync(directory);
+    if (!device) return std::vector<Result<>>(changes.size(), std::unexpected(device.error()));
+    std::vector<Replacement> replacements(changes.size());
+    inParallel(changes.size(), kPackagesPerThread, [&](std::size_t i) {
+        replacements[i].result = prepare(files, changes[i], replacements[i].temporary);
+    });
+    const auto written = (*device)->sync();
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        Replacement& replacement = replacements[i];
+        replacement.then(written);
+        if (replacement.result) replacement.result = putInPlace(files, replacement, changes[i].path);
+        if (!replacement.result && !replacement.temporary.empty()) discard(files, replacement.temporary);
+    }
+    const auto named = files.syncDirectory(directory);
+    std::vector<Result<>> results;
+    for (Replacement& replacement : replacements) {
+        replacement.then(named);
+        if (replacement.result && !replacement.old.empty()) discard(files, replacement.old);
+        results.push_back(std::move(replacement.result));
+    }
+    return results;
+}
+
 Result<> removePackageAtomically(FileSystem& files, const std::string& path) {
     const std::string temporary = TRY(freeTemporaryPath(files, path));
     TRY_VOID(files.rename(path, temporary));
@@ -261,6 +315,25 @@ Result<> removePackageAtomically(FileSystem& files, const std::string& path) {
     TRY_VOID(files.syncDirectory(parentPath(path)));
     discard(files, temporary);
     return {};
+}
+
+std::vector<Result<>> removePackagesAtomically(FileSystem& files, const std::string& directory,
+                                               std::span<const std::string> paths) {
+    std::vector<Replacement> removals;
+    for (const std::string& path : paths) {
+        Replacement& removal = removals.emplace_back();
+        auto temporary = freeTemporaryPath(files, path);
+        removal.result = temporary ? files.rename(path, *temporary) : std::unexpected(temporary.error());
+        if (removal.result) removal.old = *std::move(temporary);
+    }
+    const auto unnamed = files.syncDirectory(directory);
+    std::vector<Result<>> results;
+    for (Replacement& removal : removals) {
+        removal.then(unnamed);
+        if (removal.result) discard(files, removal.old);
+        results.push_back(std::move(removal.result));
+    }
+    return results;
 }
 
 bool isTemporaryName(std::string_view name) { return temporaryOwner(name).has_value(); }

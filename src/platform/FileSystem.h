@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -120,11 +121,26 @@ struct PackageFile {
 /// exchange, the old package stands aside for a moment, as ".NAME.was-PID-NUMBER".
 Result<> writePackageAtomically(FileSystem& files, const std::string& path, std::span<const PackageFile> content);
 
+/// A package that is to be replaced, and what makes its content: on any thread, in the environment of the caller.
+struct PackageChange {
+    std::string path;
+    std::function<Result<std::vector<PackageFile>>()> content;
+};
+
+/// The same for many packages of one directory together, with one sync of the device before they get their names
+/// and one of the directory after it. That waits for what others wrote on the device too, so it is for batches
+/// that would need many syncs. The result of each in their order; a crash leaves each of them old or new.
+std::vector<Result<>> writePackagesAtomically(FileSystem& files, const std::string& directory,
+                                              std::span<const PackageChange> changes);
+
 /// Removes a package, or whatever has its name, whole and durably: it loses its name first and its
 /// files afterwards, so that nobody ever finds a part of it. A symbolic link goes itself. An error
 /// means that it is still there; but where only the directory's sync fails, it is gone and a crash
 /// may bring it back.
 Result<> removePackageAtomically(FileSystem& files, const std::string& path);
+/// The same for many packages of one directory, which is synced once. The result of each in their order.
+std::vector<Result<>> removePackagesAtomically(FileSystem& files, const std::string& directory,
+                                               std::span<const std::string> paths);
 
 /// True for the temporary names that the operations above use: ".NAME.tmp-PID-NUMBER" and
 /// ".NAME.was-PID-NUMBER". What a crash left of them is swept by removeStaleTemporaries.

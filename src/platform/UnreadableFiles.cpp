@@ -58,6 +58,11 @@ void UnreadableFiles::reload() {
 
 std::string UnreadableFiles::entryPath(const std::string& path) const { return joinPath(directory_, digestName(path)); }
 
+bool UnreadableFiles::isEmpty() const {
+    const Lock lock(mutex_);
+    return entries_.empty();
+}
+
 std::optional<std::string> UnreadableFiles::reasonToLeaveOut(const std::string& path, std::string_view stamp) const {
     const Lock lock(mutex_);
     const auto found = entries_.find(oneLine(path));
@@ -78,18 +83,18 @@ void UnreadableFiles::add(const std::string& path, std::string_view stamp, std::
 void UnreadableFiles::forget(const std::string& path) {
     {
         const Lock lock(mutex_);
-        if (entries_.erase(oneLine(path)) == 0) return;
+        if (entries_.empty() || entries_.erase(oneLine(path)) == 0) return;
     }
     const auto removed = files_.removeFile(entryPath(path));
     if (!removed) logError("cannot drop the record of a file: " + removed.error().description());
 }
 
-UnreadableFiles::Reading::Reading(UnreadableFiles& record, std::string path, std::string stamp)
+UnreadableFiles::Reading::Reading(UnreadableFiles& record, std::string path, Stamp stamp)
     : record_(record), path_(std::move(path)), stamp_(std::move(stamp)), context_(path_, onFatal, this) {}
 
 void UnreadableFiles::Reading::onFatal(const std::string&, std::string_view text, void* reading) {
     const auto& self = *static_cast<Reading*>(reading);
-    self.record_.add(self.path_, self.stamp_, text);
+    self.record_.add(self.path_, self.stamp_(), text);
 }
 
 }  // namespace dayward

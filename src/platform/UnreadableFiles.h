@@ -5,6 +5,7 @@
 // the path, the file's stamp, the reason. Any thread.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -27,6 +28,8 @@ public:
 
     /// Reads the record again, for what other processes added.
     void reload();
+    /// Nothing is recorded, of no file.
+    [[nodiscard]] bool isEmpty() const;
     /// Why the file must not be read; nothing if it may be, because it never stopped a process or is
     /// no longer in the state in which it did.
     [[nodiscard]] std::optional<std::string> reasonToLeaveOut(const std::string& path, std::string_view stamp) const;
@@ -35,17 +38,19 @@ public:
     /// The file was read, or is gone. Cheap for a file without an entry.
     void forget(const std::string& path);
 
-    /// While it lives, a fatal error on this thread is blamed on the file and recorded.
+    /// While it lives, a fatal error on this thread is blamed on the file and recorded; only then is the stamp asked
+    /// for.
     class Reading {
     public:
-        Reading(UnreadableFiles& record, std::string path, std::string stamp);
+        using Stamp = std::function<std::string()>;
+        Reading(UnreadableFiles& record, std::string path, Stamp stamp);
 
     private:
         static void onFatal(const std::string& file, std::string_view text, void* reading);
 
         UnreadableFiles& record_;
         const std::string path_;
-        const std::string stamp_;
+        const Stamp stamp_;
         const FatalErrorContext context_;
     };
 

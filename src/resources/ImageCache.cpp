@@ -26,6 +26,13 @@ void ImageCache::removeImage(std::string_view forKey) {
     if (const auto found = entries_.find(forKey); found != entries_.end()) remove(found->second);
 }
 
+void ImageCache::removeAll() {
+    const Lock lock(mutex_);
+    entries_.clear();
+    order_.clear();
+    size_ = 0;
+}
+
 void ImageCache::remove(Order::iterator entry) {
     size_ -= entry->second->rgba().size();
     entries_.erase(entry->first);

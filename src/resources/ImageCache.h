@@ -25,6 +25,7 @@ public:
     [[nodiscard]] std::shared_ptr<const Image> image(std::string_view forKey);
     void setImage(std::shared_ptr<const Image> image, std::string_view forKey);
     void removeImage(std::string_view forKey);
+    void removeAll();
 
 private:
     using Entry = std::pair<std::string, std::shared_ptr<const Image>>;

@@ -40,4 +40,10 @@ void DocumentImages::forget(const std::string& key) {
     cache.images.removeImage(key);
 }
 
+void DocumentImages::forgetAll() {
+    auto& cache = Cache::shared();
+    ++cache.generation;
+    cache.images.removeAll();
+}
+
 }  // namespace dayward

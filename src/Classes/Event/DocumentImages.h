@@ -20,6 +20,7 @@ public:
     /// Null where none is kept.
     static std::shared_ptr<const Image> cachedImage(const std::string& key);
     static void forget(const std::string& key);
+    static void forgetAll();
 };
 
 }  // namespace dayward

@@ -65,10 +65,14 @@ Result<> EventDocument::readFromURL(const std::string& path) {
     return loadFromContents(FileWrapper::directory(*std::move(children)), kFileType);
 }
 
-Result<> EventDocument::writeToURL(const std::string& path) const {
+std::vector<PackageFile> EventDocument::packageFiles() const {
     std::vector<PackageFile> content;
     appendFiles(fileWrappers_, "", content);
-    return writePackageAtomically(Environment::current().files(), path, content);
+    return content;
+}
+
+Result<> EventDocument::writeToURL(const std::string& path) const {
+    return writePackageAtomically(Environment::current().files(), path, packageFiles());
 }
 
 const Data* EventDocument::dataForKey(std::string_view key) const {

@@ -10,8 +10,10 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "Classes/Event/FileWrapper.h"
+#include "platform/FileSystem.h"
 #include "platform/Image.h"
 #include "platform/Object.h"
 #include "platform/Result.h"
@@ -43,6 +45,8 @@ public:
     /// Reads all files of the package. A path that is no directory or cannot be read is an error of
     /// the domain kNoFilesDomain with the last path component as "fileName"; the files stay as they were.
     Result<> readFromURL(const std::string& path);
+    /// What a package of the document holds.
+    [[nodiscard]] std::vector<PackageFile> packageFiles() const;
     /// Replaces the package whole and durably. On an error what was there stays.
     Result<> writeToURL(const std::string& path) const;
 

@@ -1,5 +1,7 @@
 #include "Classes/Event/EventLocalStore.h"
 
+#include <algorithm>
+
 #include "Classes/Event/EventStoreHelper.h"
 #include "Classes/Event/HHEvent.h"
 #include "Classes/Event/PackageReader.h"
@@ -50,11 +52,13 @@ EventLocalStore::EventLocalStore(Environment& environment)
                                                     joinPath(environment.paths().state, kUnreadableDirectory))),
       reader_(std::make_unique<PackageReader>(environment, *unreadable_)),
       stamps_(std::make_unique<PackageStamps>()),
-      writes_(std::make_unique<PackageWrites>(syncQueue_, kTypeName)) {
+      writes_(std::make_unique<PackageWrites>(syncQueue_, kTypeName,
+                                              [this](const auto& writes) { return writeTogether(writes); })) {
     setDelegate(this);
     const EnvironmentScope scope(&environment);
     startWatch();
     load();
+    if (watch_) watch_->watchInside();
 }
 
 void EventLocalStore::didBecomeShared() {
@@ -74,7 +78,6 @@ void EventLocalStore::initialize() {
 }
 
 void EventLocalStore::load() {
-    removeStaleTemporaries(environment().files(), directory_);
     {
         const Lock lock(dataLayerLock_);
         const auto waiting = writes_->waitingKeys();
@@ -83,7 +86,9 @@ void EventLocalStore::load() {
             const Lock leftOutLock(leftOutMutex_);
             leftOut_.clear();
         }
-        for (LoadedPackage& package : reader_->readAll(packagePaths())) {
+        const std::vector<std::string> paths = packagePaths();
+        dataLayer_.reserve(paths.size());
+        for (LoadedPackage& package : reader_->readAll(paths)) {
             const std::string key = keyForURL(*this, package.path);
             if (waiting.contains(key)) continue;
             // Another process may have been at it.
@@ -100,7 +105,12 @@ void EventLocalStore::load() {
 }
 
 std::vector<std::string> EventLocalStore::packagePaths() {
-    const auto names = environment().files().listDirectory(directory_);
+    FileSystem& files = environment().files();
+    auto names = files.listDirectory(directory_);
+    if (names && std::ranges::any_of(*names, isTemporaryName)) {
+        removeStaleTemporaries(files, directory_);
+        names = files.listDirectory(directory_);
+    }
     if (!names) {
         leaveOut(directory_, names.error());
         return {};
@@ -143,35 +153,30 @@ std::vector<std::shared_ptr<HHEvent>> EventLocalStore::findEvent(const std::func
 
 void EventLocalStore::updateEvents(const std::vector<std::shared_ptr<HHEvent>>& events) {
     const EnvironmentScope scope(&environment());
-    std::vector<std::string> keys;
     {
         const Lock lock(dataLayerLock_);
         for (const auto& event : events) {
             event->setVersion(CCSyncItemVersion::next());
-            const std::string& key = keys.emplace_back(event->identifier());
-            put(key, event);
+            put(event->identifier(), event);
             // A copy: what is written is the state of now, whatever becomes of the record meanwhile.
-            writes_->add(
-                key, [this, key, written = std::make_shared<HHEvent>(*event)] { return setStoreValue(written, key); });
+            writes_->add(event->identifier(), std::make_shared<HHEvent>(*event));
         }
     }
     postDidUpdate(EventLocalStoreUpdatedKey, events);
-    writes_->run(std::move(keys));
+    writes_->run();
 }
 
 void EventLocalStore::removeEvents(const std::vector<std::shared_ptr<HHEvent>>& events) {
     const EnvironmentScope scope(&environment());
-    std::vector<std::string> keys;
     {
         const Lock lock(dataLayerLock_);
         for (const auto& event : events) {
-            const std::string& key = keys.emplace_back(event->identifier());
-            take(key);
-            writes_->add(key, [this, key] { return setStoreValue(nullptr, key); });
+            take(event->identifier());
+            writes_->add(event->identifier(), nullptr);
         }
     }
     postDidUpdate(EventLocalStoreRemovedKey, events);
-    writes_->run(std::move(keys));
+    writes_->run();
 }
 
 std::shared_ptr<const Image> EventLocalStore::loadIconImageAtEvent(const std::string& key) {
@@ -250,6 +255,7 @@ Result<> EventLocalStore::writeValue(CCFilesKeyStore&, const Object& value, cons
 
 void EventLocalStore::storeValueDidUpdate(const std::string& key) {
     const std::string path = pathOfKey(key);
+    EventStoreHelper::forgetImages(path);
     auto stamp = PackageStamp::ofPackage(environment().files(), path);
     stamps_->set(key, stamp ? *std::move(stamp) : std::nullopt);
     unreadable_->forget(path);

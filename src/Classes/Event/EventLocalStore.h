@@ -20,6 +20,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "Classes/Event/PackageWrites.h"
 #include "platform/Image.h"
 #include "platform/Mutex.h"
 #include "sync/CCFilesKeyStore.h"
@@ -32,7 +33,6 @@ class DispatchQueue;
 class HHEvent;
 class PackageReader;
 class PackageStamps;
-class PackageWrites;
 class UnreadableFiles;
 struct LoadedPackage;
 
@@ -127,7 +127,13 @@ private:
     struct Changes;
 
     void load();
+    /// The result of each; many go with one sync.
+    std::vector<Result<>> writeTogether(const std::vector<PackageWrites::Write>& writes);
+    std::vector<Result<>> replacePackages(const std::vector<PackageWrites::Write>& writes);
+    std::vector<Result<>> replaceCoordinated(const std::vector<PackageWrites::Write>& writes,
+                                             const std::vector<std::string>& paths);
     [[nodiscard]] std::string pathOfKey(const std::string& key) const;
+    /// Sweeps what dead processes left, and lists the packages.
     [[nodiscard]] std::vector<std::string> packagePaths();
     /// Puts the event into memory and notes that this process did it.
     void put(const std::string& key, const std::shared_ptr<HHEvent>& event) DAYWARD_REQUIRES(dataLayerLock_);

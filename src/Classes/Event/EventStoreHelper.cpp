@@ -19,24 +19,6 @@ std::unexpected<Error> noData(const std::string& path, std::string reason) {
                    {{"file", lastPathComponent(path)}, {"path", path}, {"reason", std::move(reason)}});
 }
 
-/// The images of the document may be others now.
-void forgetImages(const std::string& path) {
-    const auto key = EventStoreHelper::itemKeyForFileURL(path);
-    LoadEventIconPicture::forgetImage(key);
-    LoadEventBackgroundPicture::forgetImage(key);
-}
-
-Result<std::shared_ptr<HHEvent>> eventFromGeneralFile(const Data& general, const std::string& path) {
-    const FatalErrorContext blame(path);
-    const auto root = KeyedUnarchiver::unarchiveObjectWithData(general);
-    if (!root) return noData(path, root.error().description());
-    const auto data = root->as<HHGeneralEventDocumentData>();
-    if (!data) return noData(path, "the archive holds no event");
-    auto event = std::make_shared<HHEvent>(EventStoreHelper::itemKeyForFileURL(path));
-    event->fillStoreInfo(*data);
-    return event;
-}
-
 Result<std::shared_ptr<const Image>> readImage(const std::string& path, const char* file) {
     const auto bytes = TRY(Environment::current().files().readFile(joinPath(path, file)));
     return std::make_shared<const Image>(TRY(Image::decode(bytes)));
@@ -60,6 +42,23 @@ std::string EventStoreHelper::itemKeyForFileURL(std::string_view path) {
     return deletingPathExtension(lastPathComponent(path));
 }
 
+Result<std::shared_ptr<HHEvent>> EventStoreHelper::eventFromGeneralData(const Data& general, const std::string& path) {
+    const FatalErrorContext blame(path);
+    const auto root = KeyedUnarchiver::unarchiveObjectWithData(general);
+    if (!root) return noData(path, root.error().description());
+    const auto data = root->as<HHGeneralEventDocumentData>();
+    if (!data) return noData(path, "the archive holds no event");
+    auto event = std::make_shared<HHEvent>(itemKeyForFileURL(path));
+    event->fillStoreInfo(*data);
+    return event;
+}
+
+void EventStoreHelper::forgetImages(const std::string& path) {
+    const auto key = itemKeyForFileURL(path);
+    LoadEventIconPicture::forgetImage(key);
+    LoadEventBackgroundPicture::forgetImage(key);
+}
+
 Result<std::shared_ptr<HHEvent>> EventStoreHelper::readEvent(const std::string& path) {
     auto& files = Environment::current().files();
     // The archive's bytes are asked for first: in a store of many packages nearly all are sound, and
@@ -67,17 +66,24 @@ Result<std::shared_ptr<HHEvent>> EventStoreHelper::readEvent(const std::string& 
     const auto general = files.readFile(joinPath(path, EventDocument::kGeneralFile));
     if (general) {
         forgetImages(path);
-        return eventFromGeneralFile(*general, path);
+        return eventFromGeneralData(*general, path);
     }
     if (files.exists(path)) TRY_VOID(EventDocument(path).readFromURL(path));
     return noData(path, general.error().description());
 }
 
-Result<> EventStoreHelper::writeEvent(const HHEvent& event, const std::string& path) {
+Result<std::vector<PackageFile>> EventStoreHelper::packageOfEvent(const HHEvent& event, const std::string& path) {
     auto document = TRY(readEventDocument(path));
     document.setData(KeyedArchiver::archivedDataWithRootObject(event.getStoreInfo()), EventDocument::kGeneralFile);
     TRY_VOID(setOwnImages(document, event));
-    return writeEventDocument(document, path);
+    return document.packageFiles();
+}
+
+Result<> EventStoreHelper::writeEvent(const HHEvent& event, const std::string& path) {
+    const auto content = TRY(packageOfEvent(event, path));
+    TRY_VOID(writePackageAtomically(Environment::current().files(), path, content));
+    forgetImages(path);
+    return {};
 }
 
 Result<EventDocument> EventStoreHelper::readEventDocument(const std::string& path) {
@@ -96,7 +102,7 @@ Result<> EventStoreHelper::writeEventDocument(const EventDocument& document, con
 Result<std::shared_ptr<HHEvent>> EventStoreHelper::getEventFromDocument(const EventDocument& document) {
     const Data* general = document.dataForKey(EventDocument::kGeneralFile);
     if (!general) return noData(document.fileURL(), "no file general.t");
-    return eventFromGeneralFile(*general, document.fileURL());
+    return eventFromGeneralData(*general, document.fileURL());
 }
 
 Result<std::shared_ptr<const Image>> EventStoreHelper::readIconImage(const std::string& path) {

@@ -26,6 +26,12 @@ public:
     /// error of the domain EventDocument::kNoFilesDomain ("fileName"); a package without a readable
     /// "general.t", and a path where nothing is, one of kNoDataDomain ("file").
     static Result<std::shared_ptr<HHEvent>> readEvent(const std::string& path);
+    /// The event in the bytes of the package's "general.t"; nothing is looked at on the disk.
+    static Result<std::shared_ptr<HHEvent>> eventFromGeneralData(const Data& general, const std::string& path);
+    /// What the package is to hold for the event, from what it holds.
+    static Result<std::vector<PackageFile>> packageOfEvent(const HHEvent& event, const std::string& path);
+    /// The package is another now: its images are read again.
+    static void forgetImages(const std::string& path);
     /// Replaces the package whole. Images that the event has not changed and files of others
     /// stay byte for byte. On an error what was there stays.
     static Result<> writeEvent(const HHEvent& event, const std::string& path);

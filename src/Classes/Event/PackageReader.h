@@ -35,7 +35,9 @@ public:
     [[nodiscard]] std::vector<LoadedPackage> readAll(const std::vector<std::string>& paths) const;
 
 private:
-    void readStamped(LoadedPackage& package) const;
+    [[nodiscard]] LoadedPackage readWhole(const std::string& path) const;
+    /// `general` are the file's bytes, or why there are none.
+    void readStamped(LoadedPackage& package, const Result<ReadFile>& general) const;
 
     Environment& environment_;
     UnreadableFiles& unreadable_;

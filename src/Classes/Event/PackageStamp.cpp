@@ -8,11 +8,11 @@ namespace dayward {
 
 namespace {
 
-void appendStatus(std::string& text, const FileStatus& status) {
+std::string textOf(const PackageStamp::Identity& identity) {
     char part[96];
-    std::snprintf(part, sizeof part, " %llu/%llu/%.7f", static_cast<unsigned long long>(status.inode),
-                  static_cast<unsigned long long>(status.size), status.modified.secondsSinceReference());
-    text += part;
+    std::snprintf(part, sizeof part, " %llu/%llu/%.7f", static_cast<unsigned long long>(identity.inode),
+                  static_cast<unsigned long long>(identity.size), identity.modified.secondsSinceReference());
+    return part;
 }
 
 }  // namespace
@@ -20,13 +20,14 @@ void appendStatus(std::string& text, const FileStatus& status) {
 Result<std::optional<PackageStamp>> PackageStamp::ofPackage(const FileSystem& files, const std::string& path) {
     const std::optional<FileStatus> package = TRY(files.status(path));
     if (!package) return std::nullopt;
-    PackageStamp stamp;
-    appendStatus(stamp.text, *package);
+    PackageStamp stamp{Identity(*package), {}};
     if (package->kind != FileStatus::Kind::directory) return stamp;
     const auto general = files.status(joinPath(path, EventDocument::kGeneralFile));
-    if (general && *general) appendStatus(stamp.text, **general);
+    if (general && *general) stamp.general = Identity(**general);
     return stamp;
 }
+
+std::string PackageStamp::text() const { return textOf(package) + (general ? textOf(*general) : ""); }
 
 std::optional<PackageStamp> PackageStamps::stampOfKey(const std::string& key) const {
     const Lock lock(mutex_);

@@ -14,11 +14,25 @@
 namespace dayward {
 
 struct PackageStamp {
-    /// Both statuses as one line of text; the second is missing where there is no such file.
-    std::string text;
+    struct Identity {
+        std::uint64_t inode = 0;
+        std::uint64_t size = 0;
+        Date modified;
+
+        Identity() = default;
+        explicit Identity(const FileStatus& status)
+            : inode(status.inode), size(status.size), modified(status.modified) {}
+        bool operator==(const Identity&) const = default;
+    };
+
+    Identity package;
+    std::optional<Identity> general;
 
     /// Nothing where nothing is at the path.
     static Result<std::optional<PackageStamp>> ofPackage(const FileSystem& files, const std::string& path);
+
+    /// As one line.
+    [[nodiscard]] std::string text() const;
 
     bool operator==(const PackageStamp&) const = default;
 };

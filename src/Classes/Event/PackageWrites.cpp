@@ -4,73 +4,77 @@
 
 namespace dayward {
 
-PackageWrites::PackageWrites(std::shared_ptr<DispatchQueue> queue, std::string owner)
-    : queue_(std::move(queue)), owner_(std::move(owner)) {}
+namespace {
 
-void PackageWrites::add(const std::string& key, Operation operation) {
+/// While a batch is written, other processes wait for its packages.
+constexpr std::size_t kLargestBatch = 1024;
+
+}  // namespace
+
+PackageWrites::PackageWrites(std::shared_ptr<DispatchQueue> queue, std::string owner, Writer writer)
+    : queue_(std::move(queue)), owner_(std::move(owner)), writer_(std::move(writer)) {}
+
+void PackageWrites::add(const std::string& key, Object value) {
     const Lock lock(mutex_);
     unfinished_.insert(++lastTicket_);
-    lines_[key].waiting.push_back({lastTicket_, std::move(operation)});
+    lines_[key].waiting.push_back({lastTicket_, std::move(value)});
+    ready_.push_back(key);
 }
 
-void PackageWrites::run(std::vector<std::string> keys) {
-    queue_->async([this, keys = std::move(keys)] {
-        for (const std::string& key : keys) drain(key);
-    });
+void PackageWrites::run() {
+    queue_->async([this] { drain(); });
 }
 
-void PackageWrites::drain(const std::string& key) {
-    for (auto waiting = take(key); waiting; waiting = takeNext(key)) {
-        const Result<> result = waiting->operation();
-        if (!result) logError(owner_ + ": " + result.error().description());
-        finish(key, waiting->ticket, result);
+void PackageWrites::drain() {
+    for (Batch batch = takeBatch(); !batch.writes.empty(); batch = takeBatch()) {
+        const std::vector<Result<>> results = writer_(batch.writes);
+        for (const Result<>& result : results)
+            if (!result) logError(owner_ + ": " + result.error().description());
+        {
+            const Lock lock(mutex_);
+            for (std::size_t i = 0; i < results.size(); ++i) finish(batch.writes[i].key, batch.tickets[i], results[i]);
+        }
+        finished_.notify_all();
     }
 }
 
-std::optional<PackageWrites::Waiting> PackageWrites::take(const std::string& key) {
-    {
-        const Lock lock(mutex_);
-        const auto line = lines_.find(key);
-        if (line == lines_.end() || line->second.isRunning()) return {};
-        line->second.runner = std::this_thread::get_id();
-    }
-    return takeNext(key);
-}
-
-std::optional<PackageWrites::Waiting> PackageWrites::takeNext(const std::string& key) {
+PackageWrites::Batch PackageWrites::takeBatch() {
     const Lock lock(mutex_);
-    Line& line = lines_[key];
-    if (line.waiting.empty()) {
-        lines_.erase(key);
-        return {};
+    Batch batch;
+    while (!ready_.empty() && batch.writes.size() < kLargestBatch) {
+        const std::string key = std::move(ready_.front());
+        ready_.pop_front();
+        const auto found = lines_.find(key);
+        if (found == lines_.end() || found->second.isRunning()) continue;
+        Line& line = found->second;
+        batch.tickets.push_back(line.waiting.front().ticket);
+        batch.writes.push_back({key, std::move(line.waiting.front().value)});
+        line.waiting.pop_front();
+        line.runner = std::this_thread::get_id();
+        line.fileIsDone = false;
     }
-    Waiting next = std::move(line.waiting.front());
-    line.waiting.pop_front();
-    line.fileIsDone = false;
-    return next;
+    return batch;
 }
 
 void PackageWrites::finish(const std::string& key, std::uint64_t ticket, const Result<>& result) {
-    {
-        const Lock lock(mutex_);
-        lines_[key].fileIsDone = true;
-        unfinished_.erase(ticket);
-        if (result) {
-            failed_.erase(key);
-        } else {
-            failed_.insert(key);
-            if (!firstFailure_) firstFailure_ = result.error();
-        }
+    unfinished_.erase(ticket);
+    Line& line = lines_[key];
+    line.runner = {};
+    if (line.waiting.empty()) {
+        lines_.erase(key);
+    } else {
+        ready_.push_back(key);
     }
-    finished_.notify_all();
-}
-
-void PackageWrites::drainAll() {
-    for (const std::string& key : waitingKeys()) drain(key);
+    if (result) {
+        failed_.erase(key);
+    } else {
+        failed_.insert(key);
+        if (!firstFailure_) firstFailure_ = result.error();
+    }
 }
 
 Result<> PackageWrites::flush() {
-    queue_->sync([this] { drainAll(); });
+    queue_->sync([this] { drain(); });
     const Lock lock(mutex_);
     const std::uint64_t last = lastTicket_;
     while (!unfinished_.empty() && *unfinished_.begin() <= last) finished_.wait(mutex_);

@@ -1,7 +1,7 @@
-// The writes that a store owes its files. Operations of one key run one after another in the order in
-// which they were added, on whichever thread of the queue comes by; different keys overlap.
+// The writes that a store owes its files. Those of one key happen one after another in the order in which they were
+// added; whatever waits of different keys goes to the writer together, on whichever thread of the queue comes by.
 //
-// Any thread. No lock is held while an operation runs.
+// Any thread. No lock is held while something is written.
 #pragma once
 
 #include <condition_variable>
@@ -19,26 +19,32 @@
 
 #include "platform/DispatchQueue.h"
 #include "platform/Mutex.h"
+#include "platform/Object.h"
 #include "platform/Result.h"
 
 namespace dayward {
 
 class PackageWrites {
 public:
-    using Operation = std::function<Result<>()>;
+    /// A value for the key's file; null removes it.
+    struct Write {
+        std::string key;
+        Object value;
+    };
+    /// Writes values of different keys; the result of each in their order.
+    using Writer = std::function<std::vector<Result<>>(const std::vector<Write>& writes)>;
 
     /// `owner` stands before the logged failures.
-    PackageWrites(std::shared_ptr<DispatchQueue> queue, std::string owner);
+    PackageWrites(std::shared_ptr<DispatchQueue> queue, std::string owner, Writer writer);
 
-    /// Puts the operation last in its key's line. It runs at the latest when run() is called.
-    void add(const std::string& key, Operation operation);
-    /// Queues the operations that wait for these keys.
-    void run(std::vector<std::string> keys);
-    /// Waits for all that was added so far; the first failure since the last flush. Not from an
-    /// operation.
+    /// Puts the value last in its key's line. It is written at the latest when run() is called.
+    void add(const std::string& key, Object value);
+    /// Queues what waits.
+    void run();
+    /// Waits for all that was added so far; the first failure since the last flush. Not from the writer.
     Result<> flush();
 
-    /// Told from within an operation: the key's file is as the operation wants it.
+    /// Told by the writer: the key's file is as wanted.
     void fileIsDone(const std::string& key);
     /// Counts a change of the key in memory, so that what was read of its file before is known as old.
     void noteChange(const std::string& key);
@@ -46,36 +52,40 @@ public:
     /// while files are locked.
     [[nodiscard]] std::optional<std::uint64_t> settledChange(const std::string& key) const;
     [[nodiscard]] std::unordered_set<std::string> waitingKeys() const;
-    /// Whether the key's last operation failed, so that its file is older than memory.
+    /// Whether the key's last write failed, so that its file is older than memory.
     [[nodiscard]] bool hasFailed(const std::string& key) const;
 
 private:
     struct Waiting {
         std::uint64_t ticket;
-        Operation operation;
+        Object value;
     };
     struct Line {
         std::deque<Waiting> waiting;
-        std::thread::id runner;  ///< the thread that runs the line, if one does
+        std::thread::id runner;  ///< the thread that writes the line's first value, if one does
         bool fileIsDone = false;
 
         [[nodiscard]] bool isRunning() const { return runner != std::thread::id(); }
         [[nodiscard]] bool isPending() const { return !waiting.empty() || (isRunning() && !fileIsDone); }
     };
+    struct Batch {
+        std::vector<Write> writes;
+        std::vector<std::uint64_t> tickets;
+    };
 
-    void drain(const std::string& key);
-    void drainAll();
-    /// The next operation of the key, which this thread now runs; nothing where another thread runs
-    /// the line or it is empty.
-    [[nodiscard]] std::optional<Waiting> take(const std::string& key);
-    [[nodiscard]] std::optional<Waiting> takeNext(const std::string& key);
-    void finish(const std::string& key, std::uint64_t ticket, const Result<>& result);
+    void drain();
+    /// The next write of each key that no thread is writing; this thread then does.
+    [[nodiscard]] Batch takeBatch();
+    void finish(const std::string& key, std::uint64_t ticket, const Result<>& result) DAYWARD_REQUIRES(mutex_);
 
     const std::shared_ptr<DispatchQueue> queue_;
     const std::string owner_;
+    const Writer writer_;
     mutable Mutex mutex_;
     std::condition_variable_any finished_;
     std::unordered_map<std::string, Line> lines_ DAYWARD_GUARDED_BY(mutex_);
+    /// The keys with something to write, longest waiting first; those that a thread is writing come back later.
+    std::deque<std::string> ready_ DAYWARD_GUARDED_BY(mutex_);
     std::set<std::uint64_t> unfinished_ DAYWARD_GUARDED_BY(mutex_);
     std::unordered_map<std::string, std::uint64_t> changeCounts_ DAYWARD_GUARDED_BY(mutex_);
     std::uint64_t lastTicket_ DAYWARD_GUARDED_BY(mutex_) = 0;

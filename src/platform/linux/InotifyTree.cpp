@@ -33,8 +33,11 @@ Result<InotifyTree> InotifyTree::open(const std::string& directory) {
 }
 
 InotifyTree::InotifyTree(FileDescriptor inotify, std::string directory, int root)
-    : inotify_(std::move(inotify)), directory_(std::move(directory)), root_(root) {
-    watchAllEntries();
+    : inotify_(std::move(inotify)), directory_(std::move(directory)), root_(root) {}
+
+void InotifyTree::watchInside(const std::function<bool()>& isOver) {
+    watchesInside_ = true;
+    watchAllEntries(isOver);
 }
 
 void InotifyTree::readEvents(DirectoryChanges& changes) {
@@ -53,7 +56,8 @@ void InotifyTree::readEvents(DirectoryChanges& changes) {
 void InotifyTree::take(const inotify_event& event, DirectoryChanges& changes) {
     if ((event.mask & IN_Q_OVERFLOW) != 0) {
         changes.lost = true;
-        return watchAllEntries();
+        if (watchesInside_) watchAllEntries([] { return false; });
+        return;
     }
     if (event.wd == root_) {
         if ((event.mask & (IN_DELETE_SELF | IN_MOVE_SELF | IN_IGNORED | IN_UNMOUNT)) != 0) changes.lost = true;
@@ -74,7 +78,7 @@ void InotifyTree::take(const inotify_event& event, DirectoryChanges& changes) {
 void InotifyTree::noteEntry(const std::string& name, DirectoryChanges& changes) {
     if (isTemporaryName(name)) return;
     changes.names.insert(name);
-    watchEntry(name);
+    if (watchesInside_) watchEntry(name);
 }
 
 /// Makes the watch of a name that of the directory which bears it now, if any.
@@ -101,10 +105,12 @@ void InotifyTree::watchEntry(const std::string& name) {
     }
 }
 
-void InotifyTree::watchAllEntries() {
+void InotifyTree::watchAllEntries(const std::function<bool()>& isOver) {
     const std::unique_ptr<DIR, int (*)(DIR*)> directory(::opendir(directory_.c_str()), &::closedir);
     if (!directory) return;
-    while (const dirent* const entry = ::readdir(directory.get())) {
+    while (!isOver()) {
+        const dirent* const entry = ::readdir(directory.get());
+        if (entry == nullptr) break;
         const std::string name = entry->d_name;
         if (name != "." && name != ".." && !isTemporaryName(name)) watchEntry(name);
     }

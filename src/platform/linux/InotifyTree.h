@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -29,6 +30,8 @@ public:
     [[nodiscard]] int descriptor() const { return inotify_.get(); }
     /// Reads the events that wait, without waiting for more, and adds them to `changes`.
     void readEvents(DirectoryChanges& changes);
+    /// Watches inside the entries, those that come later included; ends early where `isOver` says so.
+    void watchInside(const std::function<bool()>& isOver);
 
 private:
     InotifyTree(FileDescriptor inotify, std::string directory, int root);
@@ -36,7 +39,7 @@ private:
     void take(const inotify_event& event, DirectoryChanges& changes);
     void noteEntry(const std::string& name, DirectoryChanges& changes);
     void watchEntry(const std::string& name);
-    void watchAllEntries();
+    void watchAllEntries(const std::function<bool()>& isOver);
 
     FileDescriptor inotify_;
     std::string directory_;
@@ -45,6 +48,7 @@ private:
     // number for the new name.
     std::map<int, std::string> nameOfWatch_;
     std::map<std::string, int> watchOfName_;
+    bool watchesInside_ = false;
     bool limitLogged_ = false;
 };
 

@@ -40,6 +40,11 @@ public:
         }
     }
 
+    void watchInside() {
+        insideWanted_ = true;
+        (void)::eventfd_write(wake_.get(), 1);
+    }
+
     void stop() {
         stopped_ = true;
         (void)::eventfd_write(wake_.get(), 1);
@@ -56,12 +61,21 @@ private:
         std::array<pollfd, 2> sources{{{tree_.descriptor(), POLLIN, 0}, {wake_.get(), POLLIN, 0}}};
         (void)::poll(sources.data(), sources.size(), static_cast<int>(timeout.count()));
         if (stopped_) return false;
-        if ((sources[0].revents & POLLIN) == 0) return true;
+        const bool inside = insideWanted_.exchange(false);
+        if ((sources[0].revents & POLLIN) == 0 && !inside) return true;
         const bool anyBefore = changes.any();
+        if (inside) goInside(changes);
         tree_.readEvents(changes);
         lastEvent_ = SteadyClock::now();
         if (!anyBefore) first = lastEvent_;
-        return true;
+        return !stopped_;
+    }
+
+    void goInside(DirectoryChanges& changes) {
+        eventfd_t count = 0;
+        (void)::eventfd_read(wake_.get(), &count);
+        tree_.watchInside([this] { return stopped_.load(); });
+        changes.lost = true;
     }
 
     void tell(DirectoryChanges& changes) {
@@ -74,6 +88,7 @@ private:
     Environment* const environment_;
     const FileDescriptor wake_;
     std::atomic<bool> stopped_ = false;
+    std::atomic<bool> insideWanted_ = false;
     SteadyClock::time_point lastEvent_;
 };
 
@@ -81,6 +96,8 @@ class InotifyWatch final : public DirectoryWatch {
 public:
     explicit InotifyWatch(std::shared_ptr<WatchThread> worker)
         : worker_(std::move(worker)), thread_([worker = worker_] { worker->run(); }) {}
+
+    void watchInside() override { worker_->watchInside(); }
 
     ~InotifyWatch() override {
         worker_->stop();

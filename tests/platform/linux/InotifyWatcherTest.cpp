@@ -36,6 +36,11 @@ protected:
         });
         ASSERT_TRUE(made);
         watch = std::move(*made);
+        store("early.evn");
+        EXPECT_THAT(namesUntil("early.evn"), ElementsAre("early.evn"));
+        watch->watchInside();
+        ASSERT_TRUE(waitFor([&] { return lost; }));
+        lost = false;
     }
 
     void store(const std::string& key, const std::string& text = "content") {

@@ -52,7 +52,7 @@ Result<bool> isLeftOut(Environment& environment, const std::string& path, const 
 Result<Object> unarchive(Environment& environment, const std::string& path, const Data& bytes) {
     auto& record = environment.shared<StoppingArchives>().record;
     auto root = [&] {
-        const UnreadableFiles::Reading reading(record, path, stampOf(bytes));
+        const UnreadableFiles::Reading reading(record, path, [&] { return stampOf(bytes); });
         return KeyedUnarchiver::unarchiveObjectWithData(bytes, environment.archiveClasses());
     }();
     record.forget(path);
