@@ -141,6 +141,16 @@ const Change kChanges[] = {
      [](auto& device) {
          return save(device, {illustrated("new", 1), renamed(device, "a"), makeEvent("newer"), illustrated("b", 2)});
      }},
+    {"large batch with removals",
+     [](auto& device) {
+         std::vector<std::shared_ptr<HHEvent>> changed = {illustrated("new", 1), renamed(device, "a")};
+         for (const char* key : {"d", "e", "f", "g"}) changed.push_back(makeEvent(key));
+         std::erase(changed, nullptr);
+         device.store().updateEvents(changed);
+         device.store().removeEvents({makeEvent("b"), makeEvent("c")});
+         auto saved = device.store().flush();
+         return saved && changed.size() < 6 ? failure("test", 0, {{"reason", "not loaded"}}) : saved;
+     }},
     {"removal", [](auto& device) { return remove(device, {"a"}); }},
     {"removal of a batch",
      [](auto& device) {
