@@ -163,9 +163,11 @@ void PeriodDays::addWeekdays(const ParsedRule& rule, const Part& part, int item)
     int day = ordinal < 0 ? latest + (ordinal + 1) * 7 : earliest + std::max(ordinal - 1, 0) * 7;
     if (ordinal != 0 && (day > latest || day < earliest)) return;
     // libical knows the week of the first one and counts up from there.
-    int week = part.before < 0        ? 1
-               : rule.weeks().empty() ? 0
-                                      : weekOf(part.year, part.before + day, rule.weekStart());
+    int week = 1;
+    if (part.before >= 0 && !rule.weeks().empty()) {
+        week = weekOf(part.year, part.before + day, rule.weekStart());
+        yearsBeyond_ = part.before + day > daysInYear(part.year) ? 1 : 0;
+    }
     const int last = ordinal == 0 ? part.length : day;
     for (; day <= last; day += 7, ++week) {
         if (isWeekListed(rule, part.year, week)) add(part.before + day);
@@ -194,7 +196,9 @@ RuleDays::RuleDays(const ParsedRule& rule, const IcalTime& start)
 }
 
 std::optional<std::int64_t> RuleDays::next(std::int64_t skipTo) {
-    return rule_.frequency() == Frequency::weekly ? nextOfWeeks(skipTo) : nextOfPeriods();
+    static constexpr std::int64_t end = dayNumberOf(kLastRuleYear + 1, 1, 1);
+    const auto day = rule_.frequency() == Frequency::weekly ? nextOfWeeks(skipTo) : nextOfPeriods();
+    return day && *day < end ? day : std::nullopt;
 }
 
 bool RuleDays::isMonthListed(int month) const { return rule_.months().empty() || holds(rule_.months(), month); }
@@ -213,11 +217,12 @@ void RuleDays::beginWeeks() {
 }
 
 std::optional<std::int64_t> RuleDays::nextOfWeeks(std::int64_t skipTo) {
-    static const std::int64_t end = dayNumberOf(kLastRuleYear + 1, 1, 1);
+    CivilDay civil;
     do {
         if (std::exchange(hasBegun_, true)) goToNextInWeek(skipTo);
-        if (day_ >= end) return std::nullopt;
-    } while (!rule_.months().empty() && !isMonthListed(civilDayOf(day_).month));
+        if (rule_.months().empty()) break;
+        civil = civilDayOf(day_);
+    } while (civil.year <= kLastRuleYear && !isMonthListed(civil.month));
     return day_;
 }
 
@@ -244,11 +249,24 @@ void RuleDays::goToNextInWeek(std::int64_t skipTo) {
 std::optional<std::int64_t> RuleDays::nextOfPeriods() {
     for (;;) {
         if (period_) {
+            const bool isFirst = dayInPeriod_ < PeriodDays::kFirst;
             dayInPeriod_ = period_->after(dayInPeriod_);
-            if (dayInPeriod_ != PeriodDays::kEnd) return periodStart_ + dayInPeriod_ - 1;
+            if (dayInPeriod_ != PeriodDays::kEnd) {
+                return isFirst ? firstOfPeriod(dayInPeriod_) : periodStart_ + dayInPeriod_ - 1;
+            }
+            if (isFirst) months_ += period_->yearsBeyond() * 12LL;
         }
         if (!goToNextPeriod()) return std::nullopt;
     }
+}
+
+/// libical takes the first day of a set in the year to which its search has led, and in the set that it
+/// begins with a day of the year before for one of the year itself.
+std::int64_t RuleDays::firstOfPeriod(int day) {
+    const auto year = static_cast<int>(months_ / 12) + period_->yearsBeyond();
+    const bool isLater = std::exchange(isFirstPeriod_, false) && day < 1;
+    const std::int64_t begin = period_->yearsBeyond() == 0 ? periodStart_ : dayNumberOf(year, 1, 1);
+    return begin + day - 1 + (isLater ? daysInYear(year) : 0);
 }
 
 bool RuleDays::goToNextPeriod() {

@@ -24,6 +24,8 @@ public:
 
     /// The first day of the set after the given one, which is kFirst - 1 or later; kEnd where none is.
     [[nodiscard]] int after(int day) const;
+    /// The year, after this one, in which libical's search for the weeks of an ordinal ends; else 0.
+    [[nodiscard]] int yearsBeyond() const { return yearsBeyond_; }
 
 private:
     /// Days in which weekdays are counted: a month, a year, or the weeks of a year.
@@ -54,6 +56,7 @@ private:
 
     std::array<std::uint64_t, (kEnd - kFirst + 63) / 64> words_ = {};
     int total_ = 0;  ///< what BYSETPOS counts back from: a day that is named twice counts twice
+    int yearsBeyond_ = 0;
 };
 
 class RuleDays {
@@ -62,7 +65,7 @@ public:
     RuleDays(const ParsedRule& rule, const IcalTime& start);
 
     /// The next day's number. Days before `skipTo` may be left out, where they are many. Nothing after
-    /// the last year, and from then on.
+    /// the last year; then the walk is over.
     std::optional<std::int64_t> next(std::int64_t skipTo);
 
 private:
@@ -71,6 +74,7 @@ private:
     void goToNextInWeek(std::int64_t skipTo);
     std::optional<std::int64_t> nextOfPeriods();
     bool goToNextPeriod();
+    std::int64_t firstOfPeriod(int day);
     [[nodiscard]] bool isMonthListed(int month) const;
     [[nodiscard]] int daysIntoWeek(std::int64_t day) const;
 
@@ -82,6 +86,7 @@ private:
     std::int64_t months_;  ///< of the others: the period's first month, since the year 0
     std::int64_t periodStart_ = 0;
     int dayInPeriod_ = PeriodDays::kFirst - 1;
+    bool isFirstPeriod_ = true;
     std::optional<PeriodDays> period_;
 };
 

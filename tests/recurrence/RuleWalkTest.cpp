@@ -159,6 +159,15 @@ TEST_F(RuleWalkTest, FindsWhatLibicalFinds) {
     EXPECT_GT(compared, (ofAnyKind + ofWeeks) / 2);
 }
 
+TEST_F(RuleWalkTest, TakesWeeksIntoTheYearsThatLibicalTakes) {
+    const IcalTime start = {2026, 2, 17, true, 19, 28, 56};
+    for (const char* rule : {"FREQ=YEARLY;INTERVAL=4;BYDAY=WE;BYWEEKNO=-36,1", "FREQ=YEARLY;BYDAY=WE;BYWEEKNO=53,1",
+                             "FREQ=YEARLY;BYDAY=WE,-1FR;BYWEEKNO=-36;WKST=SA", "FREQ=YEARLY;BYDAY=-1FR;BYWEEKNO=20",
+                             "FREQ=YEARLY;BYDAY=MO,SU;BYWEEKNO=1,52;BYSETPOS=-1,1"}) {
+        EXPECT_EQ(text(walked(rule, start, 40)), text(byLibical(rule, start, 40))) << rule;
+    }
+}
+
 TEST_F(RuleWalkTest, SkippingChangesNothingFromTheTargetOn) {
     RandomRules random;
     for (int i = 0; i < 200; ++i) {
