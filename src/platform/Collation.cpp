@@ -27,15 +27,28 @@ const icu::Collator& rootCollator() {
 
 icu::StringPiece pieceOf(std::string_view text) { return {text.data(), static_cast<std::int32_t>(text.size())}; }
 
-}  // namespace
-
-std::strong_ordering plainStringOrder(std::string_view a, std::string_view b) {
-    if (isAscii(a) && isAscii(b)) return a <=> b;
+std::strong_ordering collationOrder(std::string_view a, std::string_view b) {
     UErrorCode status = U_ZERO_ERROR;
     const UCollationResult order = rootCollator().compareUTF8(pieceOf(a), pieceOf(b), status);
     // The bytes of UTF-8 order as the code points do.
     if (U_FAILURE(status) || order == UCOL_EQUAL) return a <=> b;
     return order == UCOL_LESS ? std::strong_ordering::less : std::strong_ordering::greater;
+}
+
+}  // namespace
+
+std::strong_ordering plainStringOrder(std::string_view a, std::string_view b) {
+    return isAscii(a) && isAscii(b) ? a <=> b : collationOrder(a, b);
+}
+
+PlainStringKey::PlainStringKey(std::string_view text) : text_(text), isAscii_(isAscii(text)) {
+    for (std::size_t index = 0; index < sizeof front_; ++index) {
+        front_ = front_ << 8 | (index < text.size() ? static_cast<unsigned char>(text[index]) : 0);
+    }
+}
+
+std::strong_ordering PlainStringKey::orderOfTexts(const PlainStringKey& other) const {
+    return isAscii_ && other.isAscii_ ? text_ <=> other.text_ : collationOrder(text_, other.text_);
 }
 
 }  // namespace dayward

@@ -43,6 +43,14 @@ public:
         std::optional<Date> last;  ///< the latest occurrence, nothing where the series has no last one
         std::optional<Date> next;  ///< the first occurrence that has not ended, nothing if there is none
         TimeInterval duration;     ///< of one occurrence; 0 without a duration
+
+        /// The occurrence that is running or comes next, else the last one; nothing where there is none.
+        [[nodiscard]] std::optional<Date> occurrence() const { return next ? next : last; }
+        /// Whether the occurrence is in progress, its first and last moment excluded.
+        [[nodiscard]] bool isRunning(Date now) const {
+            const auto begin = occurrence();
+            return begin && now > *begin && now < *begin + duration;
+        }
     };
 
     /// A new UUID as identifier, today's instant as date, midnight as the only time.
@@ -126,6 +134,13 @@ public:
     // setter of date, times, rrule or duration is called.
 
     [[nodiscard]] std::shared_ptr<const DatesCalculation> datesCalculation() const;
+    /// The same as of a moment that the caller has asked the clock for, for whoever asks many events.
+    [[nodiscard]] DatesCalculation datesAt(Date now) const;
+    /// Has the processor fetch what datesAt will read.
+    void prefetchDates() const {
+        __builtin_prefetch(&calculationMutex_);
+        __builtin_prefetch(&calculation_);
+    }
     /// Drops the kept calculation.
     void moduleEventDateRefresh();
     /// The occurrence that is running or comes next, else the last one; nothing where there is none.
@@ -158,7 +173,8 @@ public:
     static std::shared_ptr<Archivable> read(KeyedUnarchiver& coder);
 
 private:
-    [[nodiscard]] std::shared_ptr<const DatesCalculation> calculateDates(Date reference, TimeInterval length) const;
+    [[nodiscard]] std::shared_ptr<const DatesCalculation> calculateDates(Date now) const;
+    [[nodiscard]] bool isCalculated(Date now) const DAYWARD_REQUIRES(calculationMutex_);
     [[nodiscard]] std::shared_ptr<EventCategory> displayCategory() const;
 
     std::string identifier_;

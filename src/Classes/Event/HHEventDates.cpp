@@ -20,26 +20,38 @@ void HHEvent::moduleEventDateRefresh() {
     calculation_ = nullptr;
 }
 
-std::shared_ptr<const HHEvent::DatesCalculation> HHEvent::datesCalculation() const {
-    // Occurrences are searched from now minus the duration, so that a running one is still the next,
-    // and what is kept stays right until its next occurrence has ended.
-    const TimeInterval length = duration_ ? duration_->timeInterval() : TimeInterval(0);
-    const Date reference = Environment::current().now() - length;
-    {
-        const Lock lock(calculationMutex_);
-        if (calculation_ && (!calculation_->next || *calculation_->next >= reference)) return calculation_;
-    }
-    return calculateDates(reference, length);
+// Occurrences are searched from now minus the duration, so that a running one is still the next, and what
+// is kept stays right until its next occurrence has ended.
+
+bool HHEvent::isCalculated(Date now) const {
+    return calculation_ && (!calculation_->next || *calculation_->next >= now - calculation_->duration);
 }
 
-std::shared_ptr<const HHEvent::DatesCalculation> HHEvent::calculateDates(Date reference, TimeInterval length) const {
+std::shared_ptr<const HHEvent::DatesCalculation> HHEvent::datesCalculation() const {
+    const Date now = Environment::current().now();
+    {
+        const Lock lock(calculationMutex_);
+        if (isCalculated(now)) return calculation_;
+    }
+    return calculateDates(now);
+}
+
+HHEvent::DatesCalculation HHEvent::datesAt(Date now) const {
+    {
+        const Lock lock(calculationMutex_);
+        if (isCalculated(now)) return *calculation_;
+    }
+    return *calculateDates(now);
+}
+
+std::shared_ptr<const HHEvent::DatesCalculation> HHEvent::calculateDates(Date now) const {
     // How long the work takes is no question of the application's time.
     const auto begin = std::chrono::steady_clock::now();
     const XELEventMath math(rrule_, date_, times_);
     auto calculation = std::make_shared<DatesCalculation>();
-    calculation->next = math.dateAfterDate(reference);
+    calculation->duration = duration_ ? duration_->timeInterval() : TimeInterval(0);
+    calculation->next = math.dateAfterDate(now - calculation->duration);
     calculation->last = math.lastDate();
-    calculation->duration = length;
     {
         const Lock lock(calculationMutex_);
         calculation_ = calculation;
@@ -51,17 +63,11 @@ std::shared_ptr<const HHEvent::DatesCalculation> HHEvent::calculateDates(Date re
     return calculation;
 }
 
-std::optional<Date> HHEvent::nextDate() const {
-    const auto calculation = datesCalculation();
-    return calculation->next ? calculation->next : calculation->last;
-}
+std::optional<Date> HHEvent::nextDate() const { return datesAt(Environment::current().now()).occurrence(); }
 
 bool HHEvent::isComing() const {
-    const auto calculation = datesCalculation();
-    const auto occurrence = calculation->next ? calculation->next : calculation->last;
-    if (!occurrence) return false;
     const Date now = Environment::current().now();
-    return now > *occurrence && now < *occurrence + calculation->duration;
+    return datesAt(now).isRunning(now);
 }
 
 std::string HHEvent::titleToDate(std::optional<Date> date) const {

@@ -1,26 +1,34 @@
 #include "Classes/Interface/List/EventByDateTableManager.h"
 
-#include <algorithm>
 #include <cmath>
 
+#include "Classes/Interface/List/EventDateArrangement.h"
 #include "alerts/MissedEventsHelper.h"
 #include "platform/Collation.h"
 #include "platform/Environment.h"
 
 namespace dayward {
 
-EventDateRank::EventDateRank(const HHEvent& event, Date now) : group_(Group::running), name_(event.name().value_or("")) {
-    const std::optional<Date> next = event.nextDate();
-    seconds_ = next ? std::round((*next - now).seconds()) : 0;
-    if (event.isComing()) return;
-    group_ = seconds_ >= 0 ? Group::ahead : Group::past;
-    if (group_ == Group::past) seconds_ = -seconds_;
+namespace {
+
+std::string_view eventNameOrEmpty(const HHEvent& event) {
+    return event.name() ? std::string_view(*event.name()) : std::string_view();
 }
 
-bool EventDateRank::isOrderedBefore(const EventDateRank& other) const {
-    if (group_ != other.group_) return group_ < other.group_;
-    if (seconds_ != other.seconds_) return seconds_ < other.seconds_;
-    return plainStringOrder(name_, other.name_) < 0;
+}  // namespace
+
+EventDateRank::EventDateRank(const HHEvent::DatesCalculation& dates, Date now) {
+    const std::optional<Date> next = dates.occurrence();
+    seconds = next ? std::round((*next - now).seconds()) : 0;
+    if (dates.isRunning(now)) return;
+    group = seconds >= 0 ? Group::ahead : Group::past;
+    if (group == Group::past) seconds = -seconds;
+}
+
+bool EventDateRank::isOrderedBefore(const HHEvent& a, const HHEvent& b, Date now) {
+    const EventDateRank rankOfA(a.datesAt(now), now), rankOfB(b.datesAt(now), now);
+    if (rankOfA != rankOfB) return rankOfA < rankOfB;
+    return plainStringOrder(eventNameOrEmpty(a), eventNameOrEmpty(b)) < 0;
 }
 
 std::optional<std::string> EventByDateTableManager::titleForHeaderInSection(std::size_t section) const {
@@ -30,8 +38,11 @@ std::optional<std::string> EventByDateTableManager::titleForHeaderInSection(std:
 
 EventSection EventByDateTableManager::sectionForObject(const EventRow& event) const {
     const Environment& environment = Environment::current();
-    return HHDTDSContainer::sectionOf(*event, MissedEventsHelper::isMissed(event->identifier()), environment.now(),
-                                      *environment.calendar());
+    const auto calendar = environment.calendar();
+    const HHDTDSContainer::Moment moment(environment.now(), *calendar);
+    const HHEvent::DatesCalculation dates = event->datesAt(moment.now);
+    return HHDTDSContainer::sectionOf(dates.occurrence(), dates.isRunning(moment.now),
+                                      MissedEventsHelper::isMissed(event->identifier()), moment);
 }
 
 EventTableManager::SectionComparator EventByDateTableManager::sectionsSortComparator() const {
@@ -42,21 +53,13 @@ EventTableManager::SectionComparator EventByDateTableManager::sectionsSortCompar
 
 EventTableManager::RowComparator EventByDateTableManager::objectsSortComparatorForSection(const EventSection&) const {
     return [now = Environment::current().now()](const EventRow& a, const EventRow& b) {
-        return EventDateRank(*a, now).isOrderedBefore(EventDateRank(*b, now));
+        return EventDateRank::isOrderedBefore(*a, *b, now);
     };
 }
 
-std::vector<EventRow> EventByDateTableManager::sortObjects(std::vector<EventRow> events, const EventSection&) const {
-    const Date now = Environment::current().now();
-    std::vector<std::pair<EventDateRank, EventRow>> ranked;
-    ranked.reserve(events.size());
-    for (EventRow& event : events) {
-        EventDateRank rank(*event, now);
-        ranked.emplace_back(std::move(rank), std::move(event));
-    }
-    stableMergeSort(ranked, [](const auto& a, const auto& b) { return a.first.isOrderedBefore(b.first); });
-    std::ranges::transform(ranked, events.begin(), [](auto& entry) { return std::move(entry.second); });
-    return events;
+std::vector<EventTableManager::Group> EventByDateTableManager::arranged(std::vector<EventRow> events) const {
+    auto groups = arrangedByDate(events);
+    return groups ? *std::move(groups) : EventTableManager::arranged(std::move(events));
 }
 
 std::int64_t EventByDateTableManager::orderStamp() const {

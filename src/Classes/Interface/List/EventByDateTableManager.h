@@ -7,17 +7,17 @@ namespace dayward {
 
 /// Where an event stands among the rows of a section, as of a moment: running events first, then those
 /// ahead, the soonest first, then past ones, the most recent first; equals by name.
-class EventDateRank {
-public:
-    EventDateRank(const HHEvent& event, Date now);
-    [[nodiscard]] bool isOrderedBefore(const EventDateRank& other) const;
+struct EventDateRank {
+    enum class Group : std::uint8_t { running, ahead, past };
 
-private:
-    enum class Group { running, ahead, past };
+    Group group = Group::running;
+    double seconds = 0;  ///< whole seconds from now; away from now for past ones
 
-    Group group_;
-    double seconds_;  ///< whole seconds from now; away from now for past ones
-    std::string name_;
+    EventDateRank(const HHEvent::DatesCalculation& dates, Date now);
+    auto operator<=>(const EventDateRank&) const = default;
+
+    /// Whether event a stands before event b at the moment.
+    static bool isOrderedBefore(const HHEvent& a, const HHEvent& b, Date now);
 };
 
 class EventByDateTableManager final : public EventTableManager {
@@ -34,8 +34,7 @@ protected:
     [[nodiscard]] EventSection sectionForObject(const EventRow& event) const override;
     [[nodiscard]] SectionComparator sectionsSortComparator() const override;
     [[nodiscard]] RowComparator objectsSortComparatorForSection(const EventSection& section) const override;
-    [[nodiscard]] std::vector<EventRow> sortObjects(std::vector<EventRow> events,
-                                                    const EventSection& forSection) const override;
+    [[nodiscard]] std::vector<Group> arranged(std::vector<EventRow> events) const override;
     [[nodiscard]] std::int64_t orderStamp() const override;
 };
 

@@ -1,8 +1,6 @@
 #include "Classes/Interface/List/HHDTDSContainer.h"
 
-#include "Classes/Event/HHEvent.h"
 #include "Classes/Other/Date/EventDateText.h"
-#include "platform/Calendar.h"
 #include "platform/DateFormatter.h"
 #include "platform/Environment.h"
 #include "platform/Strings.h"
@@ -34,21 +32,22 @@ std::string HHDTDSContainer::text() const {
         case Type::today:
             return localized("Today") + " " +
                    EventDateText::textFromDate(Environment::current().now(), EventDateTextYear | EventDateTextMonth |
-                                                                                 EventDateTextWeekday | EventDateTextDay);
+                                                                                 EventDateTextWeekday |
+                                                                                 EventDateTextDay);
         case Type::ahead: return titleAhead(*this);
         case Type::passed: return localized("Passed");
     }
     return {};
 }
 
-HHDTDSContainer HHDTDSContainer::sectionOf(const HHEvent& event, bool isMissed, Date now, const Calendar& calendar) {
-    if (event.isComing()) return {.type = Type::today, .year = {}, .month = {}};
-    const std::optional<Date> next = event.nextDate();
-    if (!next) return {.type = Type::noDate, .year = {}, .month = {}};
+HHDTDSContainer HHDTDSContainer::sectionOf(std::optional<Date> occurrence, bool isRunning, bool isMissed,
+                                           const Moment& moment) {
+    if (isRunning) return {.type = Type::today, .year = {}, .month = {}};
+    if (!occurrence) return {.type = Type::noDate, .year = {}, .month = {}};
     if (isMissed) return {.type = Type::missed, .year = {}, .month = {}};
-    if (*next < now) return {.type = Type::passed, .year = {}, .month = {}};
-    const Calendar::Fields there = calendar.fields(*next);
-    const Calendar::Fields here = calendar.fields(now);
+    if (*occurrence < moment.now) return {.type = Type::passed, .year = {}, .month = {}};
+    const Calendar::Fields there = moment.calendar.fields(*occurrence);
+    const Calendar::Fields& here = moment.today;
     if (there.year == here.year && there.month == here.month && there.day == here.day) {
         return {.type = Type::today, .year = {}, .month = {}};
     }

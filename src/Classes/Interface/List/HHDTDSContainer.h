@@ -7,12 +7,9 @@
 #include <optional>
 #include <string>
 
-#include "platform/Date.h"
+#include "platform/Calendar.h"
 
 namespace dayward {
-
-class Calendar;
-class HHEvent;
 
 struct HHDTDSContainer {
     enum class Type : std::uint8_t { noDate = 0, missed = 1, today = 2, ahead = 3, passed = 4 };
@@ -26,9 +23,17 @@ struct HHDTDSContainer {
     /// The localised title: "Missed", "Today Tuesday, March 10", "April 2026", "2027", "Passed".
     [[nodiscard]] std::string text() const;
 
-    /// The section in which an event belongs at the moment. `isMissed` tells whether an alert of it
-    /// fired unseen.
-    static HHDTDSContainer sectionOf(const HHEvent& event, bool isMissed, Date now, const Calendar& calendar);
+    /// The moment at which a list is grouped.
+    struct Moment {
+        Moment(Date date, const Calendar& inCalendar) : now(date), calendar(inCalendar), today(calendar.fields(now)) {}
+        Date now;
+        const Calendar& calendar;
+        Calendar::Fields today;
+    };
+    /// The section in which an event belongs whose present occurrence is, or was, that one. `isMissed` tells
+    /// whether an alert of it fired unseen.
+    static HHDTDSContainer sectionOf(std::optional<Date> occurrence, bool isRunning, bool isMissed,
+                                     const Moment& moment);
     /// Whether a stands before b: by type, the months and years ahead in time order, the months of a
     /// year before its year-only section. Two equal sections of one type other than `ahead` answer true.
     static bool isOrderedBefore(const HHDTDSContainer& a, const HHDTDSContainer& b);

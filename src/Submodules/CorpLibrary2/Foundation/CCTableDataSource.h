@@ -3,9 +3,10 @@
 //
 // Rows and sections are values with equality and hash (equal means equal hash); a row is found by
 // equality, and of equal rows the first in the list is meant. After every public operation but
-// updateObject no section is empty and no two section objects are equal. Rows are found through an index
-// and positions through balanced trees, so that an operation costs O(log n) and sortData O(n log n);
-// appending to rows that stand out of order costs as much more as they have places of disorder.
+// updateObject no section is empty and no two section objects are equal. Rows are found through an index,
+// which is made when one is first looked for, and positions through balanced trees, so that an operation
+// costs O(log n) and sortData O(n log n); appending to rows that stand out of order costs as much more as
+// they have places of disorder, and finding one of several equal rows as many positions.
 //
 // Any thread; each operation holds the list's own recursive monitor from first to last, also while the
 // delegate is told.
@@ -13,7 +14,6 @@
 
 #include <functional>
 #include <optional>
-#include <set>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -22,6 +22,7 @@
 
 #include "Submodules/CorpLibrary2/Foundation/CCTableDataSourceBase.h"
 #include "Submodules/CorpLibrary2/Foundation/CCTableDataSourceNode.h"
+#include "Submodules/CorpLibrary2/Foundation/PlacesByHash.h"
 #include "Submodules/CorpLibrary2/Foundation/StableMergeSort.h"
 #include "platform/FatalError.h"
 
@@ -72,6 +73,12 @@ public:
     virtual void sortData();
 
 protected:
+    /// A section and its rows.
+    using Group = std::pair<Section, std::vector<Row>>;
+
+    /// The rows grouped by equal sections, both in order. In each group no row has to stand before the
+    /// one before it, as the section's comparator says; equal ones keep their order.
+    [[nodiscard]] virtual std::vector<Group> arranged(std::vector<Row> objects) const;
     [[nodiscard]] virtual Section sectionForObject(const Row&) const { return Section{}; }
     [[nodiscard]] virtual SectionComparator sectionsSortComparator() const { return {}; }
     [[nodiscard]] virtual RowComparator objectsSortComparatorForSection(const Section&) const { return {}; }
@@ -94,13 +101,6 @@ private:
     using SectionPlace = typename SectionPlaces::Node;
     using RowPlaces = typename Rows::List;
     using RowPlace = typename RowPlaces::Node;
-    using Group = std::pair<Section, std::vector<Row>>;
-
-    struct EarlierInList {
-        bool operator()(const RowPlace* left, const RowPlace* right) const { return pathOf(left) < pathOf(right); }
-    };
-    /// Rows of the same hash, in the list's order.
-    using RowSet = std::set<RowPlace*, EarlierInList>;
 
     static IndexPath pathOf(const RowPlace* place);
     [[nodiscard]] SectionPlace* sectionPlace(std::size_t index) const;
@@ -108,13 +108,13 @@ private:
     [[nodiscard]] RowPlace* firstPlaceOf(const Row& object) const;
 
     [[nodiscard]] std::vector<Group> grouped(std::vector<Row> objects) const;
-    [[nodiscard]] std::vector<Group> sorted(std::vector<Group> groups) const;
+    void addGroup(Group group, std::int64_t stamp);
     SectionPlace* insertSection(std::size_t index, Section section);
     void removeSection(SectionPlace* place);
     RowPlace* insertRow(SectionPlace* section, std::size_t index, Row object);
     void moveRow(RowPlace* place, SectionPlace* toSection, std::size_t toRow);
-    void addToIndex(RowPlace* place) { rowsByHash_[place->value.hash].insert(place); }
-    void removeFromIndex(RowPlace* place);
+    void makeIndex() const;
+    void addToIndex(RowPlace* place) const;
 
     void insertMissingSections(const std::vector<Group>& groups);
     void moveRowsToGroup(const Group& group);
@@ -123,7 +123,8 @@ private:
     Sections tree_;
     std::unordered_map<Section, SectionPlace*, typename Traits::SectionHash, typename Traits::SectionEqual>
         placesOfSections_;
-    std::unordered_map<std::size_t, RowSet> rowsByHash_;
+    mutable PlacesByHash<RowPlace> rowsByHash_;
+    mutable bool isIndexed_ = false;  ///< whether all rows are in rowsByHash_, else none is
 };
 
 }  // namespace dayward

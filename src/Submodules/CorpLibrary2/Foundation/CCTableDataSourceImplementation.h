@@ -72,14 +72,12 @@ std::vector<Row> CCTableDataSource<Row, Section, Traits>::objects() const {
 template <class Row, class Section, class Traits>
 void CCTableDataSource<Row, Section, Traits>::setObjects(std::vector<Row> objects) {
     const Lock lock(monitor());
-    auto groups = sorted(grouped(std::move(objects)));
-    rowsByHash_.clear();
+    const auto stamp = orderStamp();  // the state that the arranging sees, or an earlier one
+    auto groups = arranged(std::move(objects));
+    isIndexed_ = false;
     placesOfSections_.clear();
     tree_ = Sections();
-    for (auto& [section, rows] : groups) {
-        auto* place = insertSection(tree_.size(), std::move(section));
-        for (auto& row : rows) insertRow(place, place->value.items.size(), std::move(row));
-    }
+    for (auto& group : groups) addGroup(std::move(group), stamp);
     tell(&CCTableDataSourceDelegate::reloadDataForTableDataSource);
 }
 
@@ -107,10 +105,7 @@ void CCTableDataSource<Row, Section, Traits>::updateObject(Row object) {
         appendObject(std::move(object));
         return;
     }
-    removeFromIndex(place);
-    place->value.hash = typename Traits::RowHash{}(object);
     place->value.object = std::move(object);
-    addToIndex(place);
     place->value.section->value.items.objectChanged(place);
     tell(&CCTableDataSourceDelegate::reloadRowAtIndexPath, pathOf(place));
 }
@@ -122,7 +117,7 @@ void CCTableDataSource<Row, Section, Traits>::removeObject(const Row& object) {
     if (place == nullptr) return;
     const auto path = pathOf(place);
     auto* section = place->value.section;
-    removeFromIndex(place);
+    if (isIndexed_) rowsByHash_.remove(place);
     section->value.items.remove(place);
     if (!section->value.items.isEmpty()) {
         tell(&CCTableDataSourceDelegate::deleteRowAtIndexPath, path);
@@ -135,7 +130,7 @@ void CCTableDataSource<Row, Section, Traits>::removeObject(const Row& object) {
 template <class Row, class Section, class Traits>
 void CCTableDataSource<Row, Section, Traits>::sortData() {
     const Lock lock(monitor());
-    const auto groups = sorted(grouped(objects()));
+    const auto groups = arranged(objects());
     insertMissingSections(groups);
     for (const auto& group : groups) moveRowsToGroup(group);
     removeEmptySections();
@@ -233,7 +228,8 @@ auto CCTableDataSource<Row, Section, Traits>::grouped(std::vector<Row> objects) 
 }
 
 template <class Row, class Section, class Traits>
-auto CCTableDataSource<Row, Section, Traits>::sorted(std::vector<Group> groups) const -> std::vector<Group> {
+auto CCTableDataSource<Row, Section, Traits>::arranged(std::vector<Row> objects) const -> std::vector<Group> {
+    auto groups = grouped(std::move(objects));
     std::vector<Section> order;
     std::unordered_map<Section, std::vector<Row>*, typename Traits::SectionHash, typename Traits::SectionEqual>
         rowsOfSection;
@@ -271,11 +267,13 @@ auto CCTableDataSource<Row, Section, Traits>::rowPlace(IndexPath path) const -> 
 
 template <class Row, class Section, class Traits>
 auto CCTableDataSource<Row, Section, Traits>::firstPlaceOf(const Row& object) const -> RowPlace* {
-    const auto candidates = rowsByHash_.find(typename Traits::RowHash{}(object));
-    if (candidates == rowsByHash_.end()) return nullptr;
-    for (auto* place : candidates->second)
-        if (typename Traits::RowEqual{}(place->value.object, object)) return place;
-    return nullptr;
+    makeIndex();
+    RowPlace* first = nullptr;
+    rowsByHash_.forEach(typename Traits::RowHash{}(object), [&](RowPlace* place) {
+        if (!typename Traits::RowEqual{}(place->value.object, object)) return;
+        if (first == nullptr || pathOf(place) < pathOf(first)) first = place;
+    });
+    return first;
 }
 
 template <class Row, class Section, class Traits>
@@ -292,10 +290,18 @@ void CCTableDataSource<Row, Section, Traits>::removeSection(SectionPlace* place)
 }
 
 template <class Row, class Section, class Traits>
+void CCTableDataSource<Row, Section, Traits>::addGroup(Group group, std::int64_t stamp) {
+    auto* place = insertSection(tree_.size(), std::move(group.first));
+    std::vector<typename Node::Item> items;
+    items.reserve(group.second.size());
+    for (auto& row : group.second) items.push_back({std::move(row), place});
+    place->value.items.assignInOrder(std::move(items), stamp);
+}
+
+template <class Row, class Section, class Traits>
 auto CCTableDataSource<Row, Section, Traits>::insertRow(SectionPlace* section, std::size_t index, Row object)
     -> RowPlace* {
-    const auto hash = typename Traits::RowHash{}(object);
-    auto* place = section->value.items.insert(index, {std::move(object), hash, section});
+    auto* place = section->value.items.insert(index, {std::move(object), section});
     addToIndex(place);
     return place;
 }
@@ -304,19 +310,27 @@ auto CCTableDataSource<Row, Section, Traits>::insertRow(SectionPlace* section, s
 /// then goes to the end.
 template <class Row, class Section, class Traits>
 void CCTableDataSource<Row, Section, Traits>::moveRow(RowPlace* place, SectionPlace* toSection, std::size_t toRow) {
-    removeFromIndex(place);
     auto owned = place->value.section->value.items.remove(place);
     place->value.section = toSection;
     auto& items = toSection->value.items;
     items.insert(std::min(toRow, items.size()), std::move(owned));
-    addToIndex(place);
 }
 
 template <class Row, class Section, class Traits>
-void CCTableDataSource<Row, Section, Traits>::removeFromIndex(RowPlace* place) {
-    const auto sameHash = rowsByHash_.find(place->value.hash);
-    sameHash->second.erase(place);
-    if (sameHash->second.empty()) rowsByHash_.erase(sameHash);
+void CCTableDataSource<Row, Section, Traits>::addToIndex(RowPlace* place) const {
+    if (!isIndexed_) return;
+    place->value.hash = typename Traits::RowHash{}(place->value.object);
+    rowsByHash_.add(place);
+}
+
+template <class Row, class Section, class Traits>
+void CCTableDataSource<Row, Section, Traits>::makeIndex() const {
+    if (std::exchange(isIndexed_, true)) return;
+    std::size_t count = 0;
+    tree_.forEach([&](const SectionPlace* section) { count += section->value.items.size(); });
+    rowsByHash_.reset(count);
+    tree_.forEach(
+        [&](const SectionPlace* section) { section->value.items.forEach([&](RowPlace* row) { addToIndex(row); }); });
 }
 
 }  // namespace dayward

@@ -14,8 +14,9 @@ struct CCTableDataSourceNode {
 
     struct Item {
         Row object;
-        std::size_t hash;  ///< of the object when it came in
         Place* section;
+        std::size_t hash = 0;  ///< of the object when it came into the index
+        typename IndexedList<Item>::Node* nextInChain = nullptr;
     };
 
     explicit CCTableDataSourceNode(Section sectionObject) : object(std::move(sectionObject)) {}

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -71,6 +72,11 @@ public:
         auto [before, after] = split(root_, index);
         setRoot(merge(merge(before, node), after));
         return node;
+    }
+    /// Replaces everything, in O(n).
+    void assign(std::vector<T> values) {
+        clear();
+        setRoot(balanced(values.data(), values.size()));
     }
     /// Takes the element out and hands it over.
     std::unique_ptr<Node> remove(Node* node) {
@@ -157,6 +163,20 @@ private:
         return after;
     }
 
+    /// A node gets about the priority that the greatest of so many random ones has, so that later
+    /// insertions find the tree as random ones would have made it.
+    static Node* balanced(T* values, std::size_t count) {
+        if (count == 0) return nullptr;
+        const std::size_t middle = count / 2;
+        Node* left = balanced(values, middle);
+        Node* node = new Node(std::move(values[middle]));
+        node->left = left;
+        node->right = balanced(values + middle + 1, count - middle - 1);
+        node->priority = kGreatestPriority - static_cast<std::uint32_t>(kGreatestPriority / (count + 1));
+        update(node);
+        return node;
+    }
+
     static void destroy(Node* node) {
         if (node == nullptr) return;
         destroy(node->left);
@@ -176,6 +196,8 @@ private:
         random_ ^= random_ << 5;
         return random_;
     }
+
+    static constexpr std::uint32_t kGreatestPriority = std::numeric_limits<std::uint32_t>::max();
 
     Node* root_ = nullptr;
     std::uint32_t random_ = 2463534242U;

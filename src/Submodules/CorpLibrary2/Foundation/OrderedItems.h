@@ -38,6 +38,14 @@ public:
         list_.forEach(visit);
     }
 
+    /// Replaces everything by entries that stand in order under the stamp: no element has to stand before
+    /// the one before it.
+    void assignInOrder(std::vector<Entry> entries, std::int64_t stamp) {
+        list_.assign(std::move(entries));
+        unchecked_.clear();
+        outOfOrder_.clear();
+        stamp_ = stamp;
+    }
     Node* insert(std::size_t index, Entry entry) { return insert(index, std::make_unique<Node>(std::move(entry))); }
     Node* insert(std::size_t index, std::unique_ptr<Node> owned) {
         Node* node = list_.insert(index, std::move(owned));

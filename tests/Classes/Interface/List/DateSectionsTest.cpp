@@ -16,11 +16,21 @@ struct SectionCase {
     const char* title;
 };
 
+HHDTDSContainer sectionOf(const TestEnvironment& environment, const HHEvent& event, bool isMissed) {
+    const auto calendar = environment->calendar();
+    const HHDTDSContainer::Moment moment(environment->now(), *calendar);
+    return HHDTDSContainer::sectionOf(event.nextDate(), event.isComing(), isMissed, moment);
+}
+
 TEST(DateSections, TheFirstRuleThatFitsDecides) {
     TestEnvironment environment(listOptions());
     const std::vector<SectionCase> cases{
         {"running", {"1", "2026-03-10T11:00:00", {}, 2}, false, {Type::today, {}, {}}, "Today Tuesday, March 10"},
-        {"running and missed", {"2", "2026-03-10T11:00:00", {}, 2}, true, {Type::today, {}, {}}, "Today Tuesday, March 10"},
+        {"running and missed",
+         {"2", "2026-03-10T11:00:00", {}, 2},
+         true,
+         {Type::today, {}, {}},
+         "Today Tuesday, March 10"},
         {"missed and past", {"3", "2026-03-01"}, true, {Type::missed, {}, {}}, "Missed"},
         {"past", {"4", "2026-03-10T11:59:59"}, false, {Type::passed, {}, {}}, "Passed"},
         {"later today", {"5", "2026-03-10T23:59:00"}, false, {Type::today, {}, {}}, "Today Tuesday, March 10"},
@@ -31,14 +41,13 @@ TEST(DateSections, TheFirstRuleThatFitsDecides) {
     for (const SectionCase& each : cases) {
         SCOPED_TRACE(each.name);
         const auto event = makeEvent(environment, each.event);
-        const HHDTDSContainer section =
-            HHDTDSContainer::sectionOf(*event, each.missed, environment->now(), *environment->calendar());
+        const HHDTDSContainer section = sectionOf(environment, *event, each.missed);
         EXPECT_EQ(section, each.section);
         EXPECT_EQ(section.text(), each.title);
     }
     const auto never = makeEvent(environment, {"9"});
     never->setTimes({});
-    EXPECT_EQ(HHDTDSContainer::sectionOf(*never, true, environment->now(), *environment->calendar()).text(), "Error");
+    EXPECT_EQ(sectionOf(environment, *never, true).text(), "Error");
 }
 
 TEST(DateSections, TitlesFollowTheLanguage) {
@@ -48,9 +57,9 @@ TEST(DateSections, TitlesFollowTheLanguage) {
 }
 
 TEST(DateSections, StandInTimeOrderWithTheYearBehindItsMonths) {
-    const std::vector<HHDTDSContainer> order{{Type::noDate, {}, {}},    {Type::missed, {}, {}},    {Type::today, {}, {}},
-                                             {Type::ahead, 2026, 3},    {Type::ahead, 2026, 12},   {Type::ahead, 2027, 1},
-                                             {Type::ahead, 2027, {}},   {Type::ahead, 2028, {}},   {Type::passed, {}, {}}};
+    const std::vector<HHDTDSContainer> order{{Type::noDate, {}, {}},  {Type::missed, {}, {}},  {Type::today, {}, {}},
+                                             {Type::ahead, 2026, 3},  {Type::ahead, 2026, 12}, {Type::ahead, 2027, 1},
+                                             {Type::ahead, 2027, {}}, {Type::ahead, 2028, {}}, {Type::passed, {}, {}}};
     for (std::size_t a = 0; a < order.size(); ++a) {
         for (std::size_t b = 0; b < order.size(); ++b) {
             if (a == b) continue;
@@ -62,17 +71,21 @@ TEST(DateSections, StandInTimeOrderWithTheYearBehindItsMonths) {
 
 TEST(DateOrder, RunningThenSoonestThenMostRecentThenByName) {
     TestEnvironment environment(listOptions());
-    const std::vector<EventSpec> order{
-        {"a", "2026-03-10T10:00:00", "running longer", 9}, {"b", "2026-03-10T11:00:00", "running", 9},
-        {"c", "2026-03-10T12:00:00", "exactly now"},       {"d", "2026-03-11", "Alpha"},
-        {"e", "2026-03-11", "alpha"},                      {"f", "2026-03-11", "zeta"},
-        {"g", "2026-03-12", {}},                           {"h", "2026-03-09", "recent"},
-        {"i", "2026-03-08", "older"}};
+    const std::vector<EventSpec> order{{"a", "2026-03-10T10:00:00", "running longer", 9},
+                                       {"b", "2026-03-10T11:00:00", "running", 9},
+                                       {"c", "2026-03-10T12:00:00", "exactly now"},
+                                       {"d", "2026-03-11", "Alpha"},
+                                       {"e", "2026-03-11", "alpha"},
+                                       {"f", "2026-03-11", "zeta"},
+                                       {"g", "2026-03-12", {}},
+                                       {"h", "2026-03-09", "recent"},
+                                       {"i", "2026-03-08", "older"}};
     for (std::size_t a = 0; a < order.size(); ++a) {
         for (std::size_t b = 0; b < order.size(); ++b) {
-            const EventDateRank first(*makeEvent(environment, order[a]), environment->now());
-            const EventDateRank second(*makeEvent(environment, order[b]), environment->now());
-            EXPECT_EQ(first.isOrderedBefore(second), a < b) << order[a].key << order[b].key;
+            EXPECT_EQ(EventDateRank::isOrderedBefore(*makeEvent(environment, order[a]),
+                                                     *makeEvent(environment, order[b]), environment->now()),
+                      a < b)
+                << order[a].key << order[b].key;
         }
     }
 }
@@ -82,10 +95,8 @@ TEST(DateOrder, DatesCountToTheRoundedSecond) {
     environment.clock->advance(TimeInterval(0.4));
     const auto early = makeEvent(environment, {"a", "2026-03-11T00:00:00", "b"});
     const auto late = makeEvent(environment, {"b", "2026-03-11T00:00:00", "a"});
-    const EventDateRank first(*early, environment->now());
-    const EventDateRank second(*late, environment->now());
-    EXPECT_TRUE(second.isOrderedBefore(first));
-    EXPECT_FALSE(first.isOrderedBefore(second));
+    EXPECT_TRUE(EventDateRank::isOrderedBefore(*late, *early, environment->now()));
+    EXPECT_FALSE(EventDateRank::isOrderedBefore(*early, *late, environment->now()));
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <array>
 #include <random>
 
 #include "Classes/Category/NamedEventIconPicture.h"
@@ -12,6 +14,7 @@
 #include "Classes/Interface/List/TableView.h"
 #include "Classes/Settings/AppSettings.h"
 #include "ListFixture.h"
+#include "Submodules/CorpLibrary2/Foundation/PlainTable.h"
 #include "alerts/MissedEventsHelper.h"
 #include "platform/NotificationCenter.h"
 
@@ -29,7 +32,9 @@ public:
     void insertRow(IndexPath path) override { messages.push_back("insert " + pathText(path)); }
     void reloadRow(IndexPath path) override { messages.push_back("reload " + pathText(path)); }
     void deleteRow(IndexPath path) override { messages.push_back("delete " + pathText(path)); }
-    void moveRow(IndexPath from, IndexPath to) override { messages.push_back("move " + pathText(from) + " " + pathText(to)); }
+    void moveRow(IndexPath from, IndexPath to) override {
+        messages.push_back("move " + pathText(from) + " " + pathText(to));
+    }
     void insertSection(std::size_t index) override { messages.push_back("insert section " + std::to_string(index)); }
     void reloadSection(std::size_t index) override { messages.push_back("reload section " + std::to_string(index)); }
     void deleteSection(std::size_t index) override { messages.push_back("delete section " + std::to_string(index)); }
@@ -74,7 +79,8 @@ TEST_F(TableManagers, AnUpdatedRowStaysUntilTheListIsSorted) {
     EXPECT_THAT(keys(manager), ElementsAre("a", "b", "c"));
     manager.sortData();
     EXPECT_THAT(keys(manager), ElementsAre("b", "c", "a"));
-    EXPECT_THAT(table.messages, ElementsAre("reload", "reload 0.0", "insert section 2", "move 0.1 0.0", "move 0.1 2.0"));
+    EXPECT_THAT(table.messages,
+                ElementsAre("reload", "reload 0.0", "insert section 2", "move 0.1 0.0", "move 0.1 2.0"));
     EXPECT_EQ(manager.titleForHeaderInSection(2), "  May 2026");
     EXPECT_EQ(manager.heightForHeaderInSection(2), 20.0);
     EXPECT_EQ(manager.heightForRowAtIndexPath({}), 70.0);
@@ -184,7 +190,8 @@ TEST_F(TableManagers, SelectingTellsTheEventAndDeletingRemovesItFromTheStore) {
     std::shared_ptr<HHEvent> selected;
     const auto observation = environment->notifications().addObserver(
         EventTableManagerDidSelectItemNotification,
-        [&](const Notification& note) { selected = note.userInfo.at(EventTableManagerItemKey).as<HHEvent>(); }, &manager);
+        [&](const Notification& note) { selected = note.userInfo.at(EventTableManagerItemKey).as<HHEvent>(); },
+        &manager);
     manager.didSelectRowAtIndexPath({0, 0});
     EXPECT_EQ(selected, stored);
     EXPECT_EQ(table.messages.back(), "deselect 0.0");
@@ -216,24 +223,91 @@ TEST_F(TableManagers, ASearchLooksIntoNamesAndNotesWithoutCase) {
     EXPECT_THAT(ids(""), ElementsAre());
 }
 
-TEST_F(TableManagers, SortingByDateGivesTheOrderOfTheComparator) {
-    constexpr unsigned kSeed = 20260310;
-    SCOPED_TRACE(kSeed);
-    std::mt19937 random(kSeed);
-    std::vector<EventRow> events;
-    for (int number = 0; number < 400; ++number) {
-        const auto made = event({"key " + std::to_string(number), "2026-03-10T12:00:00",
-                                 std::string(1, static_cast<char>('a' + random() % 26)), random() % 3 == 0 ? 5.0 : 0.0});
-        made->setDate(environment->now() + TimeInterval(86400.0 * (static_cast<double>(random() % 800) - 200)));
-        events.push_back(made);
-    }
-    EventByDateTableManager manager(nullptr);
-    manager.setObjects(events);
-    for (std::size_t section = 0; section < manager.numberOfSections(); ++section) {
-        const auto rows = manager.objectsInSectionAtIndex(section);
-        for (std::size_t row = 1; row < rows.size(); ++row) {
-            const EventDateRank before(*rows[row - 1], environment->now());
-            EXPECT_FALSE(EventDateRank(*rows[row], environment->now()).isOrderedBefore(before));
+/// An event in the plain list, equal by identifier.
+struct PlainRow {
+    EventRow event;
+    bool operator==(const PlainRow& other) const { return *event == *other.event; }
+};
+using PlainEvents = PlainTable<PlainRow, EventSection>;
+
+PlainEvents plainEventsByDate() {
+    PlainEvents plain;
+    plain.sectionForObject = [](const PlainRow& row) {
+        const Environment& environment = Environment::current();
+        const auto calendar = environment.calendar();
+        return EventSection(HHDTDSContainer::sectionOf(row.event->nextDate(), row.event->isComing(),
+                                                       MissedEventsHelper::isMissed(row.event->identifier()),
+                                                       {environment.now(), *calendar}));
+    };
+    plain.sectionBefore = [](const EventSection& a, const EventSection& b) {
+        return HHDTDSContainer::isOrderedBefore(*a, *b);
+    };
+    plain.rowBefore = [](const PlainRow& a, const PlainRow& b) {
+        return EventDateRank::isOrderedBefore(*a.event, *b.event, Environment::current().now());
+    };
+    return plain;
+}
+
+/// The plain list's messages in the words of RecordingTable.
+std::vector<std::string> taken(std::vector<std::string>& log) {
+    for (std::string& line : log)
+        for (const std::string_view word : {" row", " to"})
+            if (const auto at = line.find(word); at != std::string::npos) line.erase(at, word.size());
+    return std::exchange(log, {});
+}
+
+TEST_F(TableManagers, TheListByDateIsThePlainListStepByStep) {
+    constexpr std::array<const char*, 7> kNames = {"",   "a", "B", "the same until here", "the same until hers",
+                                                   "a ", "aa"};
+    for (unsigned seed = 1; seed <= randomCases(30); ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        std::mt19937 random(seed);
+        const auto below = [&](int end) { return static_cast<int>(random() % static_cast<unsigned>(end)); };
+        const int span = std::array{3, 40, 3000}[seed % 3];
+        const auto anyRow = [&] {
+            auto made = std::make_shared<HHEvent>(std::to_string(below(40)));
+            made->setDate(environment->now() + TimeInterval(86400.0 * (below(span) - span / 3)));
+            if (below(15) > 0)
+                made->setTimes({std::array{0, 719, 720, 721, 1439}[seed % 2 == 0 ? below(5) : 2]});
+            else
+                made->setTimes({});
+            if (below(8) > 0) made->setName(kNames[static_cast<std::size_t>(below(7))]);
+            if (below(4) == 0) made->setRrule("FREQ=DAILY;INTERVAL=5");
+            if (below(3) == 0) {
+                XDIDateInterval duration;
+                duration.setValue(std::array{1, 12, 72}[static_cast<std::size_t>(below(3))], CalendarUnit::hour);
+                made->setDuration(duration);
+            }
+            return made;
+        };
+        EventByDateTableManager manager(&table);
+        PlainEvents plain = plainEventsByDate();
+        for (int step = 0; step < 60; ++step) {
+            const EventRow row = anyRow();
+            switch (below(9)) {
+                case 0:
+                case 1: manager.appendObject(row), plain.appendObject({row}); break;
+                case 2:
+                case 3: manager.updateObject(row), plain.updateObject({row}); break;
+                case 4: manager.removeObject(row), plain.removeObject({row}); break;
+                case 5: manager.sortData(), plain.sortData(); break;
+                case 6:
+                    environment.clock->advance(TimeInterval(std::array{0.5, 60.0, 3600.0, 86400.0}[below(4)]));
+                    break;
+                case 7:
+                    MissedEventsHelper::setMissedEvents({std::to_string(below(40)), std::to_string(below(40))});
+                    break;
+                case 8:
+                    std::vector<EventRow> rows(static_cast<std::size_t>(below(30)));
+                    std::ranges::generate(rows, anyRow);
+                    if (below(8) == 0) rows.push_back(rows.empty() ? row : rows.front());
+                    manager.setObjects(rows);
+                    plain.setObjects({rows.begin(), rows.end()});
+            }
+            ASSERT_EQ(std::exchange(table.messages, {}), taken(plain.log)) << "step " << step;
+            const auto rows = plain.objects();
+            ASSERT_TRUE(std::ranges::equal(manager.objects(), rows, {}, {}, &PlainRow::event)) << "step " << step;
+            ASSERT_EQ(manager.sections(), plain.sections()) << "step " << step;
         }
     }
 }

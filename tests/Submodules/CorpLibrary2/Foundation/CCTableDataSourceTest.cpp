@@ -153,7 +153,7 @@ class RandomOperations : public testing::TestWithParam<OrderCase> {};
 
 TEST_P(RandomOperations, TellTheSameAsThePlainList) {
     const auto& order = GetParam();
-    for (unsigned seed = 1; seed <= 60; ++seed) {
+    for (unsigned seed = 1; seed <= randomCases(60); ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         std::mt19937 random(seed);
         const auto below = [&](int end) { return static_cast<int>(random() % static_cast<unsigned>(end)); };

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdlib>
 #include <functional>
 #include <string>
 #include <vector>
@@ -10,6 +11,13 @@
 #include "Submodules/CorpLibrary2/Foundation/IndexPath.h"
 
 namespace dayward {
+
+/// How many random sequences a comparison with the plain list makes for each order: `fewest`, or as the
+/// environment variable DAYWARD_LIST_CASES says.
+inline unsigned randomCases(unsigned fewest) {
+    const char* wanted = std::getenv("DAYWARD_LIST_CASES");
+    return wanted == nullptr ? fewest : static_cast<unsigned>(std::atoi(wanted));
+}
 
 template <class Row, class Section>
 class PlainTable {
