@@ -16,10 +16,10 @@ START, AFTER = datetime(2014, 3, 12, 9, 30), datetime(2024, 6, 5, 14, 20, 7)
 
 
 def nanoseconds():
-    begin = time.perf_counter_ns()
+    begin = time.process_time_ns()
     for rule in RULES:
         rrulestr(rule, dtstart=START).after(AFTER)
-    return (time.perf_counter_ns() - begin) / len(RULES)
+    return (time.process_time_ns() - begin) / len(RULES)
 
 
 rounds, rows = int(sys.argv[1]), sys.argv[2:]

@@ -116,7 +116,7 @@ private:
 }  // namespace
 
 bool hasClosedForm(const ParsedRule& rule) {
-    return rule.frequency() != Frequency::none && rule.interval() >= 1 && rule.count() >= 0 && !rule.hasLists() &&
+    return rule.canOccur() && rule.count() >= 0 && !rule.hasLists() &&
            (!rule.until() || isOfCalendar(*rule.until()));
 }
 

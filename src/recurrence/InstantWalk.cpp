@@ -83,7 +83,7 @@ std::optional<std::optional<Date>> answerOfStraightClock(const std::shared_ptr<c
 
 std::optional<Date> firstInstantAfter(const std::shared_ptr<const ParsedRule>& rule, Date startDate, Date after,
                                       const std::shared_ptr<const Calendar>& calendar) {
-    if (rule->frequency() == ParsedRule::Frequency::none || rule->interval() < 1) return std::nullopt;
+    if (!rule->canOccur()) return std::nullopt;
     const auto answer = answerOfStraightClock(rule, startDate, after, calendar->timeZone());
     return answer ? *answer : InstantWalk(rule, startDate, after, calendar).next();
 }

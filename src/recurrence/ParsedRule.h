@@ -54,6 +54,8 @@ public:
     /// WKST: 1 Sunday to 7 Saturday.
     [[nodiscard]] int weekStart() const { return weekStart_; }
 
+    /// False for a text that cannot be read and for an interval that leads nowhere.
+    [[nodiscard]] bool canOccur() const { return frequency_ != Frequency::none && interval_ >= 1; }
     /// Whether the rule has any BY part.
     [[nodiscard]] bool hasLists() const { return hasLists_; }
     /// Whether a BYDAY item has an ordinal.

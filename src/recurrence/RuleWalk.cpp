@@ -57,8 +57,7 @@ std::vector<int> secondsWithinUnit(const ParsedRule& rule, const IcalTime& start
 
 std::unique_ptr<RuleWalk> RuleWalk::from(std::shared_ptr<const ParsedRule> rule, const IcalTime& start,
                                          const std::optional<IcalTime>& skipTo) {
-    if (rule->frequency() == Frequency::none || rule->interval() < 1) return nullptr;
-    if (!isWalkable(start) || !isLegal(*rule)) return nullptr;
+    if (!rule->canOccur() || !isWalkable(start) || !isLegal(*rule)) return nullptr;
     rule = ParsedRule::anchored(std::move(rule), start);
     if (rule->frequency() <= Frequency::daily) return makeStepWalk(std::move(rule), start, skipTo);
     return makeDayWalk(std::move(rule), start, skipTo);

@@ -59,7 +59,7 @@ std::vector<Date> XELRRuleMath::datesFromDate(Date fromDate, Date toDate, std::s
         const bool isInside = *startDate_ > fromDate && *startDate_ < toDate && maxCount > 0;
         return isInside ? std::vector<Date>{*startDate_} : std::vector<Date>{};
     }
-    if (!hasIcalTime(*startDate_) || !hasIcalTime(fromDate) || !hasIcalTime(toDate)) return {};
+    if (!parsed_->canOccur() || !hasIcalTime(*startDate_) || !hasIcalTime(fromDate) || !hasIcalTime(toDate)) return {};
     InstantWalk walk(parsed_, *startDate_, fromDate, currentCalendar());
     std::vector<Date> dates;
     while (dates.size() < maxCount) {
