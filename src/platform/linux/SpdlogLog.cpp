@@ -23,6 +23,8 @@ void toStandardError(std::string_view line) {
 struct SpdlogLog::File {
     std::once_flag opened;
     std::unique_ptr<spdlog::logger> logger;
+    std::string problem;  ///< why there is none
+    std::once_flag problemWasTold;
 
     void open(const std::string& path) {
         try {
@@ -33,9 +35,16 @@ struct SpdlogLog::File {
             logger->flush_on(spdlog::level::err);
             // A full disk must not make a line on standard error of every line of the log.
             logger->set_error_handler([](const std::string&) {});
-        } catch (const std::exception& problem) {
-            toStandardError("the log cannot be opened: " + std::string(problem.what()));
+        } catch (const std::exception& caught) {
+            problem = caught.what();
         }
+    }
+
+    /// In place of the log; that it cannot be opened is told with the first error.
+    void tell(std::string_view line) {
+        std::string whole(line);
+        std::call_once(problemWasTold, [&] { whole += "; the log cannot be opened: " + problem; });
+        toStandardError(whole);
     }
 
     spdlog::logger* get(const std::string& path) {
@@ -51,7 +60,11 @@ SpdlogLog::~SpdlogLog() = default;
 void SpdlogLog::error(std::string_view line) {
     spdlog::logger* const logger = file_->get(options_.file);
     if (logger != nullptr) logger->error(spdlog::string_view_t(line.data(), line.size()));
-    if (logger == nullptr || options_.errorsToStandardError) toStandardError(line);
+    if (logger == nullptr) {
+        file_->tell(line);
+    } else if (options_.errorsToStandardError) {
+        toStandardError(line);
+    }
 }
 
 void SpdlogLog::debug(std::string_view line) {
