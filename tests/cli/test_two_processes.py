@@ -39,7 +39,7 @@ class Worker:
         arguments = [self.chance.randrange(1 << 30), self.next, *(self.left[kind] for kind in KINDS)]
         self.process = subprocess.Popen([WORKER, self.home, self.name, *map(str, arguments)], text=True,
                                         stdin=subprocess.PIPE, stdout=subprocess.PIPE)
-        self.done = threading.Event()
+        self.busy, self.done = threading.Event(), threading.Event()
         self.begun = None
         self.reader = threading.Thread(target=self.read)
         self.reader.start()
@@ -50,6 +50,7 @@ class Worker:
                 break
             word, _, rest = line.strip().partition(" ")
             if word == "begin":
+                self.busy.set()
                 time_, kind, *pairs = rest.split(" ")
                 pairs = [pair.split("=") for pair in pairs]
                 self.begun = int(time_), kind, pairs
@@ -71,6 +72,7 @@ class Worker:
             elif word == "left-out":
                 self.faults.append(line.strip())
             elif word == "done":
+                self.busy.set()
                 self.done.set()
 
     def finish(self, end, confirmed):
@@ -108,16 +110,27 @@ def work(home, chance):
     """The two workers after all of their work, and how many of them were killed."""
     workers = [Worker(home, name, chance, EVENTS) for name in ("one", "other")]
     kills = 0
-    while not all(worker.done.wait(chance.uniform(0, 0.15)) for worker in workers):
+    while kills < EVENTS // 10 and not all(worker.done.wait(chance.uniform(0, 0.15)) for worker in workers):
         victim = chance.choice(workers)
+        # Often not before it gets to its work, so that there is progress on a busy machine too.
+        victim.busy.wait(chance.choice((0, 1, 5)))
         if not victim.done.is_set():
             victim.kill()
             kills += 1
-    return workers, kills
+    for worker in workers:
+        worker.done.wait()
+    # Killed once more when everything is confirmed, they end with undisturbed work, after which both must
+    # see the same.
+    for worker in workers:
+        worker.left = dict.fromkeys(KINDS, EVENTS // 10)
+        worker.kill()
+    return workers, kills + len(workers)
 
 
 def check(home, workers):
     """Every fault, as a line."""
+    for worker in workers:
+        worker.done.wait()
     views = [worker.leave() for worker in workers]
     last = Worker(home, "last", random, 0)
     found = last.leave()
