@@ -25,18 +25,23 @@ JSON orNull(const std::optional<T>& value) {
     return value ? JSON(*value) : JSON(nullptr);
 }
 
+void printSectionJSON(const ListSection& section, int depth) {
+    const JSON fields = {{"title", section.title},
+                         {"type", orNull(section.type)},
+                         {"year", orNull(section.year)},
+                         {"month", orNull(section.month)}};
+    printJSONObject(fields, "events", depth, [&] {
+        printJSONArray(section.events.size(), depth + 1, [&](std::size_t index) {
+            printJSONValue(eventJSONValue(*section.events[index], {.computedFields = true}), depth + 2);
+        });
+    });
+}
+
 void printSectionsJSON(const std::vector<ListSection>& sections) {
-    JSON list = JSON::array();
-    for (const ListSection& section : sections) {
-        JSON events = JSON::array();
-        for (const auto& event : section.events) events.push_back(eventJSONValue(*event, {.computedFields = true}));
-        list.push_back({{"title", section.title},
-                        {"type", orNull(section.type)},
-                        {"year", orNull(section.year)},
-                        {"month", orNull(section.month)},
-                        {"events", std::move(events)}});
-    }
-    printJSON({{"sections", std::move(list)}});
+    printJSONObject(JSON::object(), "sections", 0, [&] {
+        printJSONArray(sections.size(), 1, [&](std::size_t index) { printSectionJSON(sections[index], 2); });
+    });
+    printLine("");
 }
 
 Result<> printList(const ListRequest& request, bool identifiers, bool json) {

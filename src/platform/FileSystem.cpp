@@ -56,8 +56,9 @@ struct TemporaryOwner {
 };
 
 std::optional<TemporaryOwner> ownerAfter(std::string_view mark, std::string_view name) {
+    if (!name.starts_with('.')) return std::nullopt;
     const auto at = name.rfind(mark);
-    if (!name.starts_with('.') || at == std::string_view::npos || at < 2) return std::nullopt;
+    if (at == std::string_view::npos || at < 2) return std::nullopt;
     const std::string_view numbers = name.substr(at + mark.size());
     const auto dash = numbers.find('-');
     if (dash == std::string_view::npos) return std::nullopt;

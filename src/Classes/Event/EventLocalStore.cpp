@@ -89,7 +89,8 @@ void EventLocalStore::load() {
         const std::vector<std::string> paths = packagePaths();
         dataLayer_.reserve(paths.size());
         for (LoadedPackage& package : reader_->readAll(paths)) {
-            const std::string key = keyForURL(*this, package.path);
+            const std::string key =
+                package.event ? (*package.event)->identifier() : keyForURL(*this, package.path);
             if (waiting.contains(key)) continue;
             // Another process may have been at it.
             if (!package.event) package = readUndisturbed(package.path).value_or(std::move(package));
@@ -116,8 +117,9 @@ std::vector<std::string> EventLocalStore::packagePaths() {
         return {};
     }
     std::vector<std::string> paths;
+    const std::string ending = "." + fileExtension_;
     for (const std::string& name : *names)
-        if (pathExtension(name) == fileExtension_) paths.push_back(joinPath(directory_, name));
+        if (name.size() > ending.size() && name.ends_with(ending)) paths.push_back(joinPath(directory_, name));
     return paths;
 }
 

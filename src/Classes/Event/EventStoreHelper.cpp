@@ -39,7 +39,11 @@ Result<> setOwnImages(EventDocument& document, const HHEvent& event) {
 }  // namespace
 
 std::string EventStoreHelper::itemKeyForFileURL(std::string_view path) {
-    return deletingPathExtension(lastPathComponent(path));
+    while (path.ends_with('/')) path.remove_suffix(1);
+    const std::string_view name = path.substr(path.rfind('/') + 1);
+    const auto point = name.rfind('.');
+    const bool hasExtension = point != name.npos && point != 0 && point + 1 < name.size();
+    return std::string(hasExtension ? name.substr(0, point) : name);
 }
 
 Result<std::shared_ptr<HHEvent>> EventStoreHelper::eventFromGeneralData(const Data& general, const std::string& path) {
