@@ -18,7 +18,7 @@ Data encoded(const HHEvent& event) { return KeyedArchiver::archivedDataWithRootO
 std::shared_ptr<HHEvent> decoded(const Data& archive) {
     const auto root = KeyedUnarchiver::unarchiveObjectWithData(archive);
     auto event = std::make_shared<HHEvent>("5D3C5C54-9F0E-4B9F-9F43-000000000000");
-    event->fillStoreInfo(*root->as<HHGeneralEventDocumentData>());
+    event->fillStoreInfo(std::move(*root->as<HHGeneralEventDocumentData>()));
     return event;
 }
 

@@ -1,10 +1,12 @@
 // Records that a keyed archive can hold, and the table of their classes.
 #pragma once
 
+#include <algorithm>
 #include <functional>
-#include <map>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/Object.h"
@@ -36,14 +38,28 @@ public:
     using Reader = std::function<std::shared_ptr<Archivable>(KeyedUnarchiver&)>;
 
     void add(std::string className, Reader reader);
-    /// Objects stored under `oldName` are read as `className`.
+    /// Objects stored under `oldName`, which has no reader of its own, are read as `className`.
     void addAlias(std::string oldName, std::string className);
     /// The reader of a name, aliases followed; null for an unknown name.
-    [[nodiscard]] const Reader* reader(const std::string& className) const;
+    [[nodiscard]] const Reader* reader(std::string_view className) const;
 
 private:
-    std::map<std::string, Reader, std::less<>> readers_;
-    std::map<std::string, std::string, std::less<>> aliases_;
+    /// Names differ in length, beginning or end.
+    struct Hash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view name) const {
+            std::size_t ends[2] = {};
+            const std::size_t count = std::min(name.size(), sizeof ends[0]);
+            name.copy(reinterpret_cast<char*>(&ends[0]), count);
+            name.copy(reinterpret_cast<char*>(&ends[1]), count, name.size() - count);
+            return (ends[0] ^ (ends[1] + name.size())) * 0x9E3779B97F4A7C15;
+        }
+    };
+    template <class Value>
+    using ByName = std::unordered_map<std::string, Value, Hash, std::equal_to<>>;
+
+    ByName<Reader> readers_;
+    ByName<std::string> aliases_;
 };
 
 }  // namespace dayward

@@ -10,9 +10,12 @@ void ArchiveClasses::addAlias(std::string oldName, std::string className) {
     aliases_.insert_or_assign(std::move(oldName), std::move(className));
 }
 
-const ArchiveClasses::Reader* ArchiveClasses::reader(const std::string& className) const {
-    const auto alias = aliases_.find(className);
-    const auto found = readers_.find(alias == aliases_.end() ? className : alias->second);
+const ArchiveClasses::Reader* ArchiveClasses::reader(std::string_view className) const {
+    auto found = readers_.find(className);
+    if (found == readers_.end()) {
+        const auto alias = aliases_.find(className);
+        if (alias != aliases_.end()) found = readers_.find(alias->second);
+    }
     return found == readers_.end() ? nullptr : &found->second;
 }
 

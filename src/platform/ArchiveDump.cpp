@@ -111,19 +111,20 @@ private:
     Result<Json> instance(const Item& item) {
         const auto classNumber = file_.classNumber(item);
         if (!classNumber) return fields(item);
-        const auto name = file_.className(*classNumber);
-        if (!name) return archiveFailure("object " + std::to_string(*classNumber) + " is no class");
-        if (*name == "NSNull") return Json();
-        if (*name == "NSArray" || *name == "NSMutableArray") return content(item, "NS.objects", *name);
-        if (*name == "NSString" || *name == "NSMutableString") return content(item, "NS.string", *name);
-        if (*name == "NSData" || *name == "NSMutableData") return content(item, "NS.data", *name);
-        if (*name == "NSDictionary" || *name == "NSMutableDictionary") return pairs(item, *name);
-        if (*name == "NSDate") {
+        const auto nameItem = file_.className(*classNumber);
+        if (!nameItem) return archiveFailure("object " + std::to_string(*classNumber) + " is no class");
+        const std::string name = BinaryPropertyList::text(*nameItem);
+        if (name == "NSNull") return Json();
+        if (name == "NSArray" || name == "NSMutableArray") return content(item, "NS.objects", name);
+        if (name == "NSString" || name == "NSMutableString") return content(item, "NS.string", name);
+        if (name == "NSData" || name == "NSMutableData") return content(item, "NS.data", name);
+        if (name == "NSDictionary" || name == "NSMutableDictionary") return pairs(item, name);
+        if (name == "NSDate") {
             const auto time = file_.find(item, "NS.time");
             Json seconds = TRY(value(time.value_or(Item{Kind::null})));
             return Json{{"$date", std::move(seconds)}};
         }
-        return fields(item, *name);
+        return fields(item, name);
     }
 
     /// The one value of a platform object, or all its fields where it has another form.

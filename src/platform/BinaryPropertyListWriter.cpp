@@ -1,19 +1,27 @@
+#include "platform/BinaryPropertyListWriter.h"
+
 #include <unicode/utf16.h>
 #include <unicode/utf8.h>
 
 #include <algorithm>
 #include <bit>
-#include <unordered_map>
 
-#include "platform/PropertyList.h"
+#include "platform/BigEndian.h"
 
 namespace dayward {
 
 namespace {
 
-void appendBigEndian(Data& bytes, std::uint64_t value, unsigned count) {
-    for (unsigned i = count; i-- > 0;) bytes.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
-}
+using Writer = BinaryPropertyListWriter;
+
+// Enough for an event, so that nothing grows on the way.
+constexpr std::size_t kUsualSize = 4096;
+constexpr std::size_t kUsualLeaves = 256;
+constexpr std::size_t kUsualContainers = 32;
+
+constexpr std::size_t kLongestMarker = 10;
+constexpr std::uint8_t kArray = 0xA0;
+constexpr std::uint8_t kDictionary = 0xD0;
 
 /// The exponent of the fewest bytes (1, 2, 4, 8) that hold the value.
 unsigned widthExponent(std::uint64_t value) {
@@ -22,164 +30,171 @@ unsigned widthExponent(std::uint64_t value) {
 
 unsigned bytesNeeded(std::uint64_t value) { return 1U << widthExponent(value); }
 
-std::u16string utf16(const std::string& text) {
-    std::u16string units;
+std::uint8_t* putInteger(std::uint8_t* at, std::uint64_t value) {
+    const unsigned exponent = widthExponent(value);
+    *at = static_cast<std::uint8_t>(0x10 | exponent);
+    return putBigEndian(at + 1, value, 1U << exponent);
+}
+
+std::uint8_t* putMarker(std::uint8_t* at, std::uint8_t kind, std::uint64_t count) {
+    *at = static_cast<std::uint8_t>(kind | std::min<std::uint64_t>(count, 0x0F));
+    return count < 0x0F ? at + 1 : putInteger(at + 1, count);
+}
+
+std::uint8_t* putReal(std::uint8_t* at, std::uint8_t marker, double value) {
+    *at = marker;
+    return putBigEndian(at + 1, std::bit_cast<std::uint64_t>(value), 8);
+}
+
+template <class Visit>
+void forEachCharacter(std::string_view text, Visit visit) {
     const auto length = static_cast<std::int64_t>(text.size());
     for (std::int64_t i = 0; i < length;) {
         UChar32 character = 0;
         U8_NEXT_OR_FFFD(text.data(), i, length, character);
-        if (character > 0xFFFF) units.push_back(U16_LEAD(character));
-        units.push_back(character > 0xFFFF ? U16_TRAIL(character) : static_cast<char16_t>(character));
+        visit(character);
     }
-    return units;
 }
 
-/// Numbers the nodes first, since a container's references are as wide as the number of all nodes
-/// asks for, and then writes them in that order.
-class Writer {
-public:
-    Data write(const PropertyList& root) {
-        add(root);
-        referenceSize_ = bytesNeeded(nodes_.size());
-        const std::string_view header = "bplist00";
-        bytes_.assign(header.begin(), header.end());
-        offsets_.reserve(nodes_.size());
-        for (const Node& node : nodes_) {
-            offsets_.push_back(bytes_.size());
-            writeNode(node);
-        }
-        writeTable();
-        return std::move(bytes_);
-    }
+std::uint64_t countOfUTF16(std::string_view text) {
+    std::uint64_t count = 0;
+    forEachCharacter(text, [&](UChar32 character) { count += static_cast<std::uint64_t>(U16_LENGTH(character)); });
+    return count;
+}
 
-private:
-    /// A value, or a key of a dictionary.
-    struct Node {
-        const PropertyList* value = nullptr;
-        const std::string* key = nullptr;
-        std::vector<std::uint64_t> references = {};
-    };
-
-    std::uint64_t append(Node node) {
-        nodes_.push_back(std::move(node));
-        return nodes_.size() - 1;
-    }
-
-    template <class Map, class Key>
-    std::uint64_t unique(Map& map, const Key& key, Node node) {
-        const auto [entry, isNew] = map.try_emplace(key, nodes_.size());
-        if (isNew) append(std::move(node));
-        return entry->second;
-    }
-
-    std::uint64_t add(const PropertyList& list) {
-        const Node node{.value = &list};
-        if (const auto* text = std::get_if<std::string>(&list.value)) return unique(texts_, *text, {.key = text});
-        if (const auto* integer = std::get_if<std::int64_t>(&list.value)) return unique(integers_, *integer, node);
-        if (const auto* uid = std::get_if<ArchiveUID>(&list.value)) return unique(uids_, uid->number, node);
-        if (const auto* truth = std::get_if<bool>(&list.value)) return unique(booleans_, *truth, node);
-        const std::uint64_t number = append(node);
-        std::vector<std::uint64_t> references;
-        if (const auto* elements = std::get_if<PropertyList::List>(&list.value)) {
-            references.reserve(elements->size());
-            for (const PropertyList& element : *elements) references.push_back(add(element));
-        } else if (const auto* fields = std::get_if<PropertyList::Fields>(&list.value)) {
-            references.reserve(2 * fields->size());
-            for (const auto& [key, value] : *fields) references.push_back(unique(texts_, key, {.key = &key}));
-            for (const auto& [key, value] : *fields) references.push_back(add(value));
-        }
-        nodes_[number].references = std::move(references);
-        return number;
-    }
-
-    void writeMarker(std::uint8_t kind, std::uint64_t count) {
-        bytes_.push_back(static_cast<std::uint8_t>(kind << 4 | std::min<std::uint64_t>(count, 0x0F)));
-        if (count >= 0x0F) writeInteger(count);
-    }
-
-    void writeInteger(std::uint64_t value) {
-        const unsigned exponent = widthExponent(value);
-        bytes_.push_back(static_cast<std::uint8_t>(0x10 | exponent));
-        appendBigEndian(bytes_, value, 1U << exponent);
-    }
-
-    void writeText(const std::string& text) {
-        if (std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; })) {
-            writeMarker(0x5, text.size());
-            bytes_.insert(bytes_.end(), text.begin(), text.end());
-            return;
-        }
-        const std::u16string units = utf16(text);
-        writeMarker(0x6, units.size());
-        for (const char16_t unit : units) appendBigEndian(bytes_, unit, 2);
-    }
-
-    void writeReal(std::uint8_t marker, double value) {
-        bytes_.push_back(marker);
-        appendBigEndian(bytes_, std::bit_cast<std::uint64_t>(value), 8);
-    }
-
-    void writeReferences(const Node& node) {
-        for (const std::uint64_t reference : node.references) appendBigEndian(bytes_, reference, referenceSize_);
-    }
-
-    void writeNode(const Node& node) {
-        if (node.key) return writeText(*node.key);
-        const auto& value = node.value->value;
-        if (const auto* truth = std::get_if<bool>(&value)) {
-            bytes_.push_back(*truth ? 0x09 : 0x08);
-        } else if (const auto* integer = std::get_if<std::int64_t>(&value)) {
-            writeInteger(static_cast<std::uint64_t>(*integer));
-        } else if (const auto* large = std::get_if<std::uint64_t>(&value)) {
-            bytes_.push_back(0x14);
-            appendBigEndian(bytes_, 0, 8);
-            appendBigEndian(bytes_, *large, 8);
-        } else if (const auto* real = std::get_if<double>(&value)) {
-            writeReal(0x23, *real);
-        } else if (const auto* date = std::get_if<Date>(&value)) {
-            writeReal(0x33, date->secondsSinceReference());
-        } else if (const auto* data = std::get_if<Data>(&value)) {
-            writeMarker(0x4, data->size());
-            bytes_.insert(bytes_.end(), data->begin(), data->end());
-        } else if (const auto* uid = std::get_if<ArchiveUID>(&value)) {
-            const unsigned length = bytesNeeded(uid->number);
-            bytes_.push_back(static_cast<std::uint8_t>(0x80 | (length - 1)));
-            appendBigEndian(bytes_, uid->number, length);
-        } else if (std::holds_alternative<PropertyList::List>(value)) {
-            writeMarker(0xA, node.references.size());
-            writeReferences(node);
-        } else if (std::holds_alternative<PropertyList::Fields>(value)) {
-            writeMarker(0xD, node.references.size() / 2);
-            writeReferences(node);
-        } else {
-            bytes_.push_back(0x00);
-        }
-    }
-
-    void writeTable() {
-        const std::uint64_t table = bytes_.size();
-        const unsigned offsetSize = bytesNeeded(table);
-        for (const std::uint64_t offset : offsets_) appendBigEndian(bytes_, offset, offsetSize);
-        appendBigEndian(bytes_, 0, 6);
-        appendBigEndian(bytes_, offsetSize, 1);
-        appendBigEndian(bytes_, referenceSize_, 1);
-        appendBigEndian(bytes_, offsets_.size(), 8);
-        appendBigEndian(bytes_, 0, 8);
-        appendBigEndian(bytes_, table, 8);
-    }
-
-    std::vector<Node> nodes_;
-    std::unordered_map<std::string_view, std::uint64_t> texts_;
-    std::unordered_map<std::int64_t, std::uint64_t> integers_;
-    std::unordered_map<std::uint64_t, std::uint64_t> uids_;
-    std::unordered_map<bool, std::uint64_t> booleans_;
-    unsigned referenceSize_ = 1;
-    Data bytes_;
-    std::vector<std::uint64_t> offsets_;
-};
+std::uint8_t* putUTF16(std::uint8_t* at, std::string_view text) {
+    forEachCharacter(text, [&](UChar32 character) {
+        if (character > 0xFFFF) at = putBigEndian(at, U16_LEAD(character), 2);
+        at = putBigEndian(at, character > 0xFFFF ? U16_TRAIL(character) : static_cast<char16_t>(character), 2);
+    });
+    return at;
+}
 
 }  // namespace
 
-Data binaryPropertyList(const PropertyList& root) { return Writer().write(root); }
+Writer::BinaryPropertyListWriter() : leaves_(2 * kUsualLeaves) {
+    bytes_.resize(kUsualSize);
+    offsets_.reserve(kUsualLeaves);
+    containers_.reserve(kUsualContainers);
+    references_.reserve(2 * kUsualLeaves);
+    const std::string_view header = "bplist00";
+    std::ranges::copy(header, bytes_.begin());
+    used_ = header.size();
+}
+
+/// The place for the next `count` bytes, with a few more behind them that may be read.
+std::uint8_t* Writer::room(std::size_t count) {
+    const std::size_t needed = used_ + count + 8;
+    if (needed > bytes_.size()) bytes_.resize(std::max(needed, 2 * bytes_.size()));
+    return bytes_.data() + used_;
+}
+
+/// The leaf that was written into the free room up to `end`, or the equal one before it, which then stays
+/// alone. A leaf's first bytes say where it ends, so that none begins as another one does.
+Writer::Reference Writer::shared(const std::uint8_t* end) {
+    const std::uint8_t* leaf = bytes_.data() + used_;
+    const auto count = static_cast<std::size_t>(end - leaf);
+    const auto next = static_cast<Reference>(offsets_.size());
+    const auto isSame = [&](Reference known) { return std::memcmp(bytes_.data() + offsets_[known], leaf, count) == 0; };
+    const Reference number = leaves_.findOrAdd(HashIndex::hash(leaf, count), next, isSame);
+    if (number == next) {
+        offsets_.push_back(used_);
+        used_ += count;
+    }
+    return number;
+}
+
+Writer::Reference Writer::null() {
+    std::uint8_t* at = room(1);
+    *at = 0x00;
+    return shared(at + 1);
+}
+
+Writer::Reference Writer::boolean(bool value) {
+    std::uint8_t* at = room(1);
+    *at = value ? 0x09 : 0x08;
+    return shared(at + 1);
+}
+
+Writer::Reference Writer::integer(std::int64_t value) {
+    return shared(putInteger(room(9), static_cast<std::uint64_t>(value)));
+}
+
+Writer::Reference Writer::unsignedInteger(std::uint64_t value) {
+    std::uint8_t* at = room(17);
+    *at = 0x14;
+    return shared(putBigEndian(putBigEndian(at + 1, 0, 8), value, 8));
+}
+
+Writer::Reference Writer::real(double value) { return shared(putReal(room(9), 0x23, value)); }
+Writer::Reference Writer::date(Date value) { return shared(putReal(room(9), 0x33, value.secondsSinceReference())); }
+
+Writer::Reference Writer::text(std::string_view value) {
+    if (isASCII(value.data(), value.size())) {
+        std::uint8_t* at = putMarker(room(kLongestMarker + value.size()), 0x50, value.size());
+        return shared(std::ranges::copy(value, at).out);
+    }
+    const std::uint64_t units = countOfUTF16(value);
+    return shared(putUTF16(putMarker(room(kLongestMarker + 2 * units), 0x60, units), value));
+}
+
+Writer::Reference Writer::data(std::span<const std::uint8_t> value) {
+    std::uint8_t* at = putMarker(room(kLongestMarker + value.size()), 0x40, value.size());
+    const std::uint8_t* end = std::ranges::copy(value, at).out;
+    offsets_.push_back(used_);
+    used_ = static_cast<std::size_t>(end - bytes_.data());
+    return static_cast<Reference>(offsets_.size() - 1);
+}
+
+Writer::Reference Writer::uid(std::uint64_t number) {
+    std::uint8_t* at = room(9);
+    const unsigned length = bytesNeeded(number);
+    *at = static_cast<std::uint8_t>(0x80 | (length - 1));
+    return shared(putBigEndian(at + 1, number, length));
+}
+
+Writer::Reference Writer::array(std::span<const Reference> elements) {
+    references_.insert(references_.end(), elements.begin(), elements.end());
+    return container(kArray, elements.size());
+}
+
+Writer::Reference Writer::dictionary(std::span<const Reference> pairs) {
+    for (std::size_t i = 0; i < pairs.size(); i += 2) references_.push_back(pairs[i]);
+    for (std::size_t i = 1; i < pairs.size(); i += 2) references_.push_back(pairs[i]);
+    return container(kDictionary, pairs.size());
+}
+
+Writer::Reference Writer::container(std::uint8_t kind, std::size_t referenceCount) {
+    const auto number = static_cast<Reference>(offsets_.size());
+    offsets_.push_back(0);
+    containers_.push_back({number, kind, references_.size() - referenceCount, referenceCount});
+    return number;
+}
+
+void Writer::writeContainer(const Container& container, unsigned referenceSize) {
+    offsets_[container.number] = used_;
+    const std::size_t count = container.referenceCount;
+    std::uint8_t* at = room(kLongestMarker + count * referenceSize);
+    at = putMarker(at, container.kind, container.kind == kDictionary ? count / 2 : count);
+    for (const Reference reference : std::span(references_).subspan(container.firstReference, count))
+        at = putBigEndian(at, reference, referenceSize);
+    used_ = static_cast<std::size_t>(at - bytes_.data());
+}
+
+Data Writer::finish(Reference top) {
+    const unsigned referenceSize = bytesNeeded(offsets_.size());
+    for (const Container& each : containers_) writeContainer(each, referenceSize);
+    const std::uint64_t table = used_;
+    const unsigned offsetSize = bytesNeeded(table);
+    std::uint8_t* at = room(offsets_.size() * offsetSize + 32);
+    for (const std::uint64_t offset : offsets_) at = putBigEndian(at, offset, offsetSize);
+    at = std::fill_n(at, 6, std::uint8_t{0});
+    at = putBigEndian(at, offsetSize, 1);
+    at = putBigEndian(at, referenceSize, 1);
+    for (const std::uint64_t number : {std::uint64_t{offsets_.size()}, std::uint64_t{top}, table})
+        at = putBigEndian(at, number, 8);
+    bytes_.resize(static_cast<std::size_t>(at - bytes_.data()));
+    return std::move(bytes_);
+}
 
 }  // namespace dayward

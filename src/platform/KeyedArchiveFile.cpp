@@ -47,36 +47,20 @@ KeyedArchiveFile::Item KeyedArchiveFile::resolved(const Item& item) const {
     return BinaryPropertyList::equals(target, "$null") ? Item{Kind::null} : target;
 }
 
-std::optional<KeyedArchiveFile::Item> KeyedArchiveFile::find(const Item& dictionary, std::string_view key,
-                                                             std::uint64_t* hint) {
-    const std::uint64_t count = dictionary.count;
-    std::uint64_t index = hint && *hint < count ? *hint : 0;
-    for (std::uint64_t steps = 0; steps < count; ++steps) {
-        if (!spend(1)) return std::nullopt;
-        const Item candidate = list_.key(dictionary, index);
-        if (BinaryPropertyList::equals(candidate, key) || (candidate.kind == Kind::wideText && spend(candidate.count) &&
-                                                           BinaryPropertyList::text(candidate) == key)) {
-            if (hint) *hint = index + 1;
-            return list_.element(dictionary, index);
-        }
-        if (++index == count) index = 0;
-    }
-    return std::nullopt;
-}
-
 std::optional<std::uint64_t> KeyedArchiveFile::classNumber(const Item& object) {
     if (object.kind != Kind::dictionary) return std::nullopt;
-    const auto reference = find(object, "$class");
+    std::uint64_t last = object.count - 1;  // where archivers put it
+    const auto reference = find(object, "$class", &last);
     if (!reference || reference->kind != Kind::uid) return std::nullopt;
     return uid(*reference);
 }
 
-std::optional<std::string> KeyedArchiveFile::className(std::uint64_t classNumber) {
+std::optional<KeyedArchiveFile::Item> KeyedArchiveFile::className(std::uint64_t classNumber) {
     const Item record = object(classNumber);
     if (record.kind != Kind::dictionary) return std::nullopt;
     const auto name = find(record, "$classname");
     if (!name || !BinaryPropertyList::isText(*name) || !spend(name->count)) return std::nullopt;
-    return BinaryPropertyList::text(*name);
+    return name;
 }
 
 std::optional<PropertyList> KeyedArchiveFile::extract(const Item& item, int depth) {

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/BinaryPropertyList.h"
 #include "platform/PropertyList.h"
 
 namespace dayward {
@@ -38,7 +39,8 @@ public:
     [[nodiscard]] std::optional<Item> find(const Item& dictionary, std::string_view key, std::uint64_t* hint = nullptr);
     /// The number of the class record of an object; nothing where it has none.
     [[nodiscard]] std::optional<std::uint64_t> classNumber(const Item& object);
-    [[nodiscard]] std::optional<std::string> className(std::uint64_t classNumber);
+    /// A text.
+    [[nodiscard]] std::optional<Item> className(std::uint64_t classNumber);
     /// The whole item as a value of its own, references as they are. Nothing where it is damaged, too
     /// deep or too large.
     [[nodiscard]] std::optional<PropertyList> extract(const Item& item, int depth = 0);
@@ -60,6 +62,17 @@ private:
     std::uint64_t budget_ = 0;
     bool exhausted_ = false;
 };
+
+inline std::optional<KeyedArchiveFile::Item> KeyedArchiveFile::find(const Item& dictionary, std::string_view key,
+                                                                    std::uint64_t* hint) {
+    const std::uint64_t count = dictionary.count;
+    std::uint64_t index = hint && *hint < count ? *hint : 0;
+    const bool isThere = count > 0 && list_.isSurelyKey(dictionary, index, key);
+    if (!isThere) index = list_.pairWithKey(dictionary, key, index);
+    if (!spend(isThere ? 1 : count) || index == count) return std::nullopt;
+    if (hint) *hint = index + 1;
+    return list_.element(dictionary, index);
+}
 
 /// Failure of reading an archive.
 inline std::unexpected<Error> archiveFailure(std::string reason) {

@@ -9,8 +9,11 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/Archivable.h"
 #include "platform/Object.h"
@@ -26,6 +29,21 @@ public:
 
     /// Called by records while they are written; keys come out in the order of the calls.
     void encodeObject(const Object& value, std::string_view forKey);
+    /// The same as an object of the text, or null.
+    void encodeString(const std::optional<std::string>& value, std::string_view forKey);
+    void encodeDate(Date value, std::string_view forKey);
+    /// An array object of them.
+    void encodeIntegers(std::span<const std::int64_t> values, std::string_view forKey);
+    /// A record that nobody else refers to: written anew each time, since its address tells nothing. Null
+    /// is the null object. No opaque record.
+    void encodeRecord(const Archivable* record, std::string_view forKey);
+    /// An array object of such records.
+    template <class Record>
+    void encodeRecords(const std::vector<Record>& records, std::string_view forKey) {
+        encodeRecords(
+            records.size(), [&](std::size_t i) -> const Archivable& { return records[i]; }, forKey);
+    }
+
     void encodeInteger(std::int64_t value, std::string_view forKey);
     void encodeBool(bool value, std::string_view forKey);
     void encodeDouble(double value, std::string_view forKey);
@@ -40,6 +58,9 @@ public:
     explicit KeyedArchiver(Impl& impl);  // made by archivedDataWithRootObject only
 
 private:
+    void encodeRecords(std::size_t count, const std::function<const Archivable&(std::size_t)>& record,
+                       std::string_view forKey);
+
     Impl& impl_;
 };
 

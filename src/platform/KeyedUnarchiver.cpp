@@ -52,8 +52,12 @@ struct KeyedUnarchiver::Impl {
     std::vector<Slot> slots;
     std::shared_ptr<OpaqueRecord::Table> opaqueObjects;
     std::string failureReason;
-    Item current;  ///< the record that is being read
-    std::uint64_t nextPair = 0;
+    /// The record that is being read.
+    struct Current {
+        Item item;
+        std::uint64_t keyKinds = 0;
+        std::uint64_t nextPair = 0;
+    } current;
     int depth = 0;
 
     void fail(std::string reason) {
@@ -67,8 +71,13 @@ struct KeyedUnarchiver::Impl {
 
     std::optional<Item> value(std::string_view key) {
         if (!mayGoOn()) return std::nullopt;
-        if (key.starts_with('$')) return file.find(current, "$" + std::string(key), &nextPair);
-        return file.find(current, key, &nextPair);
+        if (key.starts_with('$')) return file.find(current.item, "$" + std::string(key), &current.nextPair);
+        if ((current.keyKinds & BinaryPropertyList::kindOfKey(key)) == 0) return std::nullopt;
+        return file.find(current.item, key, &current.nextPair);
+    }
+
+    Current beginning(const Item& record) {
+        return {.item = record, .keyKinds = file.spend(record.count) ? file.list().keyKinds(record) : 0};
     }
 
     Object decode(const Item& item) {
@@ -140,11 +149,16 @@ struct KeyedUnarchiver::Impl {
             fail("object " + std::to_string(number) + " is no class");
             return {};
         }
-        KnownClass known{.kind = platformClass(*name), .reader = classes.reader(*name)};
-        if (known.reader) known.kind = ClassKind::record;
+        const KnownClass known = name->kind == Kind::text ? classNamed(BinaryPropertyList::bytesOf(*name))
+                                                          : classNamed(BinaryPropertyList::text(*name));
         slots[number].isClassKnown = true;
         slots[number].knownClass = known;
         return known;
+    }
+
+    KnownClass classNamed(std::string_view name) const {
+        if (const auto* reader = classes.reader(name)) return {ClassKind::record, reader};
+        return {platformClass(name), nullptr};
     }
 
     Object decodeOfClass(const KnownClass& known, std::uint64_t number, const Item& object) {
@@ -189,8 +203,9 @@ struct KeyedUnarchiver::Impl {
 
     Object decodeElements(const Item& array) {
         Array elements;
+        if (!file.spend(kCostOfValue * array.count)) return {};
+        elements.reserve(array.count);
         for (std::uint64_t i = 0; i < array.count && mayGoOn(); ++i) {
-            if (!file.spend(kCostOfValue)) break;
             elements.push_back(decode(file.list().element(array, i)));
         }
         return elements;
@@ -249,12 +264,10 @@ struct KeyedUnarchiver::Impl {
     }
 
     Object decodeRecord(const ArchiveClasses::Reader& reader, const Item& object) {
-        const Item outer = std::exchange(current, object);
-        const std::uint64_t outerPair = std::exchange(nextPair, 0);
+        const Current outer = std::exchange(current, beginning(object));
         KeyedUnarchiver coder(*this);
         std::shared_ptr<Archivable> record = reader(coder);
         current = outer;
-        nextPair = outerPair;
         return record;
     }
 
@@ -299,6 +312,15 @@ struct KeyedUnarchiver::Impl {
         return BinaryPropertyList::text(item);
     }
 
+    /// The text where the item is one or leads to one, without an object made for it.
+    std::optional<std::string> decodeString(const Item& item) {
+        const Item target = item.kind == Kind::uid ? file.object(KeyedArchiveFile::uid(item)) : item;
+        const bool isPlain = BinaryPropertyList::isText(target) && !BinaryPropertyList::equals(target, "$null");
+        if (!isPlain) return decode(item).stringValue();
+        if (!file.spend(kCostOfValue + 3 * target.count)) return std::nullopt;
+        return BinaryPropertyList::text(target);
+    }
+
     Object number(std::string_view key) {
         const auto found = value(key);
         return found ? numberIn(file.resolved(*found)) : Object();
@@ -313,7 +335,7 @@ struct KeyedUnarchiver::Impl {
 Result<> KeyedUnarchiver::unarchiveContents(const Data& data, const ArchiveClasses& classes,
                                             const std::function<void(KeyedUnarchiver&)>& decode) {
     Impl impl(TRY(KeyedArchiveFile::open(data)), classes);
-    impl.current = impl.file.top();
+    impl.current = impl.beginning(impl.file.top());
     KeyedUnarchiver coder(impl);
     decode(coder);
     return impl.result();
@@ -352,7 +374,8 @@ std::optional<bool> KeyedUnarchiver::decodeBool(std::string_view forKey) { retur
 std::optional<double> KeyedUnarchiver::decodeDouble(std::string_view forKey) { return impl_.number(forKey).number(); }
 
 std::optional<std::string> KeyedUnarchiver::decodeString(std::string_view forKey) {
-    return decodeObject(forKey).stringValue();
+    const auto found = impl_.value(forKey);
+    return found ? impl_.decodeString(*found) : std::nullopt;
 }
 
 std::optional<Date> KeyedUnarchiver::decodeDate(std::string_view forKey) { return decodeObject(forKey).date(); }

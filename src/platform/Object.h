@@ -68,7 +68,8 @@ public:
     /// The record where it is of that class, else null.
     template <class T>
     [[nodiscard]] std::shared_ptr<T> as() const {
-        return std::dynamic_pointer_cast<T>(record());
+        const auto* record = std::get_if<std::shared_ptr<Archivable>>(&value_);
+        return record ? std::dynamic_pointer_cast<T>(*record) : nullptr;
     }
     [[nodiscard]] std::optional<std::string> stringValue() const;
 

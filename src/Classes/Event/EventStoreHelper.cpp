@@ -53,7 +53,7 @@ Result<std::shared_ptr<HHEvent>> EventStoreHelper::eventFromGeneralData(const Da
     const auto data = root->as<HHGeneralEventDocumentData>();
     if (!data) return noData(path, "the archive holds no event");
     auto event = std::make_shared<HHEvent>(itemKeyForFileURL(path));
-    event->fillStoreInfo(*data);
+    event->fillStoreInfo(std::move(*data));
     return event;
 }
 

@@ -164,7 +164,7 @@ public:
     [[nodiscard]] std::shared_ptr<HHGeneralEventDocumentData> getStoreInfo() const;
     /// Takes all but the identifier from the data. A picture that is in neither of its forms there is
     /// the one in the event's document.
-    void fillStoreInfo(const HHGeneralEventDocumentData& data);
+    void fillStoreInfo(HHGeneralEventDocumentData data);
 
     [[nodiscard]] std::vector<std::string> archiveClassNames() const override { return {kArchiveClass}; }
     /// The whole event in one archive, images included; images in the document are loaded for it.

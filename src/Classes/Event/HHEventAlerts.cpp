@@ -6,17 +6,11 @@
 namespace dayward {
 namespace {
 
-Object arrayOf(const std::optional<std::vector<XDIDateInterval>>& list) {
-    if (!list) return nullptr;
-    Array array;
-    for (const auto& interval : *list) array.emplace_back(std::make_shared<XDIDateInterval>(interval));
-    return array;
-}
-
 std::optional<std::vector<XDIDateInterval>> listOf(const Object& object) {
     const auto* array = object.array();
     if (!array) return std::nullopt;
     std::vector<XDIDateInterval> list;
+    list.reserve(array->size());
     for (const auto& item : *array) {
         if (const auto interval = item.as<XDIDateInterval>()) list.push_back(*interval);
     }
@@ -27,8 +21,12 @@ std::optional<std::vector<XDIDateInterval>> listOf(const Object& object) {
 
 void HHEventAlerts::encodeWithCoder(KeyedArchiver& coder) const {
     coder.encodeVersion(kVersion, kArchiveClass);
-    coder.encodeObject(arrayOf(list), kListKey);
-    coder.encodeObject(soundName, kSoundNameKey);
+    if (list) {
+        coder.encodeRecords(*list, kListKey);
+    } else {
+        coder.encodeObject(nullptr, kListKey);
+    }
+    coder.encodeString(soundName, kSoundNameKey);
 }
 
 bool HHEventAlerts::isEqual(const Archivable& other) const {

@@ -7,7 +7,7 @@ namespace dayward {
 
 void HHEventAppearance::encodeWithCoder(KeyedArchiver& coder) const {
     coder.encodeVersion(kVersion, kArchiveClass);
-    coder.encodeObject(fontName, kFontNameKey);
+    coder.encodeString(fontName, kFontNameKey);
     coder.encodeObject(colorObject(textColor), kFontColorKey);
 }
 

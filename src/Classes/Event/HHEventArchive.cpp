@@ -83,23 +83,24 @@ std::shared_ptr<HHGeneralEventDocumentData> HHEvent::getStoreInfo() const {
     return data;
 }
 
-void HHEvent::fillStoreInfo(const HHGeneralEventDocumentData& data) {
-    sourceInfo_ = data.sourceInfo;
-    name_ = data.name;
-    categoryKey_ = data.categoryKey;
-    setDate(data.date);
-    setTimes(data.times);
-    setRrule(data.rrule);
-    setDuration(data.duration);
-    showAge_ = data.showAge;
-    intervalFormat_ = data.intervalFormat;
-    alerts_ = data.alerts;
-    appearance_ = data.appearance;
-    note_ = data.note;
+void HHEvent::fillStoreInfo(HHGeneralEventDocumentData data) {
     icon_ = iconOfData(data, identifier_);
     background_ = backgroundOfData(data, identifier_);
-    randomBackground_ = data.randomBackground;
+    sourceInfo_ = std::move(data.sourceInfo);
+    name_ = std::move(data.name);
+    categoryKey_ = std::move(data.categoryKey);
+    date_ = data.date;
+    times_ = std::move(data.times);
+    rrule_ = std::move(data.rrule);
+    duration_ = data.duration;
+    showAge_ = data.showAge;
+    intervalFormat_ = data.intervalFormat;
+    alerts_ = std::move(data.alerts);
+    appearance_ = std::move(data.appearance);
+    note_ = std::move(data.note);
+    randomBackground_ = std::move(data.randomBackground);
     version_ = data.syncVersion;
+    moduleEventDateRefresh();
 }
 
 void HHEvent::encodeWithCoder(KeyedArchiver& coder) const {

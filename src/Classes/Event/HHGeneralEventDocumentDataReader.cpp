@@ -51,6 +51,7 @@ T valueOr(const std::shared_ptr<T>& record, T otherwise) {
 
 }  // namespace
 
+// Keys are asked for in the order of the archive, in which the next one is found at once.
 std::shared_ptr<Archivable> HHGeneralEventDocumentData::read(KeyedUnarchiver& coder) {
     auto data = std::make_shared<HHGeneralEventDocumentData>();
     data->type = coder.decodeInteger(kTypeKey).value_or(0);
@@ -58,7 +59,6 @@ std::shared_ptr<Archivable> HHGeneralEventDocumentData::read(KeyedUnarchiver& co
     data->name = coder.decodeString(kNameKey);
     data->readCategory(coder);
     data->readDates(coder);
-    if (const auto duration = coder.decodeRecord<XDIDateInterval>(kDurationKey)) data->duration = *duration;
     data->showAge = coder.decodeBool(kShowAgeKey).value_or(false);
     data->intervalFormat = valueOr(coder.decodeRecord<HHEventDateFormat>(kIntervalFormatKey), HHEventDateFormat());
     data->alerts = valueOr(coder.decodeRecord<HHEventAlerts>(kAlertsKey), HHEventAlerts());
@@ -81,10 +81,12 @@ void HHGeneralEventDocumentData::readCategory(KeyedUnarchiver& coder) {
 
 void HHGeneralEventDocumentData::readDates(KeyedUnarchiver& coder) {
     const auto storedDate = usableDate(coder.decodeDate(kDateKey));
+    auto storedTimes = timesOf(coder.decodeObject(kTimesKey));
+    if (const auto stored = coder.decodeRecord<XDIDateInterval>(kDurationKey)) duration = *stored;
     auto storedRule = coder.decodeString(kRRuleKey);
     if (storedDate || storedRule) {
         if (storedDate) date = *storedDate;
-        times = timesOf(coder.decodeObject(kTimesKey));
+        times = std::move(storedTimes);
         rrule = std::move(storedRule);
     } else if (const auto calendar = coder.decodeRecord<XELCalendarBase>(kCalendarKey)) {
         if (const auto start = usableDate(calendar->date())) date = *start;
@@ -96,10 +98,10 @@ void HHGeneralEventDocumentData::readDates(KeyedUnarchiver& coder) {
 
 void HHGeneralEventDocumentData::readPictures(KeyedUnarchiver& coder) {
     icon_named = coder.decodeString(kIconNamedKey);
-    icon = coder.decodeRecord<EventIconPicture>(kIconKey);
-    icon_is_null = coder.decodeBool(kIconIsNullKey).value_or(false);
     background_named = coder.decodeString(kBackgroundNamedKey);
     background_color = colorOf(coder.decodeObject(kBackgroundColorKey));
+    icon = coder.decodeRecord<EventIconPicture>(kIconKey);
+    icon_is_null = coder.decodeBool(kIconIsNullKey).value_or(false);
     background = coder.decodeRecord<EventBackgroundPicture>(kBackgroundKey);
     randomBackground = coder.decodeRecord<EventBackgroundPicture>(kRandomBackgroundKey);
     background_is_null = coder.decodeBool(kBackgroundIsNullKey).value_or(false);

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/BinaryPropertyList.h"
 #include "platform/PropertyList.h"
 
 namespace dayward {
