@@ -144,7 +144,8 @@ ZoneRules ZoneRules::fixed(std::int32_t offset) {
 Result<ZoneRules> ZoneRules::ofPosixText(std::string_view text) {
     const auto zone = PosixZone::parse(text);
     if (!zone) return broken("no time zone text");
-    ZoneRules rules = fixed(zone->offset);
+    ZoneRules rules;
+    rules.append(std::numeric_limits<std::int64_t>::min(), zone->offset, false);
     rules.applyFooter(*zone, false);
     rules.finish();
     return rules;

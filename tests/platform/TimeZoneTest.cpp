@@ -243,8 +243,18 @@ TEST(TimeZone, FindsTheZoneOfTheDevice) {
     }
 }
 
+/// The quick lookup says what the table says, around each of the first changes after 1900.
+void expectTheSameOffsetsByBucket(const ZoneRules& rules) {
+    std::optional<std::int64_t> change = -2208988800;
+    for (int left = 500; left > 0 && change; --left, change = rules.nextTransitionAfter(*change)) {
+        for (const std::int64_t at : {*change - 1, *change, *change + 90000})
+            ASSERT_EQ(rules.offsetAt(at), rules.at(at).offset) << at;
+    }
+}
+
 /// Asks all that can be asked; the sanitizers watch.
 void exercise(const ZoneRules& rules) {
+    expectTheSameOffsetsByBucket(rules);
     for (const std::int64_t at : {std::int64_t{-4000000000000000000}, std::int64_t{-1} << 60, std::int64_t{-5364662401},
                                   std::int64_t{0}, std::int64_t{17000000000}, std::int64_t{4000000000000000000}}) {
         ASSERT_LE(std::abs(rules.at(at).offset), 26 * 3600);
@@ -362,6 +372,7 @@ TEST(PosixZone, RulesOfTheFooter) {
         const auto rules = ZoneRules::ofPosixText(c.text);
         ASSERT_TRUE(rules) << c.text;
         EXPECT_EQ(rules->at(c.at).offset, c.offset) << c.text << " at " << c.at;
+        expectTheSameOffsetsByBucket(*rules);
     }
     std::istringstream broken(
         "X XX3 XXX XXX3YYY4, XXX3YYY4,M3.5.0 XXX3YYY4,M3.5.0, XXX3YYY4,M3.5.0,M10.5.0, <+033 <>3 XXX25 XXX3:60 "
