@@ -23,23 +23,21 @@ namespace {
 
 using testing::ElementsAre;
 
-std::string pathText(IndexPath path) { return std::to_string(path.section) + "." + std::to_string(path.row); }
-
-/// Writes down what it is told.
+/// Writes down what it is told, in the words of PlainTable.
 class RecordingTable final : public TableView {
 public:
     void reloadData() override { messages.push_back("reload"); }
-    void insertRow(IndexPath path) override { messages.push_back("insert " + pathText(path)); }
-    void reloadRow(IndexPath path) override { messages.push_back("reload " + pathText(path)); }
-    void deleteRow(IndexPath path) override { messages.push_back("delete " + pathText(path)); }
+    void insertRow(IndexPath path) override { messages.push_back("insert row " + text(path)); }
+    void reloadRow(IndexPath path) override { messages.push_back("reload row " + text(path)); }
+    void deleteRow(IndexPath path) override { messages.push_back("delete row " + text(path)); }
     void moveRow(IndexPath from, IndexPath to) override {
-        messages.push_back("move " + pathText(from) + " " + pathText(to));
+        messages.push_back("move row " + text(from) + " to " + text(to));
     }
     void insertSection(std::size_t index) override { messages.push_back("insert section " + std::to_string(index)); }
     void reloadSection(std::size_t index) override { messages.push_back("reload section " + std::to_string(index)); }
     void deleteSection(std::size_t index) override { messages.push_back("delete section " + std::to_string(index)); }
     void moveSection(std::size_t, std::size_t) override { messages.push_back("move section"); }
-    void deselectRow(IndexPath path, bool) override { messages.push_back("deselect " + pathText(path)); }
+    void deselectRow(IndexPath path, bool) override { messages.push_back("deselect " + text(path)); }
     std::vector<std::shared_ptr<EventTableViewCell>> visibleCells() override { return cells; }
     std::optional<IndexPath> indexPathForCell(const EventTableViewCell& cell) override {
         for (std::size_t row = 0; row < cells.size(); ++row) {
@@ -56,6 +54,9 @@ public:
     std::vector<std::shared_ptr<EventTableViewCell>> cells;
     std::size_t vanishing = 99;
     double offset = 0;
+
+private:
+    static std::string text(IndexPath path) { return PlainTable<int, int>::text(path); }
 };
 
 std::vector<std::string> keys(const EventTableManager& manager) {
@@ -79,8 +80,8 @@ TEST_F(TableManagers, AnUpdatedRowStaysUntilTheListIsSorted) {
     EXPECT_THAT(keys(manager), ElementsAre("a", "b", "c"));
     manager.sortData();
     EXPECT_THAT(keys(manager), ElementsAre("b", "c", "a"));
-    EXPECT_THAT(table.messages,
-                ElementsAre("reload", "reload 0.0", "insert section 2", "move 0.1 0.0", "move 0.1 2.0"));
+    EXPECT_THAT(table.messages, ElementsAre("reload", "reload row 0.0", "insert section 2", "move row 0.1 to 0.0",
+                                            "move row 0.1 to 2.0"));
     EXPECT_EQ(manager.titleForHeaderInSection(2), "  May 2026");
     EXPECT_EQ(manager.heightForHeaderInSection(2), 20.0);
     EXPECT_EQ(manager.heightForRowAtIndexPath({}), 70.0);
@@ -100,7 +101,7 @@ TEST_F(TableManagers, PullToClearEmptiesTheMissedSection) {
     table.offset = -150.5;
     manager.scrollViewDidEndDragging(true);
     EXPECT_FALSE(MissedEventsHelper::isMissed("a"));
-    EXPECT_THAT(table.messages, ElementsAre("insert section 2", "move 0.0 2.0", "delete section 0"));
+    EXPECT_THAT(table.messages, ElementsAre("insert section 2", "move row 0.0 to 2.0", "delete section 0"));
 }
 
 TEST_F(TableManagers, NamesStandUnnamedFirstAndCapitalsBeforeSmallLetters) {
@@ -248,14 +249,6 @@ PlainEvents plainEventsByDate() {
     return plain;
 }
 
-/// The plain list's messages in the words of RecordingTable.
-std::vector<std::string> taken(std::vector<std::string>& log) {
-    for (std::string& line : log)
-        for (const std::string_view word : {" row", " to"})
-            if (const auto at = line.find(word); at != std::string::npos) line.erase(at, word.size());
-    return std::exchange(log, {});
-}
-
 TEST_F(TableManagers, TheListByDateIsThePlainListStepByStep) {
     constexpr std::array<const char*, 7> kNames = {"",   "a", "B", "the same until here", "the same until hers",
                                                    "a ", "aa"};
@@ -266,7 +259,8 @@ TEST_F(TableManagers, TheListByDateIsThePlainListStepByStep) {
         const int span = std::array{3, 40, 3000}[seed % 3];
         const auto anyRow = [&] {
             auto made = std::make_shared<HHEvent>(std::to_string(below(40)));
-            made->setDate(environment->now() + TimeInterval(86400.0 * (below(span) - span / 3)));
+            const double days = below(100) == 0 ? 1e12 : below(span) - span / 3;  // sometimes beyond 2^52 seconds
+            made->setDate(environment->now() + TimeInterval(86400.0 * days));
             if (below(15) > 0)
                 made->setTimes({std::array{0, 719, 720, 721, 1439}[seed % 2 == 0 ? below(5) : 2]});
             else
@@ -305,7 +299,7 @@ TEST_F(TableManagers, TheListByDateIsThePlainListStepByStep) {
                     manager.setObjects(rows);
                     plain.setObjects({rows.begin(), rows.end()});
             }
-            ASSERT_EQ(std::exchange(table.messages, {}), taken(plain.log)) << "step " << step;
+            ASSERT_EQ(std::exchange(table.messages, {}), std::exchange(plain.log, {})) << "step " << step;
             const auto rows = plain.objects();
             ASSERT_TRUE(std::ranges::equal(manager.objects(), rows, {}, {}, &PlainRow::event)) << "step " << step;
             ASSERT_EQ(manager.sections(), plain.sections()) << "step " << step;
