@@ -63,7 +63,7 @@ std::vector<EventTableManager::Group> EventByDateTableManager::arranged(std::vec
 }
 
 std::int64_t EventByDateTableManager::orderStamp() const {
-    return static_cast<std::int64_t>(std::floor(Environment::current().now().secondsSinceReference() * 2));
+    return wholeSeconds(Environment::current().now().secondsSinceReference() * 2);
 }
 
 }  // namespace dayward

@@ -7,6 +7,7 @@
 
 #include "Classes/Interface/List/EventByDateTableManager.h"
 #include "Submodules/CorpLibrary2/Foundation/RadixSort.h"
+#include "Submodules/CorpLibrary2/Foundation/StableMergeSort.h"
 #include "alerts/MissedEventsHelper.h"
 #include "platform/Collation.h"
 #include "platform/Environment.h"
@@ -78,7 +79,7 @@ std::vector<Section> sectionsOf(const std::vector<DatedRow>& rows, const std::ve
         }
         sections[last].rows.push_back(row);
     }
-    std::ranges::sort(sections, [](const Section& a, const Section& b) {
+    stableMergeSort(sections, [](const Section& a, const Section& b) {
         return HHDTDSContainer::isOrderedBefore(*a.object, *b.object);
     });
     return sections;
