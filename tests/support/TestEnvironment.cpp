@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <map>
 
 #include "platform/Archivable.h"
 #include "platform/Color.h"
@@ -50,11 +51,16 @@ TimeZone zoneNamed(const std::string& name) {
     return *zone;
 }
 
-/// The string tables of the source tree; none where a test stands below them.
+/// The string tables of the source tree, read once a language; none where a test stands below them.
 std::shared_ptr<const Strings> loadStrings(const Locale& locale) {
+    static Mutex mutex;
+    static std::map<std::string, std::shared_ptr<const Strings>> loaded;
+    const Lock lock(mutex);
+    auto& known = loaded[locale.languageCode()];
+    if (known) return known;
     const LinuxFileSystem files;
     auto strings = Strings::load(files, joinPath(DAYWARD_TEST_RESOURCES, "strings"), locale.languageCode());
-    return strings ? *strings : std::make_shared<const Strings>();
+    return known = strings ? *strings : std::make_shared<const Strings>();
 }
 
 Date localInstant(const TimeZone& zone, std::string_view text) {
