@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <atomic>
 #include <condition_variable>
 #include <set>
 #include <thread>
@@ -39,8 +40,7 @@ protected:
         store("early.evn");
         EXPECT_THAT(namesUntil("early.evn"), ElementsAre("early.evn"));
         watch->watchInside();
-        ASSERT_TRUE(waitFor([&] { return lost; }));
-        lost = false;
+        ASSERT_TRUE(waitFor([&] { return std::exchange(lost, false); }));
     }
 
     void store(const std::string& key, const std::string& text = "content") {
@@ -73,9 +73,9 @@ protected:
     Mutex mutex;
     std::condition_variable_any told;
     Names seen;
-    int calls = 0;
+    std::atomic<int> calls = 0;
     bool lost = false;
-    bool sawEnvironment = false;
+    std::atomic<bool> sawEnvironment = false;
     std::unique_ptr<DirectoryWatch> watch;
 };
 
