@@ -51,8 +51,8 @@ void EventByCustomTableManager::moveRowAtIndexPath(IndexPath from, IndexPath to)
 void EventByCustomTableManager::saveOrder() {
     std::vector<std::string> keys;
     for (const EventRow& event : objects()) keys.push_back(event->identifier());
-    ++stamp_;
     AppSettings::setTableSortIdentifiers(keys);
+    ++stamp_;
 }
 
 EventTableManager::RowComparator EventByCustomTableManager::objectsSortComparatorForSection(const EventSection&) const {

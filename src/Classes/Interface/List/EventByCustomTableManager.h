@@ -2,6 +2,7 @@
 // not know come first.
 #pragma once
 
+#include <atomic>
 #include <unordered_map>
 
 #include "Classes/Interface/List/EventTableManager.h"
@@ -44,7 +45,7 @@ protected:
 private:
     void saveOrder();
 
-    std::int64_t stamp_ = 0;
+    std::atomic<std::int64_t> stamp_ = 0;  ///< counts the orders written
 };
 
 }  // namespace dayward
