@@ -35,7 +35,8 @@ struct Section {
 
 /// Events lie anywhere in memory: so many rows ahead they are fetched before they are read.
 constexpr std::size_t kLookahead = 16;
-constexpr double kFarthest = 4503599627370496;
+/// Up to here every whole second has a number of its own.
+constexpr double kFarthest = 0x1p52;
 
 /// Running events (their seconds may have either sign), then those ahead, then past ones.
 std::uint64_t keyOf(const EventDateRank& rank) {

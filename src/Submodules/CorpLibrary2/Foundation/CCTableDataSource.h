@@ -6,7 +6,8 @@
 // updateObject no section is empty and no two section objects are equal. Rows are found through an index,
 // which is made when one is first looked for, and positions through balanced trees, so that an operation
 // costs O(log n) and sortData O(n log n); appending to rows that stand out of order costs as much more as
-// they have places of disorder, and finding one of several equal rows as many positions.
+// they have places of disorder, the first appending to a section after orderStamp() has changed O(n), and
+// finding one of several equal rows as many positions.
 //
 // Any thread; each operation holds the list's own recursive monitor from first to last, also while the
 // delegate is told.
