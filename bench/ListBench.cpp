@@ -1,9 +1,11 @@
 // The list by date over 100,000 events: from the events to sections and rows, with the dates known and with
 // nothing known, and the change of single rows. Half of the events are yearly days, the others stand alone.
 #include <algorithm>
+#include <ctime>
 #include <random>
 
 #include "Classes/Interface/List/EventByDateTableManager.h"
+#include "Classes/Interface/List/EventTableViewCell.h"
 #include "support/Bench.h"
 #include "support/StoreHome.h"
 
@@ -13,6 +15,7 @@ using namespace dayward;
 
 constexpr int kMany = 100000;
 constexpr int kFew = 1000;
+constexpr std::size_t kVisible = 20;
 
 std::shared_ptr<HHEvent> randomEvent(std::mt19937& random) {
     const auto below = [&](int end) { return static_cast<int>(random() % static_cast<unsigned>(end)); };
@@ -106,6 +109,33 @@ void sortInOrder(benchmark::State& state) {
     for (auto _ : state) manager.sortData();
 }
 
+/// What a second of a visible list costs: each row is written anew.
+void writeRows(benchmark::State& state) {
+    const std::vector<EventRow>& rows = Events::of(kFew).rows();
+    EventByDateTableManager manager(nullptr);
+    std::vector<std::shared_ptr<EventTableViewCell>> cells(kVisible);
+    for (auto& cell : cells) cell = std::make_shared<EventTableViewCell>();
+    for (auto _ : state)
+        for (std::size_t row = 0; row < kVisible; ++row) manager.configureCell(cells[row], rows[row]);
+}
+
+/// The C library's two lines of such rows.
+void printRows(benchmark::State& state) {
+    const std::vector<EventRow>& rows = Events::of(kFew).rows();
+    for (auto _ : state) {
+        const Date now = Environment::current().now();
+        for (std::size_t row = 0; row < kVisible; ++row) {
+            const Date next = rows[row]->nextDate().value();
+            const auto instant = static_cast<std::time_t>(next.secondsSince1970());
+            std::tm fields{};
+            char line[2][64];
+            (void)std::strftime(line[0], sizeof line[0], "%A, %B %e, %Y, %H:%M", localtime_r(&instant, &fields));
+            (void)std::snprintf(line[1], sizeof line[1], "%.0f Days", (next - now).seconds() / 86400);
+            benchmark::DoNotOptimize(line);
+        }
+    }
+}
+
 }  // namespace
 
 DAYWARD_BENCH_WALL(sort_rows, ours, 1) {
@@ -126,3 +156,6 @@ DAYWARD_BENCH(update_row, few) { changeRows(state, kFew, updateRow); }
 
 DAYWARD_BENCH(replace_row, ours) { changeRows(state, kMany, takeRowOutAndIn); }
 DAYWARD_BENCH(replace_row, few) { changeRows(state, kFew, takeRowOutAndIn); }
+
+DAYWARD_BENCH(tick_20, ours) { writeRows(state); }
+DAYWARD_BENCH(tick_20, printf) { printRows(state); }
