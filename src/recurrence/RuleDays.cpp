@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <bitset>
 #include <cstdlib>
 #include <utility>
 
@@ -16,6 +17,9 @@ using Frequency = ParsedRule::Frequency;
 using Values = ParsedRule::Values;
 
 bool holds(const Values& values, int value) { return std::ranges::find(values, value) != values.end(); }
+
+/// The farthest position that a legal rule lists (see RuleWalk), from either end.
+constexpr int kMostPositions = 366;
 
 int daysInYear(int year) { return isLeapYear(year) ? 366 : 365; }
 
@@ -43,10 +47,12 @@ int weeksInYear(int year) {
     return firstDay == 4 || (firstDay == 3 && isLeapYear(year)) ? 53 : 52;
 }
 
-bool isWeekListed(const ParsedRule& rule, int year, int week) {
-    if (rule.weeks().empty()) return true;
-    return std::ranges::any_of(
-        rule.weeks(), [&](int listed) { return (listed < 0 ? listed + weeksInYear(year) + 1 : listed) == week; });
+/// The weeks of the year that the rule lists, a bit each; all of them where it lists none.
+std::uint64_t listedWeeks(const ParsedRule& rule, int year) {
+    if (rule.weeks().empty()) return ~0ULL;
+    std::uint64_t weeks = 0;
+    for (const int listed : rule.weeks()) weeks |= 1ULL << (listed < 0 ? listed + weeksInYear(year) + 1 : listed);
+    return weeks;
 }
 
 }  // namespace
@@ -77,8 +83,7 @@ PeriodDays::PeriodDays(const ParsedRule& rule, const IcalTime& start, int year, 
     } else {
         expandYear(rule, start, year);
     }
-    if (!rule.setPositions().empty())
-        keepPositions(rule, month != 0 ? daysInMonthOf(year, month) : daysInYear(year));
+    if (!rule.setPositions().empty()) keepPositions(rule, month != 0 ? daysInMonthOf(year, month) : daysInYear(year));
 }
 
 int PeriodDays::after(int day) const {
@@ -145,7 +150,8 @@ void PeriodDays::addDaysOfYear(const ParsedRule& rule, int length) {
 void PeriodDays::takeWeekdays(const ParsedRule& rule, const Part& part, bool limits) {
     const PeriodDays found = *this;
     for (int day = 1; day <= part.length; ++day) remove(part.before + day);
-    for (const int item : rule.days()) addWeekdays(rule, part, item);
+    const std::uint64_t weeks = listedWeeks(rule, part.year);
+    for (const int item : rule.days()) addWeekdays(rule, part, item, weeks);
     const int end = part.before + part.length;
     for (int day = part.before; (day = after(day)) <= end;) {
         if (limits && !found.contains(day)) {
@@ -156,7 +162,7 @@ void PeriodDays::takeWeekdays(const ParsedRule& rule, const Part& part, bool lim
     }
 }
 
-void PeriodDays::addWeekdays(const ParsedRule& rule, const Part& part, int item) {
+void PeriodDays::addWeekdays(const ParsedRule& rule, const Part& part, int item, std::uint64_t weeks) {
     const int weekday = weekdayOf(item), ordinal = ordinalOf(item);
     const int earliest = (weekday + 7 - part.firstWeekday) % 7 + 1;
     const int latest = part.length - (part.lastWeekday + 7 - weekday) % 7;
@@ -170,7 +176,7 @@ void PeriodDays::addWeekdays(const ParsedRule& rule, const Part& part, int item)
     }
     const int last = ordinal == 0 ? part.length : day;
     for (; day <= last; day += 7, ++week) {
-        if (isWeekListed(rule, part.year, week)) add(part.before + day);
+        if ((weeks >> week & 1) != 0) add(part.before + day);
     }
 }
 
@@ -179,10 +185,14 @@ void PeriodDays::addWeekdays(const ParsedRule& rule, const Part& part, int item)
 void PeriodDays::keepPositions(const ParsedRule& rule, int length) {
     const PeriodDays all = *this;
     for (int day = kFirst; day < 1; ++day) remove(day);
-    const auto& listed = rule.setPositions();
+    std::bitset<2 * kMostPositions + 1> listed;
+    for (const int position : rule.setPositions()) listed.set(static_cast<std::size_t>(position + kMostPositions));
+    const auto isListed = [&listed](int position) {
+        return std::abs(position) <= kMostPositions && listed[static_cast<std::size_t>(position + kMostPositions)];
+    };
     int position = 0;
     for (int day = 0; (day = all.after(day)) <= length; ++position) {
-        if (!holds(listed, position + 1) && !holds(listed, position - total_)) remove(day);
+        if (!isListed(position + 1) && !isListed(position - total_)) remove(day);
     }
     if (after(0) > length) words_ = {};
 }

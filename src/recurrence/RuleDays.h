@@ -44,7 +44,7 @@ private:
     void addDaysOfMonth(const ParsedRule& rule, const IcalTime& start, const Part& part);
     void addDaysOfYear(const ParsedRule& rule, int length);
     void takeWeekdays(const ParsedRule& rule, const Part& part, bool limits);
-    void addWeekdays(const ParsedRule& rule, const Part& part, int item);
+    void addWeekdays(const ParsedRule& rule, const Part& part, int item, std::uint64_t weeks);
     void keepPositions(const ParsedRule& rule, int length);
 
     void add(int day) { word(day) |= bit(day); }
