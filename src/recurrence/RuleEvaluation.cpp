@@ -34,6 +34,7 @@ std::optional<IcalTime> lastStep(const Rule& rule, const IcalTime& start) {
         without = with;
         with *= 2;
     }
+    if (with >= whole && !hasAnswer(with)) return std::nullopt;
     while (with - without > 3600) {
         const std::int64_t middle = (with + without) / 2;
         (hasAnswer(middle) ? with : without) = middle;

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "platform/CivilDay.h"
+#include "recurrence/DayFilter.h"
 #include "recurrence/RuleJump.h"
 #include "recurrence/RuleWalk.h"
 
@@ -24,7 +25,11 @@ bool holds(const ParsedRule::Values& values, int value) {
 class StepWalk final : public RuleWalk {
 public:
     StepWalk(std::shared_ptr<const ParsedRule> rule, const IcalTime& start, const std::optional<IcalTime>& skipTo)
-        : rule_(std::move(rule)), start_(start), offsets_(secondsWithinUnit(*rule_, start)) {
+        : rule_(std::move(rule)),
+          start_(start),
+          offsets_(secondsWithinUnit(*rule_, start)),
+          filter_(*rule_),
+          lastDay_(dayNumberOf(lastYearOf(*rule_) + 1, 1, 0)) {
         unitSeconds_ = secondsPerUnit(rule_->frequency());
         unit_ = floorDivide(secondsOf(firstTime()), unitSeconds_);
         if (!skipTo) return;
@@ -46,6 +51,10 @@ public:
     }
 
 private:
+    static int lastYearOf(const ParsedRule& rule) {
+        return rule.until() ? std::min(rule.until()->year, kLastRuleYear) : kLastRuleYear;
+    }
+
     /// libical begins at the first of the listed hours and minutes of the start's day, not at the
     /// start's own, and keeps that phase.
     [[nodiscard]] IcalTime firstTime() const {
@@ -92,10 +101,13 @@ private:
     bool isUnitAllowed() {
         const std::int64_t seconds = unit_ * unitSeconds_;
         const std::int64_t day = floorDivide(seconds, kSecondsPerDay);
-        if (!isDayAllowed(day)) {
-            skipTowardsAllowedDay(day);
+        if (day != allowedDay_ && !filter_.allows(day)) {
+            const auto next = filter_.nextAfter(day, lastDay_);
+            if (next) advanceTo(*next * kSecondsPerDay);
+            isAtEnd_ = !next;
             return false;
         }
+        allowedDay_ = day;
         const IcalTime time = icalTimeOfSeconds(seconds);
         const Frequency frequency = rule_->frequency();
         std::int64_t length = 0;
@@ -111,28 +123,6 @@ private:
         if (isBeyondEnd(time)) isAtEnd_ = true;
         advanceTo((floorDivide(seconds, length) + 1) * length);
         return false;
-    }
-
-    void skipTowardsAllowedDay(std::int64_t day) {
-        do {
-            ++day;
-            if (isBeyondEnd(icalTimeOfSeconds(day * kSecondsPerDay))) {
-                isAtEnd_ = true;
-                return;
-            }
-        } while (!isDayAllowed(day));
-        advanceTo(day * kSecondsPerDay);
-    }
-
-    bool isDayAllowed(std::int64_t day) {
-        if (day == checkedDay_) return isCheckedDayAllowed_;
-        checkedDay_ = day;
-        const CivilDay date = civilDayOf(day);
-        // Negative and numbered days never equal a date's own fields: libical reads them so.
-        isCheckedDayAllowed_ = holds(rule_->months(), date.month) && holds(rule_->daysOfMonth(), date.day) &&
-                               holds(rule_->days(), weekdayIndexOf(day) + 1) &&
-                               holds(rule_->daysOfYear(), static_cast<int>(day - dayNumberOf(date.year, 1, 1) + 1));
-        return isCheckedDayAllowed_;
     }
 
     void advance() {
@@ -194,8 +184,9 @@ private:
     std::size_t value_ = 0;
     std::int64_t occurrences_ = 0;
     bool isAtEnd_ = false;
-    std::int64_t checkedDay_ = INT64_MIN;
-    bool isCheckedDayAllowed_ = false;
+    DayFilter filter_;
+    std::int64_t lastDay_;  ///< of the last year in which anything can occur
+    std::int64_t allowedDay_ = INT64_MIN;
 };
 
 }  // namespace
