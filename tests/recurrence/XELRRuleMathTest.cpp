@@ -238,6 +238,10 @@ TEST_F(XELRRuleMathTest, AnswersHostileRulesAtOnce) {
     std::string sixty = "0";
     for (int i = 1; i < 60; ++i) sixty += "," + std::to_string(i);
     everySecond += ";BYMINUTE=" + sixty + ";BYSECOND=" + sixty;
+    std::string weeks = "FREQ=YEARLY;BYSETPOS=366;BYDAY=MO";
+    for (int i = 1; i < 385; ++i) weeks += ",MO";
+    weeks += ";BYWEEKNO=-53";
+    for (int i = 1; i < 55; ++i) weeks += ",-53";
     const std::pair<std::string, const char*> cases[] = {
         {"FREQ=DAILY;INTERVAL=0", kNone},
         {"FREQ=DAILY;INTERVAL=-1", kNone},
@@ -285,6 +289,7 @@ TEST_F(XELRRuleMathTest, AnswersHostileRulesAtOnce) {
         {days, kNone},
         {seconds, kNone},
         {positions, kNone},
+        {weeks, kNone},
         {everySecond, "2027-01-01T00:00:00"},
         {everySecond + ";BYYEARDAY=200", "2026-07-19T00:00:00"},
         {"FREQ=YEARLY;BYMONTHDAY=1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20,21,22,23,24,25,26,27,28,29,30,31;"
