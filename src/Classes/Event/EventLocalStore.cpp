@@ -7,6 +7,7 @@
 #include "Classes/Event/PackageReader.h"
 #include "Classes/Event/PackageStamp.h"
 #include "Classes/Event/PackageWrites.h"
+#include "Classes/Event/SharedParts.h"
 #include "platform/UnreadableFiles.h"
 #include "platform/DirectoryWatch.h"
 #include "platform/DispatchQueue.h"
@@ -88,6 +89,7 @@ void EventLocalStore::load() {
         }
         const std::vector<std::string> paths = packagePaths();
         dataLayer_.reserve(paths.size());
+        SharedParts parts;
         for (LoadedPackage& package : reader_->readAll(paths)) {
             const std::string key =
                 package.event ? (*package.event)->identifier() : keyForURL(*this, package.path);
@@ -96,6 +98,7 @@ void EventLocalStore::load() {
             if (!package.event) package = readUndisturbed(package.path).value_or(std::move(package));
             stamps_->set(key, package.stamp);
             if (package.event) {
+                parts.share(**package.event);
                 dataLayer_[key] = *std::move(package.event);
             } else if (package.exists) {
                 leaveOut(package.path, package.event.error());
@@ -258,8 +261,8 @@ Result<> EventLocalStore::writeValue(CCFilesKeyStore&, const Object& value, cons
 void EventLocalStore::storeValueDidUpdate(const std::string& key) {
     const std::string path = pathOfKey(key);
     EventStoreHelper::forgetImages(path);
-    auto stamp = PackageStamp::ofPackage(environment().files(), path);
-    stamps_->set(key, stamp ? *std::move(stamp) : std::nullopt);
+    const auto stamp = PackageStamp::ofPackage(environment().files(), path);
+    stamps_->set(key, stamp.value_or(std::nullopt));
     unreadable_->forget(path);
     forgetLeftOut(path);
     writes_->fileIsDone(key);

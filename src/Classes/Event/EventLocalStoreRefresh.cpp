@@ -62,7 +62,9 @@ void EventLocalStore::refreshFromDisk() {
         return;
     }
     forgetLeftOut(directory_);
-    std::vector<std::string> keys = stamps_->keys();
+    std::vector<std::string> keys = getSyncKeys();
+    std::erase_if(keys, [this](const std::string& key) { return !URLForKey(*this, key); });
+    for (const LeftOut& file : leftOut()) keys.push_back(keyForURL(*this, file.path));
     const std::unordered_set<std::string> known(keys.begin(), keys.end());
     for (const std::string& name : *names) {
         if (pathExtension(name) != fileExtension_) continue;
@@ -85,7 +87,7 @@ void EventLocalStore::refreshKeys(const std::vector<std::string>& keys) {
 void EventLocalStore::refreshKey(const std::string& key, Changes& changes) {
     const std::string path = pathOfKey(key);
     const auto stamp = PackageStamp::ofPackage(environment().files(), path);
-    if (stamp && *stamp == stamps_->stampOfKey(key)) return;
+    if (stamp && stamps_->isUnchanged(key, *stamp)) return;
     const auto seenChange = writes_->settledChange(key);
     if (!seenChange) return;
     if (const auto package = readUndisturbed(path)) {
@@ -110,7 +112,7 @@ void EventLocalStore::takeIn(const std::string& key, const LoadedPackage& packag
     const Lock lock(dataLayerLock_);
     // A change of our own since then is newer than what was read, and its write will find it.
     if (!isLatest(key, seenChange)) return;
-    if (package.stamp == stamps_->stampOfKey(key)) return;
+    if (stamps_->isUnchanged(key, package.stamp)) return;
     stamps_->set(key, package.stamp);
     if (package.event) {
         forgetLeftOut(package.path);

@@ -21,14 +21,14 @@ HHEvent::HHEvent(const HHEvent& other)
       times_(other.times_),
       rrule_(other.rrule_),
       duration_(other.duration_),
-      showAge_(other.showAge_),
       intervalFormat_(other.intervalFormat_),
       alerts_(other.alerts_),
       appearance_(other.appearance_),
       background_(other.background_),
       randomBackground_(other.randomBackground_),
       note_(other.note_),
-      version_(other.version_) {}
+      version_(other.version_),
+      showAge_(other.showAge_) {}
 
 HHEvent& HHEvent::operator=(const HHEvent& other) {
     identifier_ = other.identifier_;

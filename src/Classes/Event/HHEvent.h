@@ -16,6 +16,7 @@
 #include "Classes/Category/EventIconPicture.h"
 #include "Classes/Event/HHEventAlerts.h"
 #include "Classes/Event/HHEventAppearance.h"
+#include "Classes/Event/SharedText.h"
 #include "Classes/Other/Date/HHEventDateFormat.h"
 #include "intervals/XDIDateInterval.h"
 #include "platform/Archivable.h"
@@ -65,8 +66,10 @@ public:
     void setIdentifier(std::string identifier) { identifier_ = std::move(identifier); }
 
     /// Where the event came from; any archivable object, often null.
-    [[nodiscard]] const Object& sourceInfo() const { return sourceInfo_; }
-    void setSourceInfo(Object sourceInfo) { sourceInfo_ = std::move(sourceInfo); }
+    [[nodiscard]] const Object& sourceInfo() const { return sourceInfo_ ? *sourceInfo_ : kNoSource; }
+    void setSourceInfo(Object sourceInfo) {
+        sourceInfo_ = sourceInfo.isNull() ? nullptr : std::make_shared<const Object>(std::move(sourceInfo));
+    }
 
     /// Null means the category's icon.
     [[nodiscard]] const std::shared_ptr<EventIconPicture>& icon() const { return icon_; }
@@ -76,7 +79,7 @@ public:
     void setName(std::optional<std::string> name) { name_ = std::move(name); }
 
     /// Nothing means the default category.
-    [[nodiscard]] const std::optional<std::string>& categoryKey() const { return categoryKey_; }
+    [[nodiscard]] const std::optional<std::string>& categoryKey() const { return categoryKey_.value(); }
     void setCategoryKey(std::optional<std::string> key) { categoryKey_ = std::move(key); }
 
     /// The day of the first occurrence; its time of day counts for nothing.
@@ -87,7 +90,7 @@ public:
     [[nodiscard]] const std::vector<std::int64_t>& times() const { return times_; }
     void setTimes(std::vector<std::int64_t> times);
 
-    [[nodiscard]] const std::optional<std::string>& rrule() const { return rrule_; }
+    [[nodiscard]] const std::optional<std::string>& rrule() const { return rrule_.value(); }
     void setRrule(std::optional<std::string> rrule);
 
     [[nodiscard]] const std::optional<XDIDateInterval>& duration() const { return duration_; }
@@ -173,20 +176,22 @@ public:
     static std::shared_ptr<Archivable> read(KeyedUnarchiver& coder);
 
 private:
+    friend class SharedParts;
+
     [[nodiscard]] std::shared_ptr<const DatesCalculation> calculateDates(Date now) const;
     [[nodiscard]] bool isCalculated(Date now) const DAYWARD_REQUIRES(calculationMutex_);
     [[nodiscard]] std::shared_ptr<EventCategory> displayCategory() const;
 
     std::string identifier_;
-    Object sourceInfo_;
+    inline static const Object kNoSource;
+    std::shared_ptr<const Object> sourceInfo_;
     std::shared_ptr<EventIconPicture> icon_;
     std::optional<std::string> name_;
-    std::optional<std::string> categoryKey_;
+    SharedText categoryKey_;
     Date date_;
     std::vector<std::int64_t> times_{0};
-    std::optional<std::string> rrule_;
+    SharedText rrule_;
     std::optional<XDIDateInterval> duration_;
-    bool showAge_ = false;
     HHEventDateFormat intervalFormat_;
     HHEventAlerts alerts_;
     HHEventAppearance appearance_;
@@ -196,8 +201,9 @@ private:
     std::optional<CCSyncItemVersion> version_;
 
     // Replaced whole: two threads that calculate at a time each get a valid result, the later stays.
-    mutable Mutex calculationMutex_;
     mutable std::shared_ptr<const DatesCalculation> calculation_ DAYWARD_GUARDED_BY(calculationMutex_);
+    mutable SmallMutex calculationMutex_;
+    bool showAge_ = false;
 };
 
 /// Makes archives of events and of their document data readable.

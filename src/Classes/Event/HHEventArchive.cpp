@@ -62,12 +62,12 @@ std::shared_ptr<Picture> selfContained(const std::shared_ptr<Picture>& picture) 
 
 std::shared_ptr<HHGeneralEventDocumentData> HHEvent::getStoreInfo() const {
     auto data = std::make_shared<HHGeneralEventDocumentData>();
-    data->sourceInfo = sourceInfo_;
+    data->sourceInfo = sourceInfo();
     data->name = name_;
-    data->categoryKey = categoryKey_;
+    data->categoryKey = categoryKey();
     data->date = date_;
     data->times = times_;
-    data->rrule = rrule_;
+    data->rrule = rrule();
     data->duration = duration_;
     data->showAge = showAge_;
     data->intervalFormat = intervalFormat_;
@@ -86,7 +86,7 @@ std::shared_ptr<HHGeneralEventDocumentData> HHEvent::getStoreInfo() const {
 void HHEvent::fillStoreInfo(HHGeneralEventDocumentData data) {
     icon_ = iconOfData(data, identifier_);
     background_ = backgroundOfData(data, identifier_);
-    sourceInfo_ = std::move(data.sourceInfo);
+    setSourceInfo(std::move(data.sourceInfo));
     name_ = std::move(data.name);
     categoryKey_ = std::move(data.categoryKey);
     date_ = data.date;

@@ -47,7 +47,7 @@ HHEvent::DatesCalculation HHEvent::datesAt(Date now) const {
 std::shared_ptr<const HHEvent::DatesCalculation> HHEvent::calculateDates(Date now) const {
     // How long the work takes is no question of the application's time.
     const auto begin = std::chrono::steady_clock::now();
-    const XELEventMath math(rrule_, date_, times_);
+    const XELEventMath math(rrule(), date_, times_);
     auto calculation = std::make_shared<DatesCalculation>();
     calculation->duration = duration_ ? duration_->timeInterval() : TimeInterval(0);
     calculation->next = math.dateAfterDate(now - calculation->duration);
@@ -72,8 +72,8 @@ bool HHEvent::isComing() const {
 
 std::string HHEvent::titleToDate(std::optional<Date> date) const {
     if (!name_) return {};
-    if (!showAge_ || rrule_ != XELRRule::rruleForFrequency(RuleFrequency::yearly)) return *name_;
-    return *name_ + " (" + std::to_string(XELRRuleMath(rrule_, date_).intervalsToDate(date)) + ")";
+    if (!showAge_ || rrule() != XELRRule::rruleForFrequency(RuleFrequency::yearly)) return *name_;
+    return *name_ + " (" + std::to_string(XELRRuleMath(rrule(), date_).intervalsToDate(date)) + ")";
 }
 
 }  // namespace dayward

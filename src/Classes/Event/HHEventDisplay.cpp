@@ -6,7 +6,7 @@
 namespace dayward {
 
 std::shared_ptr<EventCategory> HHEvent::displayCategory() const {
-    return CategoryLocalStore::shared().getCategory(categoryKey_);
+    return CategoryLocalStore::shared().getCategory(categoryKey());
 }
 
 std::shared_ptr<EventIconPicture> HHEvent::displayIcon() const { return EventDisplay::icon(icon_, displayCategory()); }

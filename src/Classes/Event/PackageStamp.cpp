@@ -1,6 +1,8 @@
 #include "Classes/Event/PackageStamp.h"
 
+#include <bit>
 #include <cstdio>
+#include <functional>
 
 #include "Classes/Event/EventDocument.h"
 
@@ -14,6 +16,26 @@ std::string textOf(const PackageStamp::Identity& identity) {
                   static_cast<unsigned long long>(identity.size), identity.modified.secondsSinceReference());
     return part;
 }
+
+/// The finishing steps of MurmurHash3.
+std::uint64_t mixed(std::uint64_t bits) {
+    bits = (bits ^ (bits >> 33)) * 0xff51afd7ed558ccdU;
+    bits = (bits ^ (bits >> 33)) * 0xc4ceb9fe1a85ec53U;
+    return bits ^ (bits >> 33);
+}
+
+std::uint64_t digestOf(std::uint64_t start, const PackageStamp::Identity& identity) {
+    std::uint64_t digest = mixed(start + identity.inode);
+    digest = mixed(digest + identity.size);
+    return mixed(digest + std::bit_cast<std::uint64_t>(identity.modified.secondsSinceReference()));
+}
+
+std::uint64_t digestOf(std::uint64_t start, const PackageStamp& stamp) {
+    const std::uint64_t digest = digestOf(start, stamp.package);
+    return stamp.general ? digestOf(digest, *stamp.general) : digest;
+}
+
+std::uint64_t digestOf(const std::string& key) { return mixed(std::hash<std::string>()(key)); }
 
 }  // namespace
 
@@ -29,26 +51,21 @@ Result<std::optional<PackageStamp>> PackageStamp::ofPackage(const FileSystem& fi
 
 std::string PackageStamp::text() const { return textOf(package) + (general ? textOf(*general) : ""); }
 
-std::optional<PackageStamp> PackageStamps::stampOfKey(const std::string& key) const {
+bool PackageStamps::isUnchanged(const std::string& key, const std::optional<PackageStamp>& stamp) const {
+    const std::uint64_t place = digestOf(key);
     const Lock lock(mutex_);
-    const auto found = stamps_.find(key);
-    return found == stamps_.end() ? std::nullopt : std::optional(found->second);
+    const auto found = digests_.find(place);
+    if (found == digests_.end() || !stamp) return found == digests_.end() && !stamp;
+    return found->second == digestOf(place, *stamp);
 }
 
-std::vector<std::string> PackageStamps::keys() const {
-    const Lock lock(mutex_);
-    std::vector<std::string> keys;
-    keys.reserve(stamps_.size());
-    for (const auto& [key, stamp] : stamps_) keys.push_back(key);
-    return keys;
-}
-
-void PackageStamps::set(const std::string& key, std::optional<PackageStamp> stamp) {
+void PackageStamps::set(const std::string& key, const std::optional<PackageStamp>& stamp) {
+    const std::uint64_t place = digestOf(key);
     const Lock lock(mutex_);
     if (stamp) {
-        stamps_[key] = *std::move(stamp);
+        digests_[place] = digestOf(place, *stamp);
     } else {
-        stamps_.erase(key);
+        digests_.erase(place);
     }
 }
 

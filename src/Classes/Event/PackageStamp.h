@@ -37,18 +37,18 @@ struct PackageStamp {
     bool operator==(const PackageStamp&) const = default;
 };
 
-/// The stamps of the packages as this process last read or wrote them, by key. Any thread; may be
-/// asked while files are locked.
+/// What the packages' stamps were as this process last read or wrote them, by key. Kept as digests: where two keys fall
+/// together, the one that was set first counts as changed. Any thread; may be asked while files are locked.
 class PackageStamps {
 public:
-    [[nodiscard]] std::optional<PackageStamp> stampOfKey(const std::string& key) const;
-    [[nodiscard]] std::vector<std::string> keys() const;
+    /// Nothing stands for no package.
+    [[nodiscard]] bool isUnchanged(const std::string& key, const std::optional<PackageStamp>& stamp) const;
     /// Nothing forgets the key.
-    void set(const std::string& key, std::optional<PackageStamp> stamp);
+    void set(const std::string& key, const std::optional<PackageStamp>& stamp);
 
 private:
     mutable Mutex mutex_;
-    std::unordered_map<std::string, PackageStamp> stamps_ DAYWARD_GUARDED_BY(mutex_);
+    std::unordered_map<std::uint64_t, std::uint64_t> digests_ DAYWARD_GUARDED_BY(mutex_);
 };
 
 }  // namespace dayward
