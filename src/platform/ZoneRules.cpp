@@ -172,7 +172,7 @@ void ZoneRules::applyFooter(const PosixZone& footer, bool hasTransitions) {
     const std::int64_t firstYear = std::clamp(lastYear, kFirstSaneYear, kLastSaneYear) - 1;
     const auto& saving = *footer.daylightSaving;
     std::vector<Segment> changes;
-    for (std::int64_t year = firstYear; year <= firstYear + 405; ++year) {
+    for (std::int64_t year = firstYear; year <= firstYear + 406; ++year) {
         changes.push_back({saving.start.inYear(year) - footer.offset, saving.offset, true});
         changes.push_back({saving.end.inYear(year) - saving.offset, footer.offset, false});
     }
@@ -180,8 +180,11 @@ void ZoneRules::applyFooter(const PosixZone& footer, bool hasTransitions) {
     std::ranges::sort(changes, [](const Segment& a, const Segment& b) {
         return a.start != b.start ? a.start < b.start : a.isDaylightSaving < b.isDaylightSaving;
     });
+    // The last year's end has no beginning behind it that could win.
+    const std::int64_t limit = dayNumberOf(firstYear + 405, 1, 1) * kDay;
     for (const Segment& change : changes) {
-        if (segments_.size() < 2 || change.start > last) append(change.start, change.offset, change.isDaylightSaving);
+        const bool isNew = segments_.size() < 2 || change.start > last;
+        if (isNew && change.start < limit) append(change.start, change.offset, change.isDaylightSaving);
     }
     periodStart_ = dayNumberOf(firstYear + 3, 1, 1) * kDay;
     periodEnd_ = periodStart_ + kPeriod;
@@ -235,12 +238,22 @@ std::int32_t ZoneRules::searchedOffsetOfLocal(std::int64_t local) const {
     local = intoTable(local);
     std::size_t index = indexAt(local - greatestOffset_);
     // The first segment in which the clock shows this time is the first pass. Where the clock is
-    // already past it when a segment begins, the time was skipped.
+    // already past it when a segment begins, the time was skipped, unless the clock soon goes back again.
     for (; index + 1 < segments_.size(); ++index) {
         if (local - segments_[index].offset < segments_[index + 1].start) break;
     }
     const bool skipped = index > 0 && local - segments_[index].offset < segments_[index].start;
-    return segments_[skipped ? index - 1 : index].offset;
+    return skipped ? offsetOfSkipped(local, index) : segments_[index].offset;
+}
+
+std::int32_t ZoneRules::offsetOfSkipped(std::int64_t local, std::size_t index) const {
+    const std::int64_t latest = local + kGreatestSaneOffset;
+    for (std::size_t later = index + 1; later < segments_.size() && segments_[later].start <= latest; ++later) {
+        const std::int64_t instant = local - segments_[later].offset;
+        const bool hasEnded = later + 1 < segments_.size() && instant >= segments_[later + 1].start;
+        if (instant >= segments_[later].start && !hasEnded) return segments_[later].offset;
+    }
+    return segments_[index - 1].offset;
 }
 
 std::optional<std::int64_t> ZoneRules::nextTransitionAfter(std::int64_t instant) const {

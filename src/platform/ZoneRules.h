@@ -2,8 +2,8 @@
 // file (RFC 8536, versions 1 to 4, "fat" and "slim") and its footer.
 //
 // The footer's rule is unrolled for one 400-year period of the Gregorian calendar; what lies beyond
-// is looked up one or more periods earlier. Instants are whole seconds since 1970. Immutable once
-// compiled; any thread, no locks. Callers keep within ±2^62.
+// is looked up one or more periods earlier. Instants and local times are whole seconds since 1970,
+// within 2^62 of it. Immutable once compiled; any thread, no locks.
 #pragma once
 
 #include <cstdint>
@@ -33,7 +33,7 @@ public:
     /// The rules of a POSIX TZ text alone, for all times.
     static Result<ZoneRules> ofPosixText(std::string_view text);
 
-    /// The segment around an instant; any number is allowed.
+    /// The segment around an instant.
     [[nodiscard]] const Segment& at(std::int64_t instant) const { return segments_[indexAt(intoTable(instant))]; }
     /// Seconds east of UTC at an instant.
     [[nodiscard]] std::int32_t offsetAt(std::int64_t instant) const {
@@ -73,6 +73,8 @@ private:
     [[nodiscard]] Bucket bucketOfLocals(std::int64_t start) const;
     [[nodiscard]] std::int32_t searchedOffsetOfLocal(std::int64_t local) const;
     [[nodiscard]] std::size_t indexAt(std::int64_t instant) const;
+    /// Of a local time that is past when the segment begins.
+    [[nodiscard]] std::int32_t offsetOfSkipped(std::int64_t local, std::size_t index) const;
     [[nodiscard]] std::int64_t intoTable(std::int64_t seconds) const;
 
     std::vector<Segment> segments_;
