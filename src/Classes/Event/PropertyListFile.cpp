@@ -9,6 +9,10 @@ namespace dayward {
 namespace {
 
 constexpr int kMaximalDepth = 64;
+// Texts are written once however often they occur, so a sound list may unfold to many times its size.
+constexpr std::uint64_t kBudgetForAnyList = 1 << 20;
+constexpr std::uint64_t kBudgetPerByte = 256;
+constexpr std::uint64_t kCostOfValue = 64;
 
 std::optional<PropertyList> listOf(const Object& value);
 
@@ -46,13 +50,12 @@ std::optional<PropertyList> listOf(const Object& value) { return std::visit(ToPr
 /// Unfolds a list in which objects may be shared or hold each other, within a budget of visits.
 class Reader {
 public:
-    explicit Reader(const BinaryPropertyList& list) : list_(list), budget_(list.size()) {}
+    explicit Reader(const BinaryPropertyList& list) : list_(list), budget_(kBudgetForAnyList + kBudgetPerByte * list.size()) {}
 
     /// Nothing where the list is broken or beyond the bounds.
     std::optional<Object> read(const BinaryPropertyList::Item& item, int depth = 0) {
         using Kind = BinaryPropertyList::Kind;
-        if (depth > kMaximalDepth || budget_ == 0) return std::nullopt;
-        --budget_;
+        if (depth > kMaximalDepth || !take(kCostOfValue)) return std::nullopt;
         switch (item.kind) {
             case Kind::boolean: return Object(item.integer != 0);
             case Kind::integer: return Object(item.integer);
