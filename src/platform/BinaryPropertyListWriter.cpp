@@ -19,6 +19,11 @@ constexpr std::size_t kUsualSize = 4096;
 constexpr std::size_t kUsualLeaves = 256;
 constexpr std::size_t kUsualContainers = 32;
 
+// A reader answers for what a list unfolds to (see KeyedArchiveFile): beyond this, long leaves are repeated.
+constexpr std::size_t kAlwaysShared = 16;
+constexpr std::uint64_t kSharedInAnyList = 1 << 20;
+constexpr std::uint64_t kSharedPerByte = 32;
+
 constexpr std::size_t kLongestMarker = 10;
 constexpr std::uint8_t kArray = 0xA0;
 constexpr std::uint8_t kDictionary = 0xD0;
@@ -89,19 +94,24 @@ std::uint8_t* Writer::room(std::size_t count) {
     return bytes_.data() + used_;
 }
 
-/// The leaf that was written into the free room up to `end`, or the equal one before it, which then stays
-/// alone. A leaf's first bytes say where it ends, so that none begins as another one does.
+/// The leaf that was written into the free room up to `end`, or the equal one before it, which then mostly
+/// stays alone. A leaf's first bytes say where it ends, so that none begins as another one does.
 Writer::Reference Writer::shared(const std::uint8_t* end) {
     const std::uint8_t* leaf = bytes_.data() + used_;
     const auto count = static_cast<std::size_t>(end - leaf);
     const auto next = static_cast<Reference>(offsets_.size());
     const auto isSame = [&](Reference known) { return std::memcmp(bytes_.data() + offsets_[known], leaf, count) == 0; };
     const Reference number = leaves_.findOrAdd(HashIndex::hash(leaf, count), next, isSame);
-    if (number == next) {
-        offsets_.push_back(used_);
-        used_ += count;
-    }
-    return number;
+    if (number != next && mayShare(count)) return number;
+    offsets_.push_back(used_);
+    used_ += count;
+    return next;
+}
+
+bool Writer::mayShare(std::size_t count) {
+    if (count <= kAlwaysShared) return true;
+    sharedBytes_ += count;
+    return sharedBytes_ <= kSharedInAnyList + kSharedPerByte * used_;
 }
 
 Writer::Reference Writer::null() {

@@ -1,8 +1,8 @@
 // Writer of binary property lists ("bplist00"). Private to the platform's archives.
 //
 // Objects are added from the leaves up and refer to each other by number. Leaves go into the bytes at once,
-// equal ones but for data a single time; containers follow them at the end, when the width of a reference
-// is known. One thread.
+// equal ones but for data a single time, as long as the whole unfolds to a bounded multiple of its size;
+// containers follow them at the end, when the width of a reference is known. One thread.
 #pragma once
 
 #include <cstdint>
@@ -48,11 +48,13 @@ private:
 
     std::uint8_t* room(std::size_t count);
     Reference shared(const std::uint8_t* end);
+    [[nodiscard]] bool mayShare(std::size_t count);
     Reference container(std::uint8_t kind, std::size_t referenceCount);
     void writeContainer(const Container& container, unsigned referenceSize);
 
     Data bytes_;  ///< longer than what is used of it
     std::size_t used_ = 0;
+    std::uint64_t sharedBytes_ = 0;       ///< that long leaves would take, were they repeated
     std::vector<std::uint64_t> offsets_;  ///< of each object
     HashIndex leaves_;
     std::vector<Container> containers_;

@@ -47,6 +47,7 @@ TEST(KeyedArchive, returnsEveryValueAsItWas) {
         Array{1, nullptr, Array{nullptr}},
         manyValues(300),
         manyValues(70000),
+        Array(1000, std::string(20000, 'x')),
         Dictionary{{"", 1}, {"$class", "text"}, {"ключ", Array{1, 1.5}}, {"null", nullptr}}};
     for (const Object& value : values) {
         const Object read = roundTrip(value);
