@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "platform/Environment.h"
+#include "platform/FatalError.h"
 #include "platform/KeyedArchiveFile.h"
 #include "platform/OpaqueRecord.h"
 
@@ -44,11 +45,12 @@ struct KeyedUnarchiver::Impl {
         std::shared_ptr<Archivable> record;
     };
 
-    Impl(KeyedArchiveFile openedFile, const ArchiveClasses& archiveClasses)
-        : file(std::move(openedFile)), classes(archiveClasses), slots(file.objectCount()) {}
+    Impl(KeyedArchiveFile openedFile, const ArchiveClasses& archiveClasses, OnRefusal whenRefused)
+        : file(std::move(openedFile)), classes(archiveClasses), onRefusal(whenRefused), slots(file.objectCount()) {}
 
     KeyedArchiveFile file;
     const ArchiveClasses& classes;
+    const OnRefusal onRefusal;
     std::vector<Slot> slots;
     std::shared_ptr<OpaqueRecord::Table> opaqueObjects;
     std::string failureReason;
@@ -333,21 +335,24 @@ struct KeyedUnarchiver::Impl {
 };
 
 Result<> KeyedUnarchiver::unarchiveContents(const Data& data, const ArchiveClasses& classes,
-                                            const std::function<void(KeyedUnarchiver&)>& decode) {
-    Impl impl(TRY(KeyedArchiveFile::open(data)), classes);
+                                            const std::function<void(KeyedUnarchiver&)>& decode,
+                                            OnRefusal onRefusal) {
+    Impl impl(TRY(KeyedArchiveFile::open(data)), classes, onRefusal);
     impl.current = impl.beginning(impl.file.top());
     KeyedUnarchiver coder(impl);
     decode(coder);
     return impl.result();
 }
 
-Result<Object> KeyedUnarchiver::unarchiveObjectWithData(const Data& data, const ArchiveClasses& classes) {
+Result<Object> KeyedUnarchiver::unarchiveObjectWithData(const Data& data, const ArchiveClasses& classes,
+                                                        OnRefusal onRefusal) {
     Object root;
     bool hasRoot = false;
-    TRY_VOID(unarchiveContents(data, classes, [&](KeyedUnarchiver& coder) {
+    const auto decode = [&](KeyedUnarchiver& coder) {
         hasRoot = coder.containsValue("root");
         root = coder.decodeObject("root");
-    }));
+    };
+    TRY_VOID(unarchiveContents(data, classes, decode, onRefusal));
     if (!hasRoot) return archiveFailure("no root object");
     return root;
 }
@@ -387,6 +392,11 @@ std::optional<Data> KeyedUnarchiver::decodeData(std::string_view forKey) {
 
 std::optional<std::int64_t> KeyedUnarchiver::decodeVersion(std::string_view forClass) {
     return decodeInteger(forClass);
+}
+
+void KeyedUnarchiver::refuse(std::string reason) {
+    if (impl_.onRefusal == OnRefusal::stop) fatalError(reason);
+    impl_.fail(std::move(reason));
 }
 
 }  // namespace dayward

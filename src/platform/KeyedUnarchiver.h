@@ -22,13 +22,19 @@ namespace dayward {
 
 class KeyedUnarchiver {
 public:
+    /// What happens at a record that refuses its values. A stored file stops the process, so that the file is
+    /// blamed and left out from then on; what is only handed in fails to be read.
+    enum class OnRefusal { stop, fail };
+
     /// The root object, read with the given classes; domain "keyed archive" on failure.
-    static Result<Object> unarchiveObjectWithData(const Data& data, const ArchiveClasses& classes);
+    static Result<Object> unarchiveObjectWithData(const Data& data, const ArchiveClasses& classes,
+                                                  OnRefusal onRefusal = OnRefusal::stop);
     /// The same with the current environment's classes.
     static Result<Object> unarchiveObjectWithData(const Data& data);
     /// Lets `decode` read the entries beside or in the place of a single root.
     static Result<> unarchiveContents(const Data& data, const ArchiveClasses& classes,
-                                      const std::function<void(KeyedUnarchiver&)>& decode);
+                                      const std::function<void(KeyedUnarchiver&)>& decode,
+                                      OnRefusal onRefusal = OnRefusal::stop);
 
     // Called by the readers of records, on the record that is being read. A missing key, a value of
     // another type, or an object that is still being read (a circle) is nothing. Numbers read as
@@ -48,6 +54,8 @@ public:
     }
     /// The class's version, stored under its own name; nothing where it is missing.
     [[nodiscard]] std::optional<std::int64_t> decodeVersion(std::string_view forClass);
+    /// The record holds a value that no program writes: see OnRefusal.
+    void refuse(std::string reason);
 
     ~KeyedUnarchiver();
     KeyedUnarchiver(const KeyedUnarchiver&) = delete;

@@ -4,6 +4,7 @@
 #include "Classes/Event/EventJSONFields.h"
 #include "Classes/Event/EventJSONValue.h"
 #include "Submodules/CorpLibrary2/Foundation/AESCrypt.h"
+#include "platform/Environment.h"
 #include "platform/KeyedArchiver.h"
 #include "platform/KeyedUnarchiver.h"
 
@@ -92,7 +93,8 @@ Result<Object> objectFromJSONValue(const JSON& value, const std::string& field) 
     const auto fields = TRY(JSONFields::of(value, field));
     const auto archive = dataWithBase64EncodedString(TRY(fields.text(kArchiveField)).value_or(""));
     if (!archive) return jsonFault(fields.path(kArchiveField), "no base64");
-    auto object = KeyedUnarchiver::unarchiveObjectWithData(*archive);
+    auto object = KeyedUnarchiver::unarchiveObjectWithData(*archive, Environment::current().archiveClasses(),
+                                                           KeyedUnarchiver::OnRefusal::fail);
     return object ? std::move(object) : jsonFault(fields.path(kArchiveField), object.error().description());
 }
 

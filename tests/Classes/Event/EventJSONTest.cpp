@@ -6,6 +6,7 @@
 #include "Classes/Category/ImageEventBackgroundPicture.h"
 #include "Classes/Event/EventJSONValue.h"
 #include "Classes/Event/EventTestSupport.h"
+#include "Submodules/CorpLibrary2/Foundation/AESCrypt.h"
 #include "Classes/Event/LoadEventIconPicture.h"
 #include "Classes/Event/RandomEvents.h"
 
@@ -147,6 +148,7 @@ TEST_F(EventJSONTest, FaultsNameTheirField) {
         {R"({"randomBackground": {"kind": "random"}})", "field randomBackground.kind"},
         {R"({"version": "1"})", "field version"},
         {R"({"sourceInfo": {"archive": "AAAA"}})", "field sourceInfo.archive"},
+        {R"({"sourceInfo": {"archive": ")" + base64Encoding(storedArchive("style-4")) + "\"}}", "is no text style"},
         {R"({"sourceInfo": )" + deep + std::string(100, ']') + "}", "field sourceInfo: is nested too deeply"},
         {R"({"sourceInfo": )" + std::string(200000, '['), "no JSON"},
     };

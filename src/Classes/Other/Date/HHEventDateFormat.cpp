@@ -5,7 +5,6 @@
 #include "Classes/Other/Date/HHDateHelper.h"
 #include "Classes/Other/Date/HHDateIntervalFormat.h"
 #include "platform/Environment.h"
-#include "platform/FatalError.h"
 #include "platform/KeyedArchiver.h"
 #include "platform/KeyedUnarchiver.h"
 
@@ -29,15 +28,15 @@ CalendarUnits biggestUnits(CalendarUnits units, std::int64_t count) {
     return kept;
 }
 
-CalendarUnits readUnits(std::int64_t stored) {
-    if (stored < 0) fatalError("HHEventDateFormat: \"Units\" is negative");
+CalendarUnits readUnits(KeyedUnarchiver& coder, std::int64_t stored) {
+    if (stored < 0) coder.refuse("HHEventDateFormat: \"Units\" is negative");
     return CalendarUnits::fromMask(static_cast<std::uint64_t>(stored));
 }
 
-TextStyle readTextStyle(std::int64_t stored) {
-    if (stored < 0 || stored > static_cast<std::int64_t>(kLastTextStyle))
-        fatalError("HHEventDateFormat: \"UnitsFormatType\" is no text style");
-    return static_cast<TextStyle>(stored);
+TextStyle readTextStyle(KeyedUnarchiver& coder, std::int64_t stored) {
+    if (stored >= 0 && stored <= static_cast<std::int64_t>(kLastTextStyle)) return static_cast<TextStyle>(stored);
+    coder.refuse("HHEventDateFormat: \"UnitsFormatType\" is no text style");
+    return TextStyle::number;
 }
 
 }  // namespace
@@ -52,8 +51,8 @@ std::optional<std::string> HHEventDateFormat::countdownToDate(const std::optiona
 
 std::shared_ptr<Archivable> HHEventDateFormat::read(KeyedUnarchiver& coder) {
     auto format = std::make_shared<HHEventDateFormat>();
-    if (const auto stored = coder.decodeInteger(kUnitsKey)) format->units = readUnits(*stored);
-    if (const auto stored = coder.decodeInteger(kTextStyleKey)) format->textStyle = readTextStyle(*stored);
+    if (const auto stored = coder.decodeInteger(kUnitsKey)) format->units = readUnits(coder, *stored);
+    if (const auto stored = coder.decodeInteger(kTextStyleKey)) format->textStyle = readTextStyle(coder, *stored);
     const auto maxUnits = coder.decodeInteger(kMaxUnitsKey).value_or(0);
     if (maxUnits >= 1) format->units = biggestUnits(format->units, maxUnits);
     return format;
