@@ -94,14 +94,14 @@ Object XXKeyStorage::load() const {
     return nullptr;
 }
 
-Object XXKeyStorage::opened(const Object& stored) const {
-    const Object content = cryptoKey_ ? objectFromCryptoData(stored, *cryptoKey_) : stored;
+Object XXKeyStorage::opened(const Object& stored, const std::optional<std::string>& cryptoKey) {
+    const Object content = cryptoKey ? objectFromCryptoData(stored, *cryptoKey) : stored;
     return content.dictionary() ? content : Object();
 }
 
 MergedDictionary& XXKeyStorage::loadedStorage() const {
     if (!storage_) {
-        const Object loaded = opened(load());
+        const Object loaded = opened(load(), cryptoKey_);
         storage_ = MergedDictionary(loaded.isNull() ? Dictionary() : *loaded.dictionary());
     }
     return *storage_;
@@ -114,10 +114,10 @@ Dictionary XXKeyStorage::storage() const {
 
 Result<Dictionary> XXKeyStorage::store(const MergedDictionary::Changes& changes, const Dictionary& values) {
     Dictionary merged = values;
-    const auto sealed = [&](const std::optional<Object>& present) -> Object {
-        const Object content = opened(present.value_or(Object()));
+    const auto sealed = [&, cryptoKey = cryptoKey_](const std::optional<Object>& present) -> Object {
+        const Object content = opened(present.value_or(Object()), cryptoKey);
         if (!content.isNull()) merged = changes.appliedTo(*content.dictionary());
-        return cryptoKey_ ? Object(cryptoDataFromObject(merged, *cryptoKey_)) : Object(merged);
+        return cryptoKey ? Object(cryptoDataFromObject(merged, *cryptoKey)) : Object(merged);
     };
     if (userDefaultsKey_) {
         auto& defaults = environment_.standardDefaults();

@@ -95,7 +95,7 @@ protected:
 private:
     [[nodiscard]] Object load() const DAYWARD_REQUIRES(mutex_);
     /// What a stored object holds, deciphered where there is a key; null where it is no dictionary.
-    [[nodiscard]] Object opened(const Object& stored) const DAYWARD_REQUIRES(mutex_);
+    [[nodiscard]] static Object opened(const Object& stored, const std::optional<std::string>& cryptoKey);
     /// Lays the changes over what is stored now; the content after that.
     Result<Dictionary> store(const MergedDictionary::Changes& changes, const Dictionary& values)
         DAYWARD_REQUIRES(mutex_);
