@@ -323,9 +323,14 @@ struct KeyedUnarchiver::Impl {
         return BinaryPropertyList::text(target);
     }
 
-    Object number(std::string_view key) {
+    /// What stands under the key or where that leads to; `broken` where there is nothing.
+    Item scalar(std::string_view key) {
         const auto found = value(key);
-        return found ? numberIn(file.resolved(*found)) : Object();
+        return found ? file.resolved(*found) : Item{};
+    }
+
+    static bool isWhole(const Item& item) {
+        return item.kind == Kind::integer || item.kind == Kind::boolean || item.kind == Kind::unsignedInteger;
     }
 
     Result<> result() {
@@ -372,11 +377,19 @@ Object KeyedUnarchiver::decodeObject(std::string_view forKey) {
 }
 
 std::optional<std::int64_t> KeyedUnarchiver::decodeInteger(std::string_view forKey) {
-    return impl_.number(forKey).integer();
+    const auto item = impl_.scalar(forKey);
+    return Impl::isWhole(item) ? item.integer : Impl::numberIn(item).integer();
 }
 
-std::optional<bool> KeyedUnarchiver::decodeBool(std::string_view forKey) { return impl_.number(forKey).boolean(); }
-std::optional<double> KeyedUnarchiver::decodeDouble(std::string_view forKey) { return impl_.number(forKey).number(); }
+std::optional<bool> KeyedUnarchiver::decodeBool(std::string_view forKey) {
+    const auto item = impl_.scalar(forKey);
+    return Impl::isWhole(item) ? item.integer != 0 : Impl::numberIn(item).boolean();
+}
+
+std::optional<double> KeyedUnarchiver::decodeDouble(std::string_view forKey) {
+    const auto item = impl_.scalar(forKey);
+    return item.kind == Impl::Kind::real ? item.real : Impl::numberIn(item).number();
+}
 
 std::optional<std::string> KeyedUnarchiver::decodeString(std::string_view forKey) {
     const auto found = impl_.value(forKey);
