@@ -37,15 +37,16 @@ public:
         dictionary
     };
 
+    /// Small enough to be handed on in registers.
     struct Item {
         Item(Kind itemKind = Kind::broken, std::int64_t number = 0) : kind(itemKind), integer(number) {}  // NOLINT
 
         Kind kind;
-        std::uint64_t count = 0;  ///< bytes, UTF-16 units, elements or pairs
-        const std::uint8_t* payload = nullptr;
+        std::uint64_t count : 56 = 0;  ///< bytes, UTF-16 units, elements or pairs
         union {
-            std::int64_t integer;  ///< also boolean; as unsigned for uid and unsignedInteger
-            double real;           ///< also date
+            std::int64_t integer;         ///< also boolean; as unsigned for uid and unsignedInteger
+            double real;                  ///< also date
+            const std::uint8_t* payload;  ///< of what has a count; null where it has none
         };
     };
 

@@ -63,13 +63,14 @@ bool ColorRecord::isEqual(const Archivable& other) const {
 }
 
 std::shared_ptr<Archivable> ColorRecord::read(KeyedUnarchiver& coder) {
+    // In the order of the archive, in which the next one is found at once.
+    const auto red = component(coder, "UIRed");
+    const auto green = component(coder, "UIGreen");
+    const auto blue = component(coder, "UIBlue");
     const double alpha = component(coder, "UIAlpha").value_or(1);
     if (const auto white = component(coder, "UIWhite")) {
         return std::make_shared<ColorRecord>(Color{*white, *white, *white, alpha});
     }
-    const auto red = component(coder, "UIRed");
-    const auto green = component(coder, "UIGreen");
-    const auto blue = component(coder, "UIBlue");
     if (!red || !green || !blue) return nullptr;
     return std::make_shared<ColorRecord>(Color{*red, *green, *blue, alpha});
 }
