@@ -1,5 +1,7 @@
 // HHEvent's conversion to and from its document's data, and its own archive.
+#include "Classes/Category/CategoryLocalStore.h"
 #include "Classes/Category/ColorEventBackgroundPicture.h"
+#include "Classes/Category/EventCategory.h"
 #include "Classes/Category/ImageEventBackgroundPicture.h"
 #include "Classes/Category/ImageEventIconPicture.h"
 #include "Classes/Category/NamedEventBackgroundPicture.h"
@@ -84,6 +86,10 @@ std::shared_ptr<HHGeneralEventDocumentData> HHEvent::getStoreInfo() const {
 }
 
 void HHEvent::fillStoreInfo(HHGeneralEventDocumentData data) {
+    if (const auto name = data.categoryNameOfOlderType()) {
+        auto& categories = CategoryLocalStore::shared();
+        data.categoryKey = categories.categoryWithName(*name, CategoryLocalStore::Initialize::yes)->key;
+    }
     icon_ = iconOfData(data, identifier_);
     background_ = backgroundOfData(data, identifier_);
     setSourceInfo(std::move(data.sourceInfo));
@@ -114,8 +120,11 @@ void HHEvent::encodeWithCoder(KeyedArchiver& coder) const {
 std::shared_ptr<Archivable> HHEvent::read(KeyedUnarchiver& coder) {
     auto identifier = coder.decodeString(kIdentifierKey);
     auto event = identifier ? std::make_shared<HHEvent>(*std::move(identifier)) : std::make_shared<HHEvent>();
-    const auto data = coder.decodeRecord<HHGeneralEventDocumentData>(kGeneralDataKey);
-    event->fillStoreInfo(data ? *data : HHGeneralEventDocumentData());
+    const auto stored = coder.decodeRecord<HHGeneralEventDocumentData>(kGeneralDataKey);
+    auto data = stored ? *stored : HHGeneralEventDocumentData();
+    // Unlike a document, an event in an archive is never older than categories; and reading asks no store.
+    if (data.categoryNameOfOlderType()) data.categoryKey = CategoryLocalStore::kDefaultCategoryKey;
+    event->fillStoreInfo(std::move(data));
     if (auto icon = coder.decodeRecord<EventIconPicture>(kIconKey)) event->icon_ = std::move(icon);
     if (auto background = coder.decodeRecord<EventBackgroundPicture>(kBackgroundKey)) {
         event->background_ = std::move(background);

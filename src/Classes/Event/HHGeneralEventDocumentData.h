@@ -2,8 +2,9 @@
 //
 // A plain record whose keys are the format, and they are written in the order in which they stand
 // below. Reading never fails: it starts from the defaults, and a value of another type counts as
-// absent. Older shapes are read here: categories by "Type", "Calendar" objects in place of rules, the
-// older forms of pictures. Dates that are no numbers and a missing version count as absent too.
+// absent. Older shapes are read here: "Calendar" objects in place of rules, the older forms of pictures.
+// Reading asks no store, since the stores' own files may hold such a record. Dates that are no numbers
+// and a missing version count as absent too.
 #pragma once
 
 #include <cstdint>
@@ -59,7 +60,7 @@ public:
     std::int64_t type = 0;  ///< of older versions: stood for a category
     Object sourceInfo;
     std::optional<std::string> name;
-    std::optional<std::string> categoryKey;
+    std::optional<std::string> categoryKey;  ///< nothing for an older document whose type stands for one
     Date date;
     std::vector<std::int64_t> times{0};  ///< minutes after midnight; never empty once read
     std::optional<std::string> rrule;
@@ -78,6 +79,10 @@ public:
     std::shared_ptr<EventBackgroundPicture> randomBackground;  ///< where it is named or a colour
     bool background_is_null = false;                           ///< the event has no background of its own
     CCSyncItemVersion syncVersion = CCSyncItemVersion::zero();
+
+    /// What the category is called in the user's language that the type of an older document stands for;
+    /// nothing for a document with a category.
+    [[nodiscard]] std::optional<std::string> categoryNameOfOlderType() const;
 
     [[nodiscard]] std::vector<std::string> archiveClassNames() const override { return {kArchiveClass}; }
     void encodeWithCoder(KeyedArchiver& coder) const override;

@@ -2,9 +2,7 @@
 #include <cmath>
 
 #include "Classes/Category/CategoryLocalStore.h"
-#include "Classes/Category/EventCategory.h"
 #include "Classes/Event/HHGeneralEventDocumentData.h"
-#include "platform/Environment.h"
 #include "platform/KeyedUnarchiver.h"
 #include "platform/Strings.h"
 #include "recurrence/XELCalendarBase.h"
@@ -71,12 +69,12 @@ std::shared_ptr<Archivable> HHGeneralEventDocumentData::read(KeyedUnarchiver& co
 
 void HHGeneralEventDocumentData::readCategory(KeyedUnarchiver& coder) {
     categoryKey = coder.decodeString(kCategoryKey);
-    if (categoryKey) return;
-    auto& categories = CategoryLocalStore::shared();
-    const char* oldName = categoryNameOfType(type);
-    const auto category = oldName ? categories.categoryWithName(localized(oldName), CategoryLocalStore::Initialize::yes)
-                               : categories.defaultCategory();
-    categoryKey = category->key;
+    if (!categoryKey && categoryNameOfType(type) == nullptr) categoryKey = CategoryLocalStore::kDefaultCategoryKey;
+}
+
+std::optional<std::string> HHGeneralEventDocumentData::categoryNameOfOlderType() const {
+    const char* const oldName = categoryNameOfType(type);
+    return oldName != nullptr && !categoryKey ? std::optional(localized(oldName)) : std::nullopt;
 }
 
 void HHGeneralEventDocumentData::readDates(KeyedUnarchiver& coder) {
