@@ -26,6 +26,7 @@
 
 namespace dayward {
 
+class AudioDevice;
 class DirectoryWatcher;
 class FileCoordinator;
 class FileSystem;
@@ -42,6 +43,7 @@ public:
         std::shared_ptr<FileSystem> files;
         std::shared_ptr<FileCoordinator> coordinator;
         std::shared_ptr<DirectoryWatcher> watcher;  ///< may be null: then nothing is watched
+        std::shared_ptr<AudioDevice> audio;         ///< may be null: then nothing is heard
         std::shared_ptr<Queues> queues;
         std::shared_ptr<NotificationCenter> notifications;
         std::shared_ptr<UserDefaults> standardDefaults;
@@ -69,6 +71,7 @@ public:
     [[nodiscard]] const std::shared_ptr<FileSystem>& sharedFiles() const { return services_.files; }
     [[nodiscard]] FileCoordinator& coordinator() const { return *services_.coordinator; }
     [[nodiscard]] DirectoryWatcher* watcher() const { return services_.watcher.get(); }
+    [[nodiscard]] AudioDevice* audio() const { return services_.audio.get(); }
     [[nodiscard]] Queues& queues() const { return *services_.queues; }
     [[nodiscard]] NotificationCenter& notifications() const { return *services_.notifications; }
     [[nodiscard]] UserDefaults& standardDefaults() const { return *services_.standardDefaults; }

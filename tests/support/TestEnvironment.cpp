@@ -114,6 +114,7 @@ TestEnvironment::TestEnvironment(Options options) : home(options.home), log(std:
     Environment::Services services;
     services.clock = options.clock ? options.clock : fixedClock;
     services.watcher = options.watcher;
+    services.audio = options.audio;
     services.queues = options.queues ? options.queues : queues;
     services.files = options.files ? options.files : std::make_shared<LinuxFileSystem>();
     services.archiveClasses = options.archiveClasses ? options.archiveClasses : platformClasses();

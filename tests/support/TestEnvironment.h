@@ -28,6 +28,7 @@ private:
     std::vector<std::string> debugLines_ DAYWARD_GUARDED_BY(mutex_);
 };
 
+class AudioDevice;
 class DirectoryWatcher;
 
 class TestEnvironment {
@@ -43,6 +44,7 @@ public:
         std::shared_ptr<Clock> clock = {};                          ///< null: a FixedClock at `now`
         std::shared_ptr<const ArchiveClasses> archiveClasses = {};  ///< null: the platform's own classes only
         std::string resources = {};                                 ///< empty: those of the source tree
+        std::shared_ptr<AudioDevice> audio = {};                    ///< null: nothing is heard
     };
 
     TestEnvironment();
