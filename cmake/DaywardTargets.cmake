@@ -21,18 +21,20 @@ if(DAYWARD_CCACHE)
     set(CMAKE_CXX_COMPILER_LAUNCHER ${DAYWARD_CCACHE})
 endif()
 
-add_library(dayward_options INTERFACE)
-target_include_directories(dayward_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
-target_compile_options(dayward_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
+add_library(dayward_warnings INTERFACE)
+target_include_directories(dayward_warnings INTERFACE ${CMAKE_SOURCE_DIR}/src)
+target_compile_options(dayward_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
                                                  -Woverloaded-virtual -Werror)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-    target_compile_options(dayward_options INTERFACE -Wthread-safety -Wno-gnu-statement-expression
+    target_compile_options(dayward_warnings INTERFACE -Wthread-safety -Wno-gnu-statement-expression
                            -Wno-deprecated-declarations)
 endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT DAYWARD_SANITIZE)
     # Optimised, this compiler takes moved variants that are never read for uninitialized ones.
-    target_compile_options(dayward_options INTERFACE $<$<CONFIG:Release>:-Wno-maybe-uninitialized>)
+    target_compile_options(dayward_warnings INTERFACE $<$<CONFIG:Release>:-Wno-maybe-uninitialized>)
 endif()
+add_library(dayward_options INTERFACE)
+target_link_libraries(dayward_options INTERFACE dayward_warnings)
 if(DAYWARD_SANITIZE)
     target_compile_options(dayward_options INTERFACE -fsanitize=${DAYWARD_SANITIZE} -fno-omit-frame-pointer
                                                      -fno-sanitize-recover=all)

@@ -1,55 +1,32 @@
 #include "resources/HHResources.h"
 
-#include <algorithm>
-
-#include <nlohmann/json.hpp>
-
 #include "platform/Environment.h"
 #include "platform/FileSystem.h"
-#include "platform/Log.h"
+#include "resources/CatalogueNames.h"
+#include "resources/FontLook.h"
 #include "resources/ImageCache.h"
 
 namespace dayward {
 namespace {
 
-constexpr const char* kIconCatalogue = "iconData";
-constexpr const char* kBackgroundCatalogue = "backgroundData";
-constexpr const char* kCatalogueType = "json";
 constexpr const char* kImageType = "png";
 constexpr int kGallerySteps = 4;
 
-std::vector<std::string> namesInCatalogue(std::string_view catalogue) {
-    const auto path = HHResources::pathForResource(catalogue, kCatalogueType);
-    if (!path) return {};
-    const auto bytes = Environment::current().files().readFile(*path);
-    if (!bytes) return {};
-    const auto json = nlohmann::json::parse(bytes->begin(), bytes->end(), nullptr, /*allow_exceptions=*/false);
-    if (!json.is_array()) return {};
-    std::vector<std::string> names;
-    for (const auto& entry : json) {
-        if (entry.is_string()) names.push_back(entry.get<std::string>());
-    }
-    return names;
-}
-
-std::vector<std::string> existingNames(std::string_view catalogue, std::string_view complaint) {
-    auto names = namesInCatalogue(catalogue);
-    std::erase_if(names, [&](const std::string& name) {
-        if (HHResources::pathForResource(deletingPathExtension(name), pathExtension(name))) return false;
-        logError(std::string(complaint) + joinPath(Environment::current().paths().resources, name));
-        return true;
-    });
-    return names;
-}
-
 struct IconCatalogue {
-    explicit IconCatalogue(Environment&) : names(existingNames(kIconCatalogue, "not icon file: ")) {}
-    const std::vector<std::string> names;
+    explicit IconCatalogue(Environment&) {}
+    const std::vector<std::string> names = existingNames("iconData", "not icon file: ");
 };
 
 struct BackgroundCatalogue {
-    explicit BackgroundCatalogue(Environment&) : names(existingNames(kBackgroundCatalogue, "not background file: ")) {}
-    const std::vector<std::string> names;
+    explicit BackgroundCatalogue(Environment&) {}
+    const std::vector<std::string> names = existingNames("backgroundData", "not background file: ");
+};
+
+struct FontCatalogue {
+    explicit FontCatalogue(Environment&) {
+        for (const FontLook& look : FontLook::all()) names.push_back(look.name);
+    }
+    std::vector<std::string> names;
 };
 
 struct ResourceImages {
@@ -80,52 +57,7 @@ const std::vector<std::string>& HHResources::backgrounds() {
     return Environment::current().shared<BackgroundCatalogue>().names;
 }
 
-const std::vector<std::string>& HHResources::fonts() {
-    static const std::vector<std::string> names = {
-        "Cochin-Bold",
-        "AmericanTypewriter-Bold",
-        "ChalkboardSE-Bold",
-        "MarkerFelt-Wide",
-        "BradleyHandITCTT-Bold",
-        "SnellRoundhand-Black",
-        "AmericanTypewriter",
-        "AcademyEngravedLetPlain",
-        "Papyrus",
-        "Thonburi-Bold",
-        "ArialRoundedMTBold",
-        "AvenirNext-Heavy",
-        "GillSans-UltraBold",
-        "Cochin-BoldItalic",
-        "PartyLetPlain",
-        "AmericanTypewriter-CondensedBold",
-        "AvenirNextCondensed-Heavy",
-        "Copperplate-Bold",
-        "BodoniSvtyTwoITCTT-BookIta",
-        "Noteworthy-Bold",
-        "SavoyeLetPlain",
-        "Futura-CondensedExtraBold",
-        "Futura-Medium",
-        "GillSans-Bold",
-        "Marion-Bold",
-        "HoeflerText-BlackItalic",
-        "Avenir-Heavy",
-        "Chalkduster",
-        "Superclarendon-Black",
-        "GillSans-Light",
-        "AvenirNext-Medium",
-        "Georgia",
-        "Optima-ExtraBlack",
-        "BodoniSvtyTwoITCTT-Bold",
-        "Courier-Bold",
-        "GurmukhiMN-Bold",
-        "TimesNewRomanPS-BoldMT",
-        "HelveticaNeue",
-        "HelveticaNeue-Bold",
-        "HelveticaNeue-CondensedBold",
-        "HelveticaNeue-Light",
-    };
-    return names;
-}
+const std::vector<std::string>& HHResources::fonts() { return Environment::current().shared<FontCatalogue>().names; }
 
 const std::vector<Color>& HHResources::baseColors() {
     static const std::vector<Color> colors =

@@ -22,7 +22,7 @@ public:
     static const std::vector<std::string>& icons();
     /// Names of the gallery's backgrounds, from "backgroundData.json".
     static const std::vector<std::string>& backgrounds();
-    /// The 41 fonts, in the order of the gallery.
+    /// Names of the gallery's 41 fonts, from "fontData.json"; FontLook tells what is shown for them.
     static const std::vector<std::string>& fonts();
     /// The 16 base colours.
     static const std::vector<Color>& baseColors();

@@ -28,7 +28,7 @@ bool hasRussianLetters(const std::string& text) {
 }
 
 TEST(StringTables, LanguagesHaveTheSameKeysAndPlaces) {
-    for (const char* name : {"Main", "XELLocale"}) {
+    for (const char* name : {"Main", "XELLocale", "Gallery"}) {
         const auto english = readTable("en", name);
         const auto russian = readTable("ru", name);
         EXPECT_GT(english.size(), 10U);
@@ -55,9 +55,11 @@ TEST(StringTables, UnitsHaveTheirFormsInBothLanguages) {
 }
 
 TEST(StringTables, EnglishTextsAreTheirKeys) {
-    for (const auto& [key, text] : readTable("en", "Main")) {
-        if (text.starts_with("{")) continue;  // the unit names, which are tables themselves
-        EXPECT_EQ(text, key);
+    for (const char* name : {"Main", "Gallery"}) {
+        for (const auto& [key, text] : readTable("en", name)) {
+            if (text.starts_with("{")) continue;  // the unit names, which are tables themselves
+            EXPECT_EQ(text, key);
+        }
     }
 }
 
