@@ -116,7 +116,7 @@ struct RowValue {
         content;
     std::optional<bool> on;    ///< a switch in the row
     std::optional<bool> open;  ///< the content below the label opens and closes with a tap
-    std::string fontName;      ///< the detail's font, empty for the interface's own
+    std::string fontName;      ///< of the value, or of the label alone; empty for the interface's
     bool checked = false;
     bool emphasized = false;  ///< stands out among its like
     bool inherited = false;   ///< the value comes from the category
