@@ -1,0 +1,145 @@
+#include <gmock/gmock.h>
+
+#include <fstream>
+#include <tuple>
+
+#include "Classes/Interface/Info/DefaultValuesViewController.h"
+#include "Classes/Interface/Info/EventsSortViewController.h"
+#include "Classes/Interface/Info/InformationViewController.h"
+#include "Classes/Interface/Info/SettingsViewController.h"
+#include "Classes/Settings/AppSettings.h"
+#include "Classes/Settings/InterfaceSettings.h"
+#include "platform/UserDefaults.h"
+#include "support/GalleryResources.h"
+#include "support/NotificationRecorder.h"
+#include "support/ScriptedPresenter.h"
+
+namespace dayward {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using Theme = InterfaceSettings::Theme;
+
+class SettingsScreensTest : public ::testing::Test {
+protected:
+    SettingsScreensTest() {
+        AppSettings::setTableSortType(0);  // the first use seeds the settings
+        std::ignore = posted.take();
+    }
+    void openSettings(SettingsViewController::Services services = {}) {
+        shell.navigation.present(std::make_shared<SettingsViewController>(std::move(services)));
+        shell.take();
+    }
+
+    GalleryResources resources;
+    TestEnvironment environment{resources.options()};
+    NotificationRecorder posted{
+        *environment, {AppSettings::kTableSortDidUpdateNotification, InterfaceSettings::kDidUpdateNotification}};
+    ScriptedPresenter shell;
+};
+
+TEST_F(SettingsScreensTest, ChangesTheDefaultsAtOnce) {
+    shell.navigation.present(std::make_shared<DefaultValuesViewController>());
+    EXPECT_THAT(shell.rows(), ElementsAre("Time: 12:00 AM", "Units: Days", "Alerts: None", "Sound: Default"));
+    shell.tap("time");
+    shell.pick("time", environment.at("2026-03-10T08:15:00"));
+    shell.press(BarButton::Role::cancel);
+    EXPECT_EQ(AppSettings::defaultTime(), 0);
+    shell.tap("time");
+    shell.pick("time", environment.at("2026-03-10T08:15:00"));
+    shell.press(BarButton::Role::done);
+    EXPECT_EQ(AppSettings::defaultTime(), 495);
+    shell.tap("units");
+    shell.tap("unit32");
+    shell.back();
+    shell.tap("alerts");
+    shell.tap("addBefore");
+    shell.press(BarButton::Role::done);
+    shell.back();
+    shell.tap("sound");
+    shell.tap("choices:");
+    shell.back();
+    EXPECT_THAT(shell.rows(), ElementsAre("Time: 8:15 AM", "Units: Days, Hours", "Alerts: 1 Hour", "Sound: No Sound"));
+    EXPECT_EQ(AppSettings::defaultSoundName(), "");
+}
+
+TEST_F(SettingsScreensTest, ListsTheSettings) {
+    openSettings();
+    EXPECT_THAT(shell.rows(), ElementsAre("Default Values", "Categories", "Sort: by Date", "Icons in rows *", "--",
+                                          "Badge", "Widget", "--", "Touch ID: Keep safe at launch", "Cloud", "--",
+                                          "Theme: As the system", "Language: As the system", "--", "About"));
+    for (const char* id : {"badge", "widget", "lock", "cloud"}) EXPECT_FALSE(shell.row(id).enabled) << id;
+    shell.toggle("lock", true);
+    shell.tap("badge");
+    EXPECT_FALSE(AppSettings::TouchIDOn());
+    EXPECT_THAT(shell.take(), ElementsAre());
+    shell.toggle("icons", false);
+    EXPECT_FALSE(AppSettings::tableCellIconShow());
+    shell.press(BarButton::Role::done);
+    EXPECT_THAT(shell.take(), ElementsAre("dismiss Settings"));
+}
+
+TEST_F(SettingsScreensTest, OpensWhatOtherPartsBring) {
+    openSettings(
+        {.badge = {[] { return "Missed events"; }, [] { return std::make_shared<InformationViewController>(); }},
+         .widget = {},
+         .cloud = {},
+         .canLock = true});
+    EXPECT_THAT(shell.rows(), Contains("Badge: Missed events"));
+    shell.toggle("lock", true);
+    EXPECT_TRUE(AppSettings::TouchIDOn());
+    shell.tap("badge");
+    EXPECT_THAT(shell.take(), ElementsAre("push About"));
+}
+
+TEST_F(SettingsScreensTest, SortsByTheTappedOrder) {
+    openSettings();
+    shell.tap("sort");
+    EXPECT_THAT(shell.rows(), ElementsAre("by Date *", "by Name", "Customizable"));
+    shell.tap("choice0");
+    EXPECT_THAT(posted.take(), ElementsAre()) << "it is on already";
+    shell.tap("choice2");
+    EXPECT_THAT(shell.rows(), ElementsAre("by Date", "by Name", "Customizable *"));
+    EXPECT_EQ(AppSettings::tableSortType(), 2);
+    EXPECT_THAT(posted.take(), ElementsAre(AppSettings::kTableSortDidUpdateNotification));
+    shell.back();
+    EXPECT_THAT(shell.rows(), Contains("Sort: Customizable"));
+}
+
+TEST_F(SettingsScreensTest, ChoosesThemeAndLanguage) {
+    openSettings();
+    shell.tap("theme");
+    shell.tap("choice2");
+    shell.back();
+    shell.tap("language");
+    EXPECT_THAT(shell.rows(), ElementsAre("As the system *", "English", "Русский"));
+    shell.tap("choice2");
+    EXPECT_EQ(InterfaceSettings::language(), "ru");
+    shell.tap("choice0");
+    EXPECT_EQ(InterfaceSettings::language(), std::nullopt);
+    EXPECT_EQ(InterfaceSettings::theme(), Theme::dark);
+    EXPECT_EQ(posted.take().size(), 3U);
+
+    auto& defaults = environment->standardDefaults();
+    const Object strange[] = {3, -1, "dark"};
+    for (const Object& value : strange) {
+        defaults.setObject(value, InterfaceSettings::kThemeKey);
+        EXPECT_EQ(InterfaceSettings::theme(), Theme::system);
+    }
+    defaults.setObject("xx", InterfaceSettings::kLanguageKey);
+    EXPECT_EQ(InterfaceSettings::language(), std::nullopt);
+}
+
+TEST_F(SettingsScreensTest, ShowsTheLicencesBlockByBlock) {
+    shell.navigation.present(std::make_shared<InformationViewController>());
+    shell.tap("licences");
+    EXPECT_THAT(shell.rows(), ElementsAre()) << "without the file there is nothing to show";
+    shell.back();
+    std::ofstream(resources.directory + "/licences.txt") << "Icons\n  by A\n\n\nSounds\n  by B\n";
+    shell.tap("licences");
+    EXPECT_THAT(shell.rows(), ElementsAre("Icons\n  by A", "Sounds\n  by B\n"));
+}
+
+}  // namespace
+}  // namespace dayward
