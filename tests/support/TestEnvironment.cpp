@@ -107,7 +107,8 @@ TestEnvironment::TestEnvironment(Options options) : home(options.home), log(std:
     if (!options.clock) clock = fixedClock;
     if (!options.queues) queues = std::make_shared<ManualQueues>(fixedClock);
     if (home.empty()) {
-        ownsHome_ = !options.files;
+        // On the disk no two tests may meet, whoever made the file system.
+        ownsHome_ = !options.files || dynamic_cast<LinuxFileSystem*>(options.files.get()) != nullptr;
         home = ownsHome_ ? makeFreshDirectory() : kHomeInGivenFiles;
     }
 
