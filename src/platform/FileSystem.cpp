@@ -218,6 +218,17 @@ Result<> putInPlace(FileSystem& files, Replacement& replacement, const std::stri
     return {};
 }
 
+Result<> writeAtomically(FileSystem& files, const PackageChange& change) {
+    const auto content = TRY(change.content());
+    return writePackageAtomically(files, change.path, content);
+}
+
+std::vector<Result<>> writeEachAtomically(FileSystem& files, std::span<const PackageChange> changes) {
+    std::vector<Result<>> results;
+    for (const PackageChange& change : changes) results.push_back(writeAtomically(files, change));
+    return results;
+}
+
 bool isDirectoryRefusal(int code) { return code == EISDIR || code == EPERM; }
 
 }  // namespace
@@ -287,6 +298,7 @@ Result<> writePackageAtomically(FileSystem& files, const std::string& path, std:
 std::vector<Result<>> writePackagesAtomically(FileSystem& files, const std::string& directory,
                                               std::span<const PackageChange> changes) {
     auto device = files.openDeviceSync(directory);
+    if (!device && device.error().code == EOPNOTSUPP) return writeEachAtomically(files, changes);
     if (!device) return std::vector<Result<>>(changes.size(), std::unexpected(device.error()));
     std::vector<Replacement> replacements(changes.size());
     inParallel(changes.size(), kPackagesPerThread, [&](std::size_t i) {

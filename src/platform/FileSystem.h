@@ -87,7 +87,7 @@ public:
     /// Returns when the directory's entries are on the device.
     virtual Result<> syncDirectory(const std::string& path) = 0;
     /// For the file system of the directory. To be opened before the first write: it may not know of
-    /// failures from before.
+    /// failures from before. EOPNOTSUPP where the file system is not known to keep what DeviceSync promises.
     virtual Result<std::unique_ptr<DeviceSync>> openDeviceSync(const std::string& directory) = 0;
     /// Waits for the exclusive (or shared) lock on `path`, which is created if missing.
     virtual Result<std::unique_ptr<FileLock>> lock(const std::string& path, bool exclusive) = 0;
@@ -129,7 +129,8 @@ struct PackageChange {
 
 /// The same for many packages of one directory together, with one sync of the device before they get their names
 /// and one of the directory after it. That waits for what others wrote on the device too, so it is for batches
-/// that would need many syncs. The result of each in their order; a crash leaves each of them old or new.
+/// that would need many syncs; where the device cannot be synced so, each is written alone. The result of each in
+/// their order; a crash leaves each of them old or new.
 std::vector<Result<>> writePackagesAtomically(FileSystem& files, const std::string& directory,
                                               std::span<const PackageChange> changes);
 

@@ -176,6 +176,21 @@ TEST(PackageWrite, takesThePlaceOfAFile) {
     EXPECT_EQ(files.tree(kPackage), kNewTree);
 }
 
+TEST(PackageWrite, aBatchIsDurableWhereTheDeviceCannotBeSyncedWhole) {
+    FaultFileSystem files;
+    files.store(kPackage + "/general.t", kOld);
+    files.forbidDeviceSync();
+    const auto content = []() -> Result<std::vector<PackageFile>> { return kNewPackage; };
+    const auto none = []() -> Result<std::vector<PackageFile>> { return failure("test"); };
+    const std::vector<PackageChange> changes = {{kPackage, content}, {"/home/documents/b.evn", none}};
+    const auto results = writePackagesAtomically(files, "/home/documents", changes);
+    ASSERT_EQ(results.size(), 2U);
+    EXPECT_TRUE(results[0]);
+    EXPECT_FALSE(results[1]);
+    files.restart(Loss::allUnsynced);
+    EXPECT_EQ(files.tree(kPackage), kNewTree);
+}
+
 TEST(Temporaries, sweepsThoseOfDeadProcessesOnly) {
     FaultFileSystem files;
     const std::string own = std::to_string(getpid());

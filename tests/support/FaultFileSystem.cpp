@@ -195,6 +195,11 @@ void FaultFileSystem::forbidExchange() {
     hasExchange_ = false;
 }
 
+void FaultFileSystem::forbidDeviceSync() {
+    const Lock lock(mutex_);
+    hasDeviceSync_ = false;
+}
+
 void FaultFileSystem::heal() {
     const Lock lock(mutex_);
     faults_->failing.clear();
@@ -403,6 +408,7 @@ Result<> FaultFileSystem::syncDirectory(const std::string& path) {
 Result<std::unique_ptr<DeviceSync>> FaultFileSystem::openDeviceSync(const std::string& directory) {
     const Lock lock(mutex_);
     TRY_VOID(begin("open for sync", directory));
+    if (!hasDeviceSync_) return fileFailure(EOPNOTSUPP, "open for sync", directory);
     if (!find(directory)) return fileFailure(ENOENT, "open for sync", directory);
     return std::make_unique<WholeSync>(*this, life_, directory);
 }

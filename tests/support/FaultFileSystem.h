@@ -43,6 +43,8 @@ public:
     void restart(CrashLoss loss = CrashLoss::allUnsynced, std::uint32_t seed = 0);
     /// Refuses exchange() from now on, as file systems without it do.
     void forbidExchange();
+    /// Refuses openDeviceSync() from now on, as for file systems that do not keep what it promises.
+    void forbidDeviceSync();
     /// Ends all faults and keeps everything.
     void heal();
 
@@ -94,6 +96,7 @@ private:
     std::unique_ptr<Faults> faults_ DAYWARD_GUARDED_BY(mutex_);
     std::uint64_t lastInode_ DAYWARD_GUARDED_BY(mutex_) = 0;
     bool hasExchange_ DAYWARD_GUARDED_BY(mutex_) = true;
+    bool hasDeviceSync_ DAYWARD_GUARDED_BY(mutex_) = true;
     std::uint64_t life_ DAYWARD_GUARDED_BY(mutex_) = 1;              ///< grows with each restart
     std::map<std::string, int> holders_ DAYWARD_GUARDED_BY(mutex_);  ///< readers of a lock; -1 is a writer
 };

@@ -2,15 +2,19 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <linux/magic.h>
 #include <stdio.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/vfs.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <cstring>
+#include <iterator>
 #include <utility>
 
 #include "platform/linux/FileDescriptor.h"
@@ -94,6 +98,14 @@ private:
     FileDescriptor file_;
     std::string path_;
 };
+
+/// Others, as those in user space, may answer syncfs before anything is on a device: it reaches their pages, but
+/// not who keeps the files.
+bool syncsWhole(decltype(statfs::f_type) fileSystem) {
+    constexpr decltype(statfs::f_type) kKnown[] = {EXT4_SUPER_MAGIC, XFS_SUPER_MAGIC, BTRFS_SUPER_MAGIC,
+                                                   F2FS_SUPER_MAGIC, TMPFS_MAGIC};
+    return std::ranges::find(kKnown, fileSystem) != std::end(kKnown);
+}
 
 class LinuxDeviceSync final : public DeviceSync {
 public:
@@ -211,7 +223,11 @@ Result<> LinuxFileSystem::syncDirectory(const std::string& path) {
 }
 
 Result<std::unique_ptr<DeviceSync>> LinuxFileSystem::openDeviceSync(const std::string& directory) {
-    return std::make_unique<LinuxDeviceSync>(TRY(openDescriptor(directory, O_RDONLY | O_DIRECTORY)), directory);
+    auto opened = TRY(openDescriptor(directory, O_RDONLY | O_DIRECTORY));
+    struct statfs found = {};
+    TRY_VOID(checked(uninterrupted([&] { return ::fstatfs(opened.get(), &found); }), directory, "status"));
+    if (!syncsWhole(found.f_type)) return systemFailure(directory, "sync all", EOPNOTSUPP);
+    return std::make_unique<LinuxDeviceSync>(std::move(opened), directory);
 }
 
 Result<std::unique_ptr<FileLock>> LinuxFileSystem::lock(const std::string& path, bool exclusive) {

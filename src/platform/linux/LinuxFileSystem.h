@@ -20,7 +20,7 @@ public:
     Result<> removeFile(const std::string& path) override;
     Result<> removeEmptyDirectory(const std::string& path) override;
     Result<> syncDirectory(const std::string& path) override;
-    /// syncfs, whose errors are those since its descriptor was opened.
+    /// syncfs, whose errors are those since its descriptor was opened; for file systems of local disks and of memory.
     Result<std::unique_ptr<DeviceSync>> openDeviceSync(const std::string& directory) override;
     /// flock on a descriptor of its own: it excludes other holders in this process too.
     Result<std::unique_ptr<FileLock>> lock(const std::string& path, bool exclusive) override;
