@@ -27,9 +27,13 @@ void PackageWrites::run() {
 
 void PackageWrites::drain() {
     for (Batch batch = takeBatch(); !batch.writes.empty(); batch = takeBatch()) {
-        const std::vector<Result<>> results = writer_(batch.writes);
-        for (const Result<>& result : results)
-            if (!result) logError(owner_ + ": " + result.error().description());
+        std::vector<Result<>> results = writer_(batch.writes);
+        for (std::size_t i = 0; i < results.size(); ++i) {
+            if (results[i]) continue;
+            // What fails for many at once, as a sync does, does not name them.
+            results[i].error().userInfo.try_emplace("key", batch.writes[i].key);
+            logError(owner_ + ": " + results[i].error().description());
+        }
         {
             const Lock lock(mutex_);
             for (std::size_t i = 0; i < results.size(); ++i) finish(batch.writes[i].key, batch.tickets[i], results[i]);

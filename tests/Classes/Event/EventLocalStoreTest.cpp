@@ -2,7 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <random>
+#include <set>
 #include <thread>
 
 #include "Classes/Category/ImageEventIconPicture.h"
@@ -255,6 +257,33 @@ TEST(EventLocalStoreFaults, AFullDiskLeavesTheOldPackageAndTheOthersGetTheirTurn
     files->heal();
     EXPECT_EQ(device.nameOnDisk("a"), "old");
     EXPECT_EQ(device.nameInMemory("a"), "new");
+}
+
+TEST(EventLocalStoreFaults, EachEventOfAFailedBatchIsNamed) {
+    auto files = std::make_shared<FaultFileSystem>();
+    TestEnvironment::Options options;
+    options.files = files;
+    EventStoreDevice device(options);
+    const auto save = [&] {
+        std::vector<std::shared_ptr<HHEvent>> events;
+        for (char key = 'a'; key < 'i'; ++key) events.push_back(makeEvent(std::string("event-") + key));
+        device.store().updateEvents(events);
+        return device.store().flush();
+    };
+    (void)device.store();
+    ASSERT_TRUE(save());
+    const std::size_t first = files->operationCount();
+    ASSERT_TRUE(save());
+    const auto operations = files->operations();
+    const auto sync = std::find(operations.begin() + static_cast<std::ptrdiff_t>(first), operations.end(), "sync all");
+    ASSERT_NE(sync, operations.end());
+    files->failOperation(static_cast<std::size_t>(sync - operations.begin()) + 1 - first);
+    const auto saved = save();
+    ASSERT_FALSE(saved);
+    EXPECT_THAT(saved.error().description(), HasSubstr("event-"));
+    const auto lines = device.environment.log->errors();
+    ASSERT_EQ(lines.size(), 8U);
+    EXPECT_EQ(std::set<std::string>(lines.begin(), lines.end()).size(), 8U) << lines[0];
 }
 
 TEST(EventLocalStoreThreads, TheNewestStateOfEveryKeyIsWhatStays) {
