@@ -82,6 +82,7 @@ void EventLocalStore::load() {
     {
         const Lock lock(dataLayerLock_);
         const auto waiting = writes_->waitingKeys();
+        writes_->forgetFailures();
         std::erase_if(dataLayer_, [&](const auto& entry) { return !waiting.contains(entry.first); });
         {
             const Lock leftOutLock(leftOutMutex_);
@@ -162,7 +163,7 @@ void EventLocalStore::updateEvents(const std::vector<std::shared_ptr<HHEvent>>& 
         const Lock lock(dataLayerLock_);
         for (const auto& event : events) {
             event->setVersion(CCSyncItemVersion::next());
-            put(event->identifier(), event);
+            dataLayer_[event->identifier()] = event;
             // A copy: what is written is the state of now, whatever becomes of the record meanwhile.
             writes_->add(event->identifier(), std::make_shared<HHEvent>(*event));
         }
@@ -176,7 +177,7 @@ void EventLocalStore::removeEvents(const std::vector<std::shared_ptr<HHEvent>>& 
     {
         const Lock lock(dataLayerLock_);
         for (const auto& event : events) {
-            take(event->identifier());
+            dataLayer_.erase(event->identifier());
             writes_->add(event->identifier(), nullptr);
         }
     }
@@ -282,10 +283,12 @@ std::string EventLocalStore::pathOfKey(const std::string& key) const {
 void EventLocalStore::put(const std::string& key, const std::shared_ptr<HHEvent>& event) {
     dataLayer_[key] = event;
     writes_->noteChange(key);
+    writes_->forgetFailure(key);
 }
 
 std::shared_ptr<HHEvent> EventLocalStore::take(const std::string& key) {
     writes_->noteChange(key);
+    writes_->forgetFailure(key);
     const auto node = dataLayer_.extract(key);
     return node ? node.mapped() : nullptr;
 }

@@ -135,7 +135,7 @@ private:
     [[nodiscard]] std::string pathOfKey(const std::string& key) const;
     /// Sweeps what dead processes left, and lists the packages.
     [[nodiscard]] std::vector<std::string> packagePaths();
-    /// Puts the event into memory and notes that this process did it.
+    /// Puts the event of the key's file into memory, and notes it.
     void put(const std::string& key, const std::shared_ptr<HHEvent>& event) DAYWARD_REQUIRES(dataLayerLock_);
     /// The same for taking it out; the event that was there, or null.
     std::shared_ptr<HHEvent> take(const std::string& key) DAYWARD_REQUIRES(dataLayerLock_);
@@ -147,7 +147,7 @@ private:
     /// one waits.
     Result<std::shared_ptr<HHEvent>> copyPackage(const std::string& sender, const std::string& key,
                                                  std::optional<std::uint64_t>& seenChange);
-    /// No own change of the key came, or waits, since `seenChange`.
+    /// No change of the key came, or waits, since `seenChange`.
     [[nodiscard]] bool isLatest(const std::string& key, std::optional<std::uint64_t> seenChange) const;
     [[nodiscard]] std::shared_ptr<const Image> loadImage(
         const std::string& key, Result<std::shared_ptr<const Image>> (*readImage)(const std::string& path));
@@ -155,9 +155,12 @@ private:
     void startWatch();
     void refreshKeys(const std::vector<std::string>& keys);
     void refreshKey(const std::string& key, Changes& changes);
+    /// Leaves what is still so: what came after has been announced by whoever did it.
+    void dropOvertaken(Changes& changes);
     /// Reads while nobody writes the package.
     [[nodiscard]] Result<LoadedPackage> readUndisturbed(const std::string& path) const;
-    void takeIn(const std::string& key, const LoadedPackage& package, std::uint64_t seenChange, Changes& changes);
+    /// False where another change of the key came since `seenChange`: it must be read again.
+    bool takeIn(const std::string& key, const LoadedPackage& package, std::uint64_t seenChange, Changes& changes);
     /// An event that another process wrote is to replace the one in memory.
     [[nodiscard]] bool isNews(const std::string& key, const HHEvent& event) DAYWARD_REQUIRES(dataLayerLock_);
     void leaveOut(const std::string& path, const Error& error);

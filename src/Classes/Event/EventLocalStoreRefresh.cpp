@@ -79,6 +79,7 @@ void EventLocalStore::refreshKeys(const std::vector<std::string>& keys) {
     unreadable_->reload();
     Changes changes;
     for (const std::string& key : keys) refreshKey(key, changes);
+    dropOvertaken(changes);
     if (!changes.updated.empty()) postDidUpdate(EventLocalStoreUpdatedKey, changes.updated);
     if (!changes.removed.empty()) postDidUpdate(EventLocalStoreRemovedKey, changes.removed);
     postNotificationStoreDidUpdate(keysOf(changes.updated), keysOf(changes.removed));
@@ -86,15 +87,26 @@ void EventLocalStore::refreshKeys(const std::vector<std::string>& keys) {
 
 void EventLocalStore::refreshKey(const std::string& key, Changes& changes) {
     const std::string path = pathOfKey(key);
-    const auto stamp = PackageStamp::ofPackage(environment().files(), path);
-    if (stamp && stamps_->isUnchanged(key, *stamp)) return;
-    const auto seenChange = writes_->settledChange(key);
-    if (!seenChange) return;
-    if (const auto package = readUndisturbed(path)) {
-        takeIn(key, *package, *seenChange, changes);
-    } else {
-        logError(typeName() + ": " + package.error().description());
+    for (bool isDone = false; !isDone;) {
+        const auto stamp = PackageStamp::ofPackage(environment().files(), path);
+        if (stamp && stamps_->isUnchanged(key, *stamp)) return;
+        // A change of our own that waits is newer, and its write will find the package.
+        const auto seenChange = writes_->settledChange(key);
+        if (!seenChange) return;
+        const auto package = readUndisturbed(path);
+        if (!package) return logError(typeName() + ": " + package.error().description());
+        isDone = takeIn(key, *package, *seenChange, changes);
     }
+}
+
+void EventLocalStore::dropOvertaken(Changes& changes) {
+    Changes standing;
+    const Lock lock(dataLayerLock_);
+    for (auto& event : changes.updated)
+        if (find(event->identifier()) == event) standing.updated.push_back(std::move(event));
+    for (auto& event : changes.removed)
+        if (!find(event->identifier())) standing.removed.push_back(std::move(event));
+    changes = std::move(standing);
 }
 
 Result<LoadedPackage> EventLocalStore::readUndisturbed(const std::string& path) const {
@@ -107,17 +119,17 @@ Result<LoadedPackage> EventLocalStore::readUndisturbed(const std::string& path) 
     return package;
 }
 
-void EventLocalStore::takeIn(const std::string& key, const LoadedPackage& package, std::uint64_t seenChange,
+bool EventLocalStore::takeIn(const std::string& key, const LoadedPackage& package, std::uint64_t seenChange,
                              Changes& changes) {
     const Lock lock(dataLayerLock_);
-    // A change of our own since then is newer than what was read, and its write will find it.
-    if (!isLatest(key, seenChange)) return;
-    if (stamps_->isUnchanged(key, package.stamp)) return;
+    if (!isLatest(key, seenChange)) return false;
+    if (stamps_->isUnchanged(key, package.stamp)) return true;
     stamps_->set(key, package.stamp);
+    writes_->noteChange(key);
     if (package.event) {
         forgetLeftOut(package.path);
-        if (!isNews(key, **package.event)) return;
-        dataLayer_[key] = *package.event;
+        if (!isNews(key, **package.event)) return true;
+        put(key, *package.event);
         changes.updated.push_back(*package.event);
     } else if (package.exists) {
         leaveOut(package.path, package.event.error());
@@ -126,6 +138,7 @@ void EventLocalStore::takeIn(const std::string& key, const LoadedPackage& packag
         unreadable_->forget(package.path);
         if (auto event = take(key)) changes.removed.push_back(std::move(event));
     }
+    return true;
 }
 
 bool EventLocalStore::isLatest(const std::string& key, std::optional<std::uint64_t> seenChange) const {

@@ -17,6 +17,7 @@ PackageWrites::PackageWrites(std::shared_ptr<DispatchQueue> queue, std::string o
 void PackageWrites::add(const std::string& key, Object value) {
     const Lock lock(mutex_);
     unfinished_.insert(++lastTicket_);
+    ++changeCounts_[key];
     lines_[key].waiting.push_back({lastTicket_, std::move(value)});
     ready_.push_back(key);
 }
@@ -97,6 +98,16 @@ void PackageWrites::fileIsDone(const std::string& key) {
 void PackageWrites::noteChange(const std::string& key) {
     const Lock lock(mutex_);
     ++changeCounts_[key];
+}
+
+void PackageWrites::forgetFailure(const std::string& key) {
+    const Lock lock(mutex_);
+    failed_.erase(key);
+}
+
+void PackageWrites::forgetFailures() {
+    const Lock lock(mutex_);
+    failed_.clear();
 }
 
 std::optional<std::uint64_t> PackageWrites::settledChange(const std::string& key) const {

@@ -37,7 +37,8 @@ public:
     /// `owner` stands before the logged failures.
     PackageWrites(std::shared_ptr<DispatchQueue> queue, std::string owner, Writer writer);
 
-    /// Puts the value last in its key's line. It is written at the latest when run() is called.
+    /// Puts the value last in its key's line, and counts the change: nobody may see one without the other. It is
+    /// written at the latest when run() is called.
     void add(const std::string& key, Object value);
     /// Queues what waits.
     void run();
@@ -46,9 +47,12 @@ public:
 
     /// Told by the writer: the key's file is as wanted.
     void fileIsDone(const std::string& key);
-    /// Counts a change of the key in memory, so that what was read of its file before is known as old.
+    /// Counts that memory was compared with the key's file, so that what was read of it before is known as old.
     void noteChange(const std::string& key);
-    /// The count of the key's changes; nothing while one of them is not in its file yet. May be asked
+    /// Memory is as the file, or the file as memory: a write that failed before counts no more.
+    void forgetFailure(const std::string& key);
+    void forgetFailures();
+    /// The count of the key's changes; nothing while an own one is not in its file yet. May be asked
     /// while files are locked.
     [[nodiscard]] std::optional<std::uint64_t> settledChange(const std::string& key) const;
     [[nodiscard]] std::unordered_set<std::string> waitingKeys() const;

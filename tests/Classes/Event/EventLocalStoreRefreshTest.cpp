@@ -35,6 +35,7 @@ protected:
     TestEnvironment::Options watched() const {
         TestEnvironment::Options options;
         options.watcher = watcher;
+        options.files = files;
         return options;
     }
     void forget() {
@@ -49,6 +50,7 @@ protected:
     }
 
     std::shared_ptr<HandWatcher> watcher = std::make_shared<HandWatcher>();
+    std::shared_ptr<InterruptedFiles> files = std::make_shared<InterruptedFiles>();
     EventStoreDevice device;
     EventStoreDevice other;
 };
@@ -149,6 +151,30 @@ TEST_F(EventLocalStoreRefreshTest, TheWatchBringsInItsNamesAndEverythingWhenItLo
                 ElementsAre(eventsUpdated("b"), keysChanged("b", ""), eventsUpdated("c"), keysChanged("c", "")));
 }
 
+TEST_F(EventLocalStoreRefreshTest, AReadingThatAnotherOvertookDoesNotBringTheOldBack) {
+    otherWrites("a", "first");
+    files->interruption = [&] {
+        otherWrites("a", "second");
+        device.store().refreshFromDisk();
+    };
+    device.store().refreshFromDisk();
+    EXPECT_EQ(device.nameInMemory("a"), "second");
+    EXPECT_THAT(device.notifications.take(), ElementsAre(eventsUpdated("a"), keysChanged("a", "")));
+}
+
+TEST_F(EventLocalStoreRefreshTest, WhatWasChangedSinceIsNotAnnounced) {
+    otherWrites("a", "theirs");
+    otherWrites("b", "theirs");
+    const auto changeOwn = [&] { device.store().updateEvent(makeEvent("a", "own")); };
+    // While the second package is read, the first is in memory and not told yet.
+    files->interruption = [&] { files->interruption = changeOwn; };
+    watcher->handler({"a.evn", "b.evn"});
+    device.run();
+    EXPECT_EQ(device.nameOnDisk("a"), "own");
+    EXPECT_THAT(device.notifications.take(), ElementsAre(eventsUpdated("a"), eventsUpdated("b"), keysChanged("b", ""),
+                                                         keysChanged("a", "")));
+}
+
 TEST(EventLocalStoreFailedWrite, MemoryGivesWayOnlyToSomethingNewer) {
     auto files = std::make_shared<FaultFileSystem>();
     TestEnvironment::Options options;
@@ -176,6 +202,12 @@ TEST(EventLocalStoreFailedWrite, MemoryGivesWayOnlyToSomethingNewer) {
     device.writePackage(*theirs);
     store.refreshFromDisk();
     EXPECT_EQ(device.nameInMemory("a"), "newer than memory");
+
+    theirs->setName("from a clock that was set back");
+    theirs->setVersion(CCSyncItemVersion(device.environment.clock->now()));
+    device.writePackage(*theirs);
+    store.refreshFromDisk();
+    EXPECT_EQ(device.nameInMemory("a"), "from a clock that was set back") << "memory is no longer ahead of its file";
 }
 
 TEST(EventLocalStoreRealWatch, SeesAnotherStoreOnTheSameHome) {

@@ -1,36 +1,12 @@
 #include <gmock/gmock.h>
 
 #include "EventStoreDevice.h"
-#include "platform/linux/LinuxFileSystem.h"
 
 namespace dayward {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-/// Runs a step of the test once, right after the next lock was given back.
-class InterruptedFiles final : public LinuxFileSystem {
-public:
-    Result<std::unique_ptr<FileLock>> lock(const std::string& path, bool exclusive) override {
-        auto held = TRY(LinuxFileSystem::lock(path, exclusive));
-        if (!interruption) return held;
-        return std::make_unique<Interrupting>(std::move(held), std::exchange(interruption, nullptr));
-    }
-    std::function<void()> interruption;
-
-private:
-    struct Interrupting final : FileLock {
-        Interrupting(std::unique_ptr<FileLock> lock, std::function<void()> step)
-            : held(std::move(lock)), next(std::move(step)) {}
-        ~Interrupting() override {
-            held.reset();
-            next();
-        }
-        std::unique_ptr<FileLock> held;
-        std::function<void()> next;
-    };
-};
 
 class EventLocalStoreSyncTest : public testing::Test {
 protected:
@@ -102,6 +78,23 @@ TEST_F(EventLocalStoreSyncTest, AnOwnChangeBetweenFileAndMemoryStays) {
         ASSERT_TRUE(device.store().syncWrite(value, "a", sender.store()));
         EXPECT_EQ(device.nameInMemory("a"), "own");
         EXPECT_EQ(device.nameOnDisk("a"), "own");
+    }
+}
+
+TEST_F(EventLocalStoreSyncTest, AnotherProcessBetweenFileAndMemoryStays) {
+    const auto files = std::make_shared<InterruptedFiles>();
+    TestEnvironment::Options options;
+    options.files = files;
+    EventStoreDevice device(options);
+    (void)device.store();
+    for (const Object& value : {Object(sender.path("a")), Object()}) {
+        files->interruption = [&] {
+            device.writePackage(*makeEvent("a", "theirs"));
+            device.store().refreshFromDisk();
+        };
+        ASSERT_TRUE(device.store().syncWrite(value, "a", sender.store()));
+        EXPECT_EQ(device.nameInMemory("a"), "theirs");
+        EXPECT_EQ(device.nameOnDisk("a"), "theirs");
     }
 }
 

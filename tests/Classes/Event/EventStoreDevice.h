@@ -2,8 +2,10 @@
 // them, records that stop their reader.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "Classes/Category/PictureClasses.h"
@@ -17,6 +19,7 @@
 #include "platform/FatalError.h"
 #include "platform/FileSystem.h"
 #include "platform/KeyedArchiver.h"
+#include "platform/linux/LinuxFileSystem.h"
 #include "support/NotificationRecorder.h"
 #include "support/TestEnvironment.h"
 
@@ -57,6 +60,29 @@ inline std::shared_ptr<HHEvent> makeEvent(const std::string& key, const std::str
     event->setName(name);
     return event;
 }
+
+/// Runs a step of the test once, right after the next lock was given back.
+class InterruptedFiles final : public LinuxFileSystem {
+public:
+    Result<std::unique_ptr<FileLock>> lock(const std::string& path, bool exclusive) override {
+        auto held = TRY(LinuxFileSystem::lock(path, exclusive));
+        if (!interruption) return held;
+        return std::make_unique<Interrupting>(std::move(held), std::exchange(interruption, nullptr));
+    }
+    std::function<void()> interruption;
+
+private:
+    struct Interrupting final : FileLock {
+        Interrupting(std::unique_ptr<FileLock> lock, std::function<void()> step)
+            : held(std::move(lock)), next(std::move(step)) {}
+        ~Interrupting() override {
+            held.reset();
+            next();
+        }
+        std::unique_ptr<FileLock> held;
+        std::function<void()> next;
+    };
+};
 
 struct EventStoreDevice {
     explicit EventStoreDevice(TestEnvironment::Options options = {}) : environment(withClasses(std::move(options))) {}
