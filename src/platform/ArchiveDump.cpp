@@ -120,17 +120,21 @@ private:
         if (name == "NSData" || name == "NSMutableData") return content(item, "NS.data", name);
         if (name == "NSDictionary" || name == "NSMutableDictionary") return pairs(item, name);
         if (name == "NSDate") {
-            const auto time = file_.find(item, "NS.time");
-            Json seconds = TRY(value(time.value_or(Item{Kind::null})));
+            const auto time = file_.find(item, "NS.time").value_or(Item{Kind::null});
+            if (!isPlain(time)) return fields(item, name);
+            Json seconds = TRY(value(time));
             return Json{{"$date", std::move(seconds)}};
         }
         return fields(item, name);
     }
 
+    /// Whether it leads to no object of a class, of which a chain would be followed without end.
+    bool isPlain(const Item& item) const { return file_.resolved(item).kind != Kind::dictionary; }
+
     /// The one value of a platform object, or all its fields where it has another form.
     Result<Json> content(const Item& item, std::string_view key, const std::string& className) {
         const auto found = file_.find(item, key);
-        return found ? value(*found) : fields(item, className);
+        return found && isPlain(*found) ? value(*found) : fields(item, className);
     }
 
     Result<Json> pairs(const Item& item, const std::string& className) {

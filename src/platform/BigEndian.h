@@ -4,6 +4,9 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
+
+#include <unicode/utf8.h>
 
 namespace dayward {
 
@@ -56,6 +59,17 @@ inline bool isASCII(const void* text, std::size_t length) {
     }
     for (; length > 0; ++bytes, --length) bits |= *bytes;
     return (bits & kHighBits) == 0;
+}
+
+/// Visits the characters; bytes that are no UTF-8 are replacement characters.
+template <class Visit>
+void forEachCharacterOfUTF8(std::string_view text, Visit visit) {
+    const auto length = static_cast<std::int64_t>(text.size());
+    for (std::int64_t i = 0; i < length;) {
+        UChar32 character = 0;
+        U8_NEXT_OR_FFFD(text.data(), i, length, character);
+        visit(character);
+    }
 }
 
 }  // namespace dayward

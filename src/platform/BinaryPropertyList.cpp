@@ -137,20 +137,22 @@ inline BinaryPropertyList::Item BinaryPropertyList::real(const std::uint8_t* mar
 /// Fills in count and payload of an object whose content is `count` pieces of `unit` bytes.
 inline BinaryPropertyList::Item BinaryPropertyList::sized(Item item, const std::uint8_t* marker,
                                                           std::uint64_t unit) const {
-    item.count = *marker & 0x0F;
+    std::uint64_t count = *marker & 0x0F;
     item.payload = marker + 1;
-    if (item.count == 0x0F) {
+    if (count == kCountApart) {
         const std::uint8_t* counter = marker + 1;
         if (bytesFrom(counter) == 0 || *counter >> 4 != 0x1 || (*counter & 0x0F) > 3) return {};
         const unsigned length = 1U << (*counter & 0x0F);
         if (bytesFrom(counter) <= length) return {};
-        item.count = bigEndian(counter + 1, length);
+        count = bigEndian(counter + 1, length);
         item.payload = counter + 1 + length;
     }
     // Most are so small that a product tells, without a division.
     const std::uint64_t room = bytesFrom(item.payload);
-    const bool fits = item.count <= 0xFFFFFFFF ? item.count * unit <= room : item.count <= room / unit;
-    return fits ? item : Item{};
+    const bool fits = count <= 0xFFFFFFFF ? count * unit <= room : count <= room / unit;
+    if (!fits) return {};
+    item.count = count;
+    return item;
 }
 
 std::uint64_t BinaryPropertyList::keyKinds(const Item& dictionary) const {
@@ -203,6 +205,11 @@ std::string BinaryPropertyList::text(const Item& item) {
     if (isASCII(item.payload, item.count)) return std::string(reinterpret_cast<const char*>(item.payload), item.count);
     // Not as published, but read as Latin-1.
     return utf8([&](auto visit) { std::for_each_n(item.payload, item.count, visit); });
+}
+
+std::string BinaryPropertyList::textOfUTF8(const Item& data) {
+    const std::string_view bytes = bytesOf(data);
+    return utf8([&](auto visit) { forEachCharacterOfUTF8(bytes, visit); });
 }
 
 }  // namespace dayward

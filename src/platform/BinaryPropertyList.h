@@ -78,7 +78,9 @@ public:
 
     /// Valid UTF-8 of a text or wideText.
     [[nodiscard]] static std::string text(const Item& item);
-    /// The bytes of a text; ASCII, where its writer followed the format.
+    /// The same of a data that holds UTF-8; what is none becomes replacement characters.
+    [[nodiscard]] static std::string textOfUTF8(const Item& data);
+    /// The bytes of a text, which are ASCII where its writer followed the format, or of a data.
     [[nodiscard]] static std::string_view bytesOf(const Item& item) {
         return {reinterpret_cast<const char*>(item.payload), item.count};
     }
@@ -88,6 +90,10 @@ public:
     /// Compares with an ASCII text without copying the item.
     [[nodiscard]] static bool equals(const Item& item, std::string_view ascii) {
         return item.kind == Kind::text && bytesOf(item) == ascii;
+    }
+    /// Of an unsignedInteger, which no value of ours holds whole.
+    [[nodiscard]] static double nearestReal(const Item& item) {
+        return static_cast<double>(static_cast<std::uint64_t>(item.integer));
     }
     [[nodiscard]] static Data data(const Item& item) { return Data(item.payload, item.payload + item.count); }
 

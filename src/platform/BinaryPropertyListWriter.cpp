@@ -1,7 +1,6 @@
 #include "platform/BinaryPropertyListWriter.h"
 
 #include <unicode/utf16.h>
-#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <bit>
@@ -51,24 +50,15 @@ std::uint8_t* putReal(std::uint8_t* at, std::uint8_t marker, double value) {
     return putBigEndian(at + 1, std::bit_cast<std::uint64_t>(value), 8);
 }
 
-template <class Visit>
-void forEachCharacter(std::string_view text, Visit visit) {
-    const auto length = static_cast<std::int64_t>(text.size());
-    for (std::int64_t i = 0; i < length;) {
-        UChar32 character = 0;
-        U8_NEXT_OR_FFFD(text.data(), i, length, character);
-        visit(character);
-    }
-}
-
 std::uint64_t countOfUTF16(std::string_view text) {
     std::uint64_t count = 0;
-    forEachCharacter(text, [&](UChar32 character) { count += static_cast<std::uint64_t>(U16_LENGTH(character)); });
+    forEachCharacterOfUTF8(text,
+                           [&](UChar32 character) { count += static_cast<std::uint64_t>(U16_LENGTH(character)); });
     return count;
 }
 
 std::uint8_t* putUTF16(std::uint8_t* at, std::string_view text) {
-    forEachCharacter(text, [&](UChar32 character) {
+    forEachCharacterOfUTF8(text, [&](UChar32 character) {
         if (character > 0xFFFF) at = putBigEndian(at, U16_LEAD(character), 2);
         at = putBigEndian(at, character > 0xFFFF ? U16_TRAIL(character) : static_cast<char16_t>(character), 2);
     });

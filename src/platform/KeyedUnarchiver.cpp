@@ -93,8 +93,8 @@ struct KeyedUnarchiver::Impl {
             case Kind::broken: fail("a damaged object"); return {};
             case Kind::null: return {};
             case Kind::boolean: return item.integer != 0;
-            case Kind::integer:
-            case Kind::unsignedInteger: return item.integer;
+            case Kind::integer: return item.integer;
+            case Kind::unsignedInteger: return BinaryPropertyList::nearestReal(item);
             case Kind::real: return item.real;
             case Kind::date: return Date::sinceReference(item.real);
             case Kind::text:
@@ -255,8 +255,8 @@ struct KeyedUnarchiver::Impl {
     Object decodeText(const Item& object) {
         if (const auto text = file.find(object, "NS.string")) return stringIn(file.resolved(*text));
         const Item bytes = contentOf(object, "NS.bytes", Kind::data);
-        if (!file.spend(bytes.count)) return {};
-        return bytes.payload ? Object(textOf(BinaryPropertyList::data(bytes))) : Object();
+        if (!file.spend(3 * bytes.count)) return {};
+        return bytes.payload ? Object(BinaryPropertyList::textOfUTF8(bytes)) : Object();
     }
 
     Object decodeBytes(const Item& object) {
@@ -304,7 +304,8 @@ struct KeyedUnarchiver::Impl {
     /// The number in an item, null where it holds none.
     static Object numberIn(const Item& item) {
         if (item.kind == Kind::boolean) return item.integer != 0;
-        if (item.kind == Kind::integer || item.kind == Kind::unsignedInteger) return item.integer;
+        if (item.kind == Kind::integer) return item.integer;
+        if (item.kind == Kind::unsignedInteger) return BinaryPropertyList::nearestReal(item);
         if (item.kind == Kind::real) return item.real;
         return {};
     }
@@ -329,9 +330,7 @@ struct KeyedUnarchiver::Impl {
         return found ? file.resolved(*found) : Item{};
     }
 
-    static bool isWhole(const Item& item) {
-        return item.kind == Kind::integer || item.kind == Kind::boolean || item.kind == Kind::unsignedInteger;
-    }
+    static bool isWhole(const Item& item) { return item.kind == Kind::integer || item.kind == Kind::boolean; }
 
     Result<> result() {
         if (mayGoOn()) return {};

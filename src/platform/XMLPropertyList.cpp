@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "platform/BinaryPropertyList.h"
 #include "platform/PropertyList.h"
 
 namespace dayward {
@@ -63,11 +64,32 @@ PropertyList convertedDictionary(plist_t node) {
     return {std::move(fields)};
 }
 
+/// A date or a number by its binary form: the library itself tells 32 bits of a date's seconds, and nothing of a
+/// number's sign.
+PropertyList exactly(plist_t node) {
+    char* bytes = nullptr;
+    std::uint32_t length = 0;
+    plist_to_bin(node, &bytes, &length);
+    const auto list = BinaryPropertyList::open({reinterpret_cast<const std::uint8_t*>(bytes), length});
+    const auto item = list ? list->root() : BinaryPropertyList::Item();
+    std::free(bytes);
+    if (item.kind == BinaryPropertyList::Kind::date) return {Date::sinceReference(item.real)};
+    if (item.kind == BinaryPropertyList::Kind::unsignedInteger) return {static_cast<std::uint64_t>(item.integer)};
+    return {item.integer};
+}
+
+PropertyList convertedInteger(plist_t node) {
+    std::uint64_t value = 0;
+    plist_get_uint_val(node, &value);
+    const auto number = static_cast<std::int64_t>(value);
+    return number < 0 ? exactly(node) : PropertyList{number};
+}
+
 PropertyList converted(plist_t node) {
     std::uint64_t count = 0;
     switch (plist_get_node_type(node)) {
         case PLIST_BOOLEAN: return {plist_bool_val_is_true(node) != 0};
-        case PLIST_UINT: plist_get_uint_val(node, &count); return {static_cast<std::int64_t>(count)};
+        case PLIST_UINT: return convertedInteger(node);
         case PLIST_REAL: {
             double value = 0;
             plist_get_real_val(node, &value);
@@ -81,12 +103,7 @@ PropertyList converted(plist_t node) {
             const char* bytes = plist_get_data_ptr(node, &count);
             return {bytes ? Data(bytes, bytes + count) : Data()};
         }
-        case PLIST_DATE: {
-            std::int32_t seconds = 0;
-            std::int32_t microseconds = 0;
-            plist_get_date_val(node, &seconds, &microseconds);
-            return {Date::sinceReference(seconds + microseconds / 1e6)};
-        }
+        case PLIST_DATE: return exactly(node);
         case PLIST_UID: plist_get_uid_val(node, &count); return {ArchiveUID{count}};
         case PLIST_ARRAY: return convertedArray(node);
         case PLIST_DICT: return convertedDictionary(node);

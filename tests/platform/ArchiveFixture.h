@@ -12,6 +12,7 @@
 
 #include "platform/KeyedArchiver.h"
 #include "platform/KeyedUnarchiver.h"
+#include "platform/PropertyList.h"
 
 namespace dayward {
 
@@ -84,5 +85,18 @@ inline Object rootOf(const Data& data) {
     EXPECT_TRUE(root) << root.error().description();
     return root.value_or(Object());
 }
+
+using Fields = PropertyList::Fields;
+
+/// An archive of "$null" and these; the first of them is the root.
+inline Data archiveOfObjects(PropertyList::List objects) {
+    objects.insert(objects.begin(), {std::string("$null")});
+    return binaryPropertyList({Fields{{"$version", {std::int64_t{100000}}},
+                                      {"$archiver", {std::string("NSKeyedArchiver")}},
+                                      {"$top", {Fields{{"root", {ArchiveUID{1}}}}}},
+                                      {"$objects", {std::move(objects)}}}});
+}
+
+inline PropertyList classRecord(std::string name) { return {Fields{{"$classname", {std::move(name)}}}}; }
 
 }  // namespace dayward

@@ -3,7 +3,6 @@
 #include "platform/ArchiveDump.h"
 #include "platform/ArchiveFixture.h"
 #include "platform/Color.h"
-#include "platform/PropertyList.h"
 
 namespace dayward {
 namespace {
@@ -46,6 +45,7 @@ TEST(HostileArchive, saysWhatIsWrong) {
         {"bad-raw-array-in-itself.plist", "nested too deeply"},
         {"bad-raw-huge-count.plist", "missing or damaged"},
         {"bad-raw-huge-text.plist", "missing or damaged"},
+        {"bad-raw-wide-count.plist", "missing or damaged"},
         {"bad-raw-marker.plist", "missing or damaged"},
         {"bad-raw-uid-to-uid.plist", "a reference in the place of an object"},
     };
@@ -107,16 +107,32 @@ INSTANTIATE_TEST_SUITE_P(Stored, DamagedArchive,
 
 /// An archive of an array that holds one text many times.
 Data repeatedText(std::size_t length, std::size_t count) {
-    using Fields = PropertyList::Fields;
     PropertyList::List elements(count, PropertyList{ArchiveUID{2}});
     const std::string text(length, 'x');
-    const PropertyList arrayClass{Fields{{"$classname", {std::string("NSArray")}}}};
     const PropertyList array{Fields{{"NS.objects", {std::move(elements)}}, {"$class", {ArchiveUID{3}}}}};
-    return binaryPropertyList(
-        {Fields{{"$version", {std::int64_t{100000}}},
-                {"$archiver", {std::string("NSKeyedArchiver")}},
-                {"$top", {Fields{{"root", {ArchiveUID{1}}}}}},
-                {"$objects", {PropertyList::List{{std::string("$null")}, array, {text}, arrayClass}}}}});
+    return archiveOfObjects({array, {text}, classRecord("NSArray")});
+}
+
+/// An archive of objects that hold each other in the place of their one value.
+Data chain(const char* className, const char* key) {
+    constexpr std::uint64_t kCount = 20000;
+    PropertyList::List objects;
+    for (std::uint64_t next = 2; next <= kCount; ++next)
+        objects.push_back({Fields{{key, {ArchiveUID{next}}}, {"$class", {ArchiveUID{kCount}}}}});
+    objects.push_back(classRecord(className));
+    return archiveOfObjects(std::move(objects));
+}
+
+TEST(HostileArchive, chainsOfPlatformObjectsAreFollowedToABound) {
+    const std::pair<const char*, const char*> values[] = {
+        {"NSString", "NS.string"}, {"NSArray", "NS.objects"}, {"NSData", "NS.data"}, {"NSDate", "NS.time"}};
+    for (const auto& [className, key] : values) {
+        const Data archive = chain(className, key);
+        static_cast<void>(unarchived(archive));
+        const auto json = archiveAsJSON(archive);
+        ASSERT_FALSE(json) << className;
+        EXPECT_EQ(json.error().userInfo.at("reason"), "nested too deeply") << className;
+    }
 }
 
 TEST(HostileArchive, sharedTextIsPaidForEachTime) {

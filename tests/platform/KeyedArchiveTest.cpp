@@ -209,6 +209,18 @@ TEST(KeyedArchive, mistypedAndMissingKeysAreNothing) {
     }
 }
 
+/// The platform object of that class that has one value.
+Object platformObject(const char* className, const char* key, PropertyList value) {
+    const PropertyList object{Fields{{key, std::move(value)}, {"$class", {ArchiveUID{2}}}}};
+    return rootOf(archiveOfObjects({object, classRecord(className)}));
+}
+
+TEST(KeyedArchive, bytesOfATextAreUTF8AndLargeNumbersKeepTheirSign) {
+    EXPECT_EQ(platformObject("NSMutableString", "NS.bytes", {dataOf("é\xFF.")}).stringValue(), "é\uFFFD.");
+    const Object large = platformObject("NSArray", "NS.objects", {PropertyList::List{{~std::uint64_t{0}}}});
+    EXPECT_EQ(large, Object(Array{18446744073709551615.0}));
+}
+
 TEST(KeyedArchive, readsColoursInBothForms) {
     ArchiveClasses classes;
     registerColorClass(classes);

@@ -1,6 +1,7 @@
 // libplist as the independent reader and writer of property lists, and how many random cases are tried.
 #pragma once
 
+#include <gtest/gtest.h>
 #include <plist/plist.h>
 
 #include <cstdlib>
@@ -15,7 +16,9 @@ namespace dayward {
 /// $DAYWARD_ARCHIVE_CASES of each kind; few where it is not set.
 inline int archiveCases() {
     const char* given = std::getenv("DAYWARD_ARCHIVE_CASES");
-    return given ? std::atoi(given) : 500;
+    const int cases = given ? std::atoi(given) : 500;
+    EXPECT_GT(cases, 0) << "$DAYWARD_ARCHIVE_CASES is no count";
+    return cases;
 }
 
 class PeerList {

@@ -59,6 +59,7 @@ public:
         switch (item.kind) {
             case Kind::boolean: return Object(item.integer != 0);
             case Kind::integer: return Object(item.integer);
+            case Kind::unsignedInteger: return Object(list_.nearestReal(item));
             case Kind::real: return Object(item.real);
             case Kind::date: return Object(Date::sinceReference(item.real));
             case Kind::data: return take(item.count) ? std::optional(Object(list_.data(item))) : std::nullopt;

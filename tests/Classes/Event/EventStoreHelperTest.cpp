@@ -219,6 +219,11 @@ TEST_F(EventStoreHelperTest, GeneralFilesOfADocument) {
     ASSERT_TRUE(document.setPropertyList(values, "list"));
     EXPECT_EQ(document.propertyListForKey("list"), Object(values));
     EXPECT_FALSE(document.setPropertyList(Array{nullptr}, "no list"));
+    document.setData(dataOf("<plist version='1.0'><array><date>2100-06-07T01:02:03Z</date><integer>-5</integer>"
+                            "<integer>18446744073709551615</integer></array></plist>"),
+                     "xml");
+    EXPECT_EQ(document.propertyListForKey("xml"),
+              Object(Array{Date::sinceReference(3137706123), -5, 18446744073709551615.0}));
     document.setValue(std::make_shared<NamedEventIconPicture>("n"), "value");
     EXPECT_TRUE(document.valueForKey("value").as<NamedEventIconPicture>());
     document.setData(dataOf("bplist00 and rubbish that is no list"), "broken");

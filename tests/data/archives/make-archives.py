@@ -215,6 +215,7 @@ write_raw("bad-raw-wide-array.plist", raw_archive([bytes([0xAA] + [13] * 10)]
                                                   + [bytes([0xAA] + [n + 1] * 10) for n in range(13, 60)] + [b"\x09"]))
 write_raw("bad-raw-huge-count.plist", raw_archive([b"\xaf\x13\x7f\xff\xff\xff\xff\xff\xff\xff"]))
 write_raw("bad-raw-huge-text.plist", raw_archive([b"\x6f\x13\xff\xff\xff\xff\xff\xff\xff\xff"]))
+write_raw("bad-raw-wide-count.plist", raw_archive([b"\x5f\x13\x01\0\0\0\0\0\0\x01x"]))
 write_raw("bad-raw-marker.plist", raw_archive([b"\x75abcde"]))
 write_raw("bad-raw-uid-to-uid.plist", raw_archive([b"\x80\x01"]))
 write_raw("bad-trailer.plist", raw_list([b"\x09"])[:-8] + struct.pack(">Q", 2**63))
