@@ -4,7 +4,7 @@
 #include <iterator>
 #include <memory>
 
-#include "Classes/Event/EventJSON.h"
+#include "Classes/Event/EventJSONValue.h"
 #include "Classes/Event/EventStoreHelper.h"
 #include "Classes/Event/HHEvent.h"
 #include "cli/Command.h"
@@ -21,7 +21,7 @@ namespace {
 Result<> readDocument(const std::string& path) {
     const std::string package = TRY(absolutePath(path));
     const auto event = TRY(EventStoreHelper::readEvent(package));
-    printJSON(JSON::parse(eventJSON(*event)));
+    printJSON(eventJSONValue(*event));
     return {};
 }
 

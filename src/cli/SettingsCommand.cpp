@@ -135,7 +135,9 @@ void print(const std::vector<const Setting*>& settings, bool json) {
     JSON values = JSON::object();
     for (const Setting* setting : settings) {
         values[setting->key] = setting->value();
-        if (!json) printLine(std::string(setting->key) + " " + values[setting->key].dump());
+        if (!json)
+            printLine(std::string(setting->key) + " " +
+                      values[setting->key].dump(-1, ' ', false, JSON::error_handler_t::replace));
     }
     if (json) printJSON(values);
 }

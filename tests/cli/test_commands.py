@@ -291,6 +291,7 @@ class CategoriesAndSettings(ProgramTest):
         self.run_ok("settings", "event-def-time", "09:30")
         self.run_ok("settings", "event-def-alerts", "1 day before, on event")
         self.run_ok("settings", "table-sort-type", "name")
+        self.assertIn("bell\uFFFD", self.run_ok("settings", "event-def-sound-name", "bell\udcff"))
         self.assertEqual(self.run_json("settings", "event-def-time"), {"event-def-time": 570})
         event = self.run_json("show", self.add("New", "--date", "2026-04-01"))
         self.assertEqual((event["times"], event["alerts"]["list"]), ([570], [{"day": 1}, {}]))

@@ -44,7 +44,8 @@ struct ToJSON {
         for (const auto& [key, item] : dictionary) {
             auto element = plainValue(item, depth + 1);
             if (!element) return std::nullopt;
-            fields[key] = *std::move(element);
+            // Not by the key, which would be looked for among all before it.
+            fields.get_ref<JSON::object_t&>().emplace_back(key, *std::move(element));
         }
         return fields;
     }
