@@ -14,6 +14,9 @@ namespace {
 constexpr std::size_t kLongestFile = 1 << 20;
 constexpr std::size_t kOlderFiles = 2;
 
+/// Why the log did not take the line that this thread writes; empty where it did.
+thread_local std::string refusal;
+
 void toStandardError(std::string_view line) {
     std::fprintf(stderr, "%.*s\n", static_cast<int>(line.size()), line.data());
 }
@@ -33,8 +36,8 @@ struct SpdlogLog::File {
             logger->set_pattern("%Y-%m-%d %H:%M:%S.%e %P %l %v");
             logger->set_level(spdlog::level::debug);
             logger->flush_on(spdlog::level::err);
-            // A full disk must not make a line on standard error of every line of the log.
-            logger->set_error_handler([](const std::string&) {});
+            // A full disk must not make a line on standard error of every line of the log: only errors are told.
+            logger->set_error_handler([](const std::string& why) { refusal = why; });
         } catch (const std::exception& caught) {
             problem = caught.what();
         }
@@ -59,12 +62,11 @@ SpdlogLog::~SpdlogLog() = default;
 
 void SpdlogLog::error(std::string_view line) {
     spdlog::logger* const logger = file_->get(options_.file);
-    if (logger != nullptr) logger->error(spdlog::string_view_t(line.data(), line.size()));
-    if (logger == nullptr) {
-        file_->tell(line);
-    } else if (options_.errorsToStandardError) {
-        toStandardError(line);
-    }
+    if (logger == nullptr) return file_->tell(line);
+    refusal.clear();
+    logger->error(spdlog::string_view_t(line.data(), line.size()));
+    if (!refusal.empty()) return toStandardError(std::string(line) + "; the log cannot be written: " + refusal);
+    if (options_.errorsToStandardError) toStandardError(line);
 }
 
 void SpdlogLog::debug(std::string_view line) {

@@ -1,5 +1,5 @@
 // The program's log file: lines with time and level, at most three files of a megabyte each. The file
-// is opened with the first line; where that fails, errors go to standard error instead. Any thread.
+// is opened with the first line; errors that it does not take go to standard error instead. Any thread.
 #pragma once
 
 #include <memory>

@@ -116,6 +116,15 @@ TEST_F(RealFiles, aLogThatCannotBeOpenedSpeaksOnStandardError) {
                 testing::MatchesRegex("went wrong; the log cannot be opened: [^\n]+\nand again\n"));
 }
 
+TEST_F(RealFiles, errorsThatAFullDiskKeepsFromTheLogAreToldOnStandardError) {
+    SpdlogLog log({"/dev/full", false, true});
+    testing::internal::CaptureStderr();
+    log.debug("detail");
+    log.error("went wrong");
+    EXPECT_THAT(testing::internal::GetCapturedStderr(),
+                testing::MatchesRegex("went wrong; the log cannot be written: [^\n]+\n"));
+}
+
 TEST_F(RealFiles, anEnvironmentWithoutItsPlaceOrZoneIsAnError) {
     LinuxOptions options;
     options.resources = DAYWARD_TEST_RESOURCES;
