@@ -14,10 +14,15 @@ UserDefaults::UserDefaults(std::shared_ptr<FileSystem> files, std::shared_ptr<co
                            std::string path)
     : files_(std::move(files)), classes_(std::move(classes)), path_(std::move(path)) {}
 
+/// No value of a suite may stop the process: it would at every start.
+Result<Object> UserDefaults::unarchive(const Data& bytes) const {
+    return KeyedUnarchiver::unarchiveObjectWithData(bytes, *classes_, KeyedUnarchiver::OnRefusal::fail);
+}
+
 Result<std::optional<Dictionary>> UserDefaults::readFile() const {
     if (!TRY(files_->status(path_))) return Dictionary();
     const Data bytes = TRY(files_->readFile(path_));
-    const auto object = KeyedUnarchiver::unarchiveObjectWithData(bytes, *classes_);
+    const auto object = unarchive(bytes);
     if (object && object->dictionary()) return *object->dictionary();
     logError("defaults: " + path_ + " is unreadable: " + (object ? "no dictionary" : object.error().description()));
     return std::nullopt;
@@ -92,7 +97,7 @@ void UserDefaults::archiveObject(const Object& value, const std::string& forKey)
 Object UserDefaults::unarchiveObjectForKey(const std::string& key) const {
     const Object stored = objectForKey(key);
     if (!stored.data()) return {};
-    auto object = KeyedUnarchiver::unarchiveObjectWithData(*stored.data(), *classes_);
+    auto object = unarchive(*stored.data());
     if (object) return *std::move(object);
     logError("defaults: " + key + " in " + path_ + " is unreadable: " + object.error().description());
     return {};

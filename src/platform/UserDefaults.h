@@ -45,6 +45,7 @@ public:
 private:
     void loadOnce() const DAYWARD_REQUIRES(mutex_);
     /// What the file holds; nothing where it is no suite.
+    [[nodiscard]] Result<Object> unarchive(const Data& bytes) const;
     [[nodiscard]] Result<std::optional<Dictionary>> readFile() const;
     /// The same under the file's lock; a file that is no suite is put aside.
     [[nodiscard]] Result<std::optional<Dictionary>> readFileOrPutAside() const;

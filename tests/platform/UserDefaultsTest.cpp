@@ -5,12 +5,24 @@
 #include "platform/Color.h"
 #include "platform/FileSystem.h"
 #include "platform/KeyedArchiver.h"
+#include "platform/KeyedUnarchiver.h"
 #include "platform/UnreadableFiles.h"
 #include "support/FaultFileSystem.h"
 #include "support/TestEnvironment.h"
 
 namespace dayward {
 namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class Refused final : public Archivable {
+public:
+    [[nodiscard]] std::vector<std::string> archiveClassNames() const override { return {"Refused"}; }
+    void encodeWithCoder(KeyedArchiver&) const override {}
+};
+
+const Object kRefused = std::make_shared<Refused>();
 
 constexpr const char* kPath = "/home/test/dayward/config/test.defaults";
 
@@ -19,6 +31,10 @@ protected:
     [[nodiscard]] std::unique_ptr<UserDefaults> open() const {
         auto classes = std::make_shared<ArchiveClasses>();
         registerColorClass(*classes);
+        classes->add("Refused", [](KeyedUnarchiver& coder) -> std::shared_ptr<Archivable> {
+            coder.refuse("no program writes this");
+            return nullptr;
+        });
         return std::make_unique<UserDefaults>(files, classes, kPath);
     }
 
@@ -77,8 +93,8 @@ TEST_F(UserDefaultsTest, synchronizeWithoutChangesWritesNothing) {
 
 TEST_F(UserDefaultsTest, anUnreadableFileIsKeptAsideAndReplacesNoEarlierOne) {
     int number = 0;
-    for (const Data& bytes :
-         {dataOf("no archive"), Data(), KeyedArchiver::archivedDataWithRootObject("no dictionary")}) {
+    for (const Data& bytes : {dataOf("no archive"), Data(), KeyedArchiver::archivedDataWithRootObject("no dictionary"),
+                              KeyedArchiver::archivedDataWithRootObject(Dictionary{{"key", kRefused}})}) {
         writeFile(bytes);
         const auto defaults = open();
         EXPECT_TRUE(defaults->dictionaryRepresentation().empty());
@@ -131,8 +147,10 @@ TEST_F(UserDefaultsTest, aFailedSynchronizeLosesNothing) {
 TEST_F(UserDefaultsTest, anUnreadableValueIsLogged) {
     const auto defaults = open();
     defaults->setObject(dataOf("no archive"), "key");
+    defaults->archiveObject(kRefused, "refused");
     EXPECT_TRUE(defaults->unarchiveObjectForKey("key").isNull());
-    EXPECT_THAT(environment.log->errors(), testing::ElementsAre(testing::HasSubstr("key")));
+    EXPECT_TRUE(defaults->unarchiveObjectForKey("refused").isNull());
+    EXPECT_THAT(environment.log->errors(), ElementsAre(HasSubstr("key"), HasSubstr("no program writes this")));
 }
 
 }  // namespace

@@ -20,6 +20,7 @@ namespace dayward {
 namespace {
 
 using Category = CategoryLocalStore::Category;
+using OnRefusal = KeyedUnarchiver::OnRefusal;
 
 constexpr const char* kDefaultName = "Default";
 constexpr const char* kDefaultIcon = "remind";
@@ -64,7 +65,7 @@ std::vector<Category> categoriesOfBlocks(const Object& blocks, const ArchiveClas
     if (array == nullptr) return categories;
     for (const Object& block : *array) {
         if (block.data() == nullptr) continue;
-        const auto root = KeyedUnarchiver::unarchiveObjectWithData(*block.data(), classes);
+        const auto root = KeyedUnarchiver::unarchiveObjectWithData(*block.data(), classes, OnRefusal::fail);
         if (auto category = root ? root->as<EventCategory>() : nullptr) categories.push_back(std::move(category));
     }
     return categories;

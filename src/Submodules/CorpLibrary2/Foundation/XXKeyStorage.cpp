@@ -239,7 +239,8 @@ Object XXKeyStorage::objectFromCryptoData(const Object& data, const std::string&
     Object object;
     const auto read = KeyedUnarchiver::unarchiveContents(
         *archive, Environment::current().archiveClasses(),
-        [&](KeyedUnarchiver& coder) { object = coder.decodeObject(kCryptoObjectKey); });
+        [&](KeyedUnarchiver& coder) { object = coder.decodeObject(kCryptoObjectKey); },
+        KeyedUnarchiver::OnRefusal::fail);
     return read ? object : Object();
 }
 
