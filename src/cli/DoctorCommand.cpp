@@ -14,7 +14,7 @@ void addDoctorCommand(CLI::App& app, ChosenCommand& chosen) {
     command->callback([&chosen] {
         chosen.needsStore = false;
         chosen.action = [&chosen](Environment& environment, const GlobalOptions& options) -> Result<> {
-            const std::vector<Problem> problems = examineHome(environment);
+            const std::vector<Problem> problems = TRY(examineHome(environment));
             JSON list = JSON::array();
             for (const Problem& problem : problems) {
                 list.push_back({{"path", problem.path}, {"reason", problem.reason}});

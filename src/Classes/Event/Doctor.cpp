@@ -7,10 +7,10 @@
 #include <cstring>
 
 #include "Classes/Event/FileExamination.h"
-#include "platform/DispatchQueue.h"
 #include "platform/FatalError.h"
 #include "platform/FileCoordinator.h"
 #include "platform/FileSystem.h"
+#include "platform/IdleQueues.h"
 #include "platform/Log.h"
 #include "platform/NotificationCenter.h"
 #include "platform/ReadOnlyFileSystem.h"
@@ -40,6 +40,7 @@ Environment::Services readOnlyServices(Environment& environment) {
     services.files = std::make_shared<ReadOnlyFileSystem>(environment.sharedFiles());
     services.coordinator =
         std::make_shared<FileCoordinator>(services.files, joinPath(environment.paths().state, "locks"));
+    services.queues = std::make_shared<IdleQueues>();
     services.notifications = std::make_shared<NotificationCenter>();
     services.archiveClasses = std::make_shared<ArchiveClasses>(environment.archiveClasses());
     services.strings = std::make_shared<Strings>(environment.strings());
@@ -127,11 +128,20 @@ struct Outcome {
     int status = 0;
 };
 
-Outcome runChild(Environment& environment, const std::vector<std::string>& files, std::size_t first, std::size_t end) {
+std::unexpected<Error> noChild(const char* operation) {
+    return failure("doctor", errno, {{"operation", operation}, {"reason", std::strerror(errno)}});
+}
+
+Result<Outcome> runChild(Environment& environment, const std::vector<std::string>& files, std::size_t first,
+                         std::size_t end) {
     int ends[2];
-    if (::pipe(ends) != 0) fatalError(std::string("no pipe: ") + std::strerror(errno));
+    if (::pipe(ends) != 0) return noChild("open a pipe");
     const pid_t child = ::fork();
-    if (child < 0) fatalError(std::string("no child process: ") + std::strerror(errno));
+    if (child < 0) {
+        auto failed = noChild("start a process");
+        for (const int descriptor : ends) ::close(descriptor);
+        return failed;
+    }
     if (child == 0) {
         ::close(ends[0]);
         examineInChild(environment, files, first, end, ends[1]);
@@ -155,7 +165,7 @@ Outcome runChild(Environment& environment, const std::vector<std::string>& files
 
 }  // namespace
 
-std::vector<Problem> examineHome(Environment& environment) {
+Result<std::vector<Problem>> examineHome(Environment& environment) {
     const std::vector<std::string> files = filesToExamine(environment);
     std::vector<Problem> problems;
     std::size_t next = 0;
@@ -164,7 +174,7 @@ std::vector<Problem> examineHome(Environment& environment) {
     bool alone = false;
     while (next < files.size()) {
         const std::size_t end = alone ? next + 1 : files.size();
-        const Outcome outcome = runChild(environment, files, next, end);
+        const Outcome outcome = TRY(runChild(environment, files, next, end));
         for (const auto& faults : outcome.faults) {
             for (const std::string& fault : faults) problems.push_back({files[next], fault});
             ++next;

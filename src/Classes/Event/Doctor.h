@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/Environment.h"
+#include "platform/Result.h"
 
 namespace dayward {
 
@@ -18,6 +19,7 @@ struct Problem {
 
 /// Event packages, key storages and settings, user defaults and the category list in them, in the
 /// order of their paths. Forks: call it from a program's main thread, before anything else works.
-std::vector<Problem> examineHome(Environment& environment);
+/// Fails where no child can be made.
+Result<std::vector<Problem>> examineHome(Environment& environment);
 
 }  // namespace dayward

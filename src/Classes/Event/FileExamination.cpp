@@ -42,6 +42,10 @@ std::vector<std::string> faultsOfPackage(const std::string& path) {
         const auto image = bytes ? Image::decode(*bytes) : Result<Image>(std::unexpected(bytes.error()));
         if (!image) faults.push_back(std::string(name) + ": " + image.error().description());
     }
+    // Any other file that cannot be read keeps the event from being saved.
+    EventDocument document(path);
+    const auto whole = faults.empty() ? document.readFromURL(path) : Result<>();
+    if (!whole) faults.push_back(whole.error().description());
     return faults;
 }
 

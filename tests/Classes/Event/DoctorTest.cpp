@@ -20,8 +20,8 @@ protected:
     /// The reasons by the files' names.
     std::multimap<std::string, std::string> reasons() {
         std::multimap<std::string, std::string> found;
-        for (const Problem& problem : examineHome(*device.environment))
-            found.emplace(lastPathComponent(problem.path), problem.reason);
+        const auto problems = examineHome(*device.environment).value();
+        for (const Problem& problem : problems) found.emplace(lastPathComponent(problem.path), problem.reason);
         return found;
     }
     /// Every file below the home with its bytes.
@@ -39,6 +39,7 @@ protected:
 
 TEST_F(DoctorTest, FindsNothingInASoundHome) {
     device.writeManyPackages(50);
+    EXPECT_THAT(reasons(), testing::IsEmpty()) << "without settings and categories";
     device.writeFile(paths().library + "/CCAppValues.dat", KeyedArchiver::archivedDataWithRootObject(Dictionary{}));
     device.environment->standardDefaults().setObject(
         Array{KeyedArchiver::archivedDataWithRootObject(std::make_shared<EventCategory>("default"))}, "k003");
@@ -83,9 +84,15 @@ TEST_F(DoctorTest, FindsEveryUnreadableFileWithItsReasonAndChangesNothing) {
     EXPECT_EQ(found.size(), std::size(expected) + 3);
 }
 
+TEST_F(DoctorTest, FindsAnyFileThatKeepsAnEventFromBeingSaved) {
+    device.writePackage(*makeEvent("a"));
+    std::filesystem::create_symlink("/proc/self/mem", device.path("a") + "/other");
+    EXPECT_THAT(reasons(), testing::ElementsAre(testing::Pair("a.evn", HasSubstr("a.evn/other"))));
+}
+
 TEST_F(DoctorTest, TellsOfADirectoryThatCannotBeListed) {
     ASSERT_TRUE(device.environment->files().removeTree(paths().documents));
-    const auto problems = examineHome(*device.environment);
+    const auto problems = examineHome(*device.environment).value();
     ASSERT_EQ(problems.size(), 1U);
     EXPECT_EQ(problems[0].path, paths().documents);
 }
