@@ -19,8 +19,8 @@ namespace dayward {
 namespace {
 
 constexpr std::string_view kTemporaryMark = ".tmp-";
-/// Of what stands aside until its successor has its place. Its whole name is kept, to come back to it.
-constexpr std::string_view kAsideMark = ".was-";
+/// Of what stands aside until its successor has its place. Nobody else writes it meanwhile, so there is one at most.
+constexpr std::string_view kAsideEnding = ".was";
 // A name in a directory has at most 255 bytes on the usual file systems; mark and numbers need 40.
 constexpr std::size_t kLongestKeptName = 200;
 constexpr std::size_t kPackagesPerThread = 64;
@@ -31,17 +31,11 @@ Error fileError(int code, const std::string& path, const std::string& operation)
     return {"file", code, {{"path", path}, {"operation", operation}, {"reason", std::strerror(code)}}};
 }
 
-std::string makeMarkedPath(const std::string& path, const std::string& keptName, std::string_view mark) {
-    const std::string name =
-        "." + keptName + std::string(mark) + std::to_string(getpid()) + "-" + std::to_string(++lastTemporaryNumber);
+std::string makeTemporaryPath(const std::string& path) {
+    const std::string name = "." + lastPathComponent(path).substr(0, kLongestKeptName) + std::string(kTemporaryMark) +
+                             std::to_string(getpid()) + "-" + std::to_string(++lastTemporaryNumber);
     return joinPath(parentPath(path), name);
 }
-
-std::string makeTemporaryPath(const std::string& path) {
-    return makeMarkedPath(path, lastPathComponent(path).substr(0, kLongestKeptName), kTemporaryMark);
-}
-
-std::string makeAsidePath(const std::string& path) { return makeMarkedPath(path, lastPathComponent(path), kAsideMark); }
 
 std::optional<std::uint64_t> wholeNumber(std::string_view text) {
     std::uint64_t number = 0;
@@ -55,27 +49,17 @@ struct TemporaryOwner {
     std::uint64_t number = 0;
 };
 
-std::optional<TemporaryOwner> ownerAfter(std::string_view mark, std::string_view name) {
+std::optional<TemporaryOwner> temporaryOwner(std::string_view name) {
     if (!name.starts_with('.')) return std::nullopt;
-    const auto at = name.rfind(mark);
+    const auto at = name.rfind(kTemporaryMark);
     if (at == std::string_view::npos || at < 2) return std::nullopt;
-    const std::string_view numbers = name.substr(at + mark.size());
+    const std::string_view numbers = name.substr(at + kTemporaryMark.size());
     const auto dash = numbers.find('-');
     if (dash == std::string_view::npos) return std::nullopt;
     const auto process = wholeNumber(numbers.substr(0, dash));
     const auto number = wholeNumber(numbers.substr(dash + 1));
     if (!process || !number) return std::nullopt;
     return TemporaryOwner{*process, *number};
-}
-
-std::optional<TemporaryOwner> temporaryOwner(std::string_view name) {
-    const auto owner = ownerAfter(kTemporaryMark, name);
-    return owner ? owner : ownerAfter(kAsideMark, name);
-}
-
-/// The name that what stands aside under this one had; empty for another temporary.
-std::string nameBeforeAside(std::string_view name) {
-    return ownerAfter(kAsideMark, name) ? std::string(name.substr(1, name.rfind(kAsideMark) - 1)) : std::string();
 }
 
 /// A number that this process has not given out yet is from an earlier process with the same id.
@@ -150,15 +134,16 @@ void discard(FileSystem& files, const std::string& path) {
         logError(path + " is left for the next start: " + removed.error().description());
 }
 
-/// For file systems without an exchange. Dies the process between the steps, removeStaleTemporaries() brings
-/// the old package back.
+/// For file systems without an exchange. Dies the process between the steps, settlePackage() brings the old
+/// package back.
 Result<std::string> exchangeInSteps(FileSystem& files, const std::string& temporary, const std::string& path) {
-    const std::string aside = makeAsidePath(path);
+    TRY_VOID(settlePackage(files, path));  // an earlier one may be in the way
+    const std::string aside = asidePath(path);
     TRY_VOID(files.rename(path, aside));
     const auto renamed = files.rename(temporary, path);
     if (renamed) return aside;
     const auto back = files.rename(aside, path);
-    if (!back) logError(path + " stands aside until the next start: " + back.error().description());
+    if (!back) logError(path + " stands aside for now: " + back.error().description());
     return std::unexpected(renamed.error());
 }
 
@@ -183,17 +168,12 @@ Result<std::string> putPackageInPlace(FileSystem& files, const std::string& temp
     return std::unexpected(renamed.error());
 }
 
-/// Brings back what a process that is gone had put aside and did not replace, and removes its other temporaries.
-void settleTemporary(FileSystem& files, const std::string& directory, const std::string& name) {
-    const std::string path = joinPath(directory, name);
-    const std::string before = nameBeforeAside(name);
-    if (before.empty()) return discard(files, path);
-    const auto successor = files.status(joinPath(directory, before));
-    if (!successor) return logError(path + " is left for the next start: " + successor.error().description());
-    if (*successor) return discard(files, path);
-    auto restored = files.rename(path, joinPath(directory, before));
-    if (restored) restored = files.syncDirectory(directory);
-    if (!restored) logError(path + " is not brought back: " + restored.error().description());
+/// Takes the package's name from it, whose temporary one is returned.
+Result<std::string> takeAway(FileSystem& files, const std::string& path) {
+    TRY_VOID(settlePackage(files, path));  // an earlier one would come back otherwise
+    std::string temporary = TRY(freeTemporaryPath(files, path));
+    TRY_VOID(files.rename(path, temporary));
+    return temporary;
 }
 
 /// One package of a batch on its way.
@@ -250,7 +230,9 @@ Result<ReadFile> FileSystem::readFileWithStatus(const std::string& path) const {
 }
 
 Result<> FileSystem::createDirectories(const std::string& path) {
-    if (path.empty() || path == "/" || isDirectory(path)) return {};
+    if (path.empty() || path == "/") return {};
+    const auto found = TRY(status(path));
+    if (found && found->kind == FileStatus::Kind::directory) return {};
     const std::string parent = parentPath(path);
     TRY_VOID(createDirectories(parent));
     TRY_VOID(createDirectory(path));
@@ -322,8 +304,7 @@ std::vector<Result<>> writePackagesAtomically(FileSystem& files, const std::stri
 }
 
 Result<> removePackageAtomically(FileSystem& files, const std::string& path) {
-    const std::string temporary = TRY(freeTemporaryPath(files, path));
-    TRY_VOID(files.rename(path, temporary));
+    const std::string temporary = TRY(takeAway(files, path));
     // Only then may its files go: a crash must not bring the name back without them.
     TRY_VOID(files.syncDirectory(parentPath(path)));
     discard(files, temporary);
@@ -335,9 +316,11 @@ std::vector<Result<>> removePackagesAtomically(FileSystem& files, const std::str
     std::vector<Replacement> removals;
     for (const std::string& path : paths) {
         Replacement& removal = removals.emplace_back();
-        auto temporary = freeTemporaryPath(files, path);
-        removal.result = temporary ? files.rename(path, *temporary) : std::unexpected(temporary.error());
-        if (removal.result) removal.old = *std::move(temporary);
+        if (auto temporary = takeAway(files, path)) {
+            removal.old = *std::move(temporary);
+        } else {
+            removal.result = std::unexpected(temporary.error());
+        }
     }
     const auto unnamed = files.syncDirectory(directory);
     std::vector<Result<>> results;
@@ -349,17 +332,39 @@ std::vector<Result<>> removePackagesAtomically(FileSystem& files, const std::str
     return results;
 }
 
-bool isTemporaryName(std::string_view name) { return temporaryOwner(name).has_value(); }
+Result<> settlePackage(FileSystem& files, const std::string& path) {
+    const std::string aside = asidePath(path);
+    if (!TRY(files.status(aside))) return {};
+    const bool isReplaced = TRY(files.status(path)).has_value();
+    // It goes whole too: a half of it must never come back.
+    const std::string target = isReplaced ? TRY(freeTemporaryPath(files, path)) : path;
+    TRY_VOID(files.rename(aside, target));
+    TRY_VOID(files.syncDirectory(parentPath(path)));
+    if (isReplaced) discard(files, target);
+    return {};
+}
+
+std::string asidePath(const std::string& path) {
+    return joinPath(parentPath(path), "." + lastPathComponent(path) + std::string(kAsideEnding));
+}
+
+std::string nameOfAside(std::string_view name) {
+    if (name.size() < 2 + kAsideEnding.size() || !name.starts_with('.') || !name.ends_with(kAsideEnding)) return {};
+    return std::string(name.substr(1, name.size() - 1 - kAsideEnding.size()));
+}
+
+bool isTemporaryName(std::string_view name) { return temporaryOwner(name) || !nameOfAside(name).empty(); }
 
 void removeStaleTemporaries(FileSystem& files, const std::string& directory) {
     const auto names = files.listDirectory(directory);
-    if (!names || std::ranges::none_of(*names, isTemporaryName)) return;
+    if (!names || std::ranges::none_of(*names, [](const auto& name) { return temporaryOwner(name).has_value(); }))
+        return;
     // Synced first: what is replaced goes only after what replaced it is on the device.
     if (const auto synced = files.syncDirectory(directory); !synced)
         return logError("temporaries stay: " + synced.error().description());
     for (const std::string& name : *names) {
         const auto owner = temporaryOwner(name);
-        if (owner && isStale(*owner)) settleTemporary(files, directory, name);
+        if (owner && isStale(*owner)) discard(files, joinPath(directory, name));
     }
 }
 

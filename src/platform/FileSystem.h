@@ -118,7 +118,8 @@ struct PackageFile {
 /// it, synced, and exchanged for it by one rename; the old one is then removed. Whatever happens,
 /// the old or the new package is there, never neither and never a mix. A name that leads out of the
 /// package is refused (EINVAL). Errors leave what writeFileAtomically leaves. Where the file system cannot
-/// exchange, the old package stands aside for a moment, as ".NAME.was-PID-NUMBER".
+/// exchange, the old package stands aside for a moment: see settlePackage. Nobody else may write the package
+/// meanwhile; so for the operations below.
 Result<> writePackageAtomically(FileSystem& files, const std::string& path, std::span<const PackageFile> content);
 
 /// A package that is to be replaced, and what makes its content: on any thread, in the environment of the caller.
@@ -143,11 +144,18 @@ Result<> removePackageAtomically(FileSystem& files, const std::string& path);
 std::vector<Result<>> removePackagesAtomically(FileSystem& files, const std::string& directory,
                                                std::span<const std::string> paths);
 
-/// True for the temporary names that the operations above use: ".NAME.tmp-PID-NUMBER" and
-/// ".NAME.was-PID-NUMBER". What a crash left of them is swept by removeStaleTemporaries.
+/// Brings back a package that stands aside because its writer did not get to the end, or removes it where its
+/// successor is in place; durably. Does nothing in all other cases.
+Result<> settlePackage(FileSystem& files, const std::string& path);
+/// Where the package of that path stands aside: ".NAME.was".
+std::string asidePath(const std::string& path);
+/// The name of the package that stands aside under this one; empty where it is no such name.
+std::string nameOfAside(std::string_view name);
+
+/// True for the temporary names that the operations above use: ".NAME.tmp-PID-NUMBER", which
+/// removeStaleTemporaries sweeps after a crash, and ".NAME.was", which settlePackage puts in order.
 bool isTemporaryName(std::string_view name);
-/// Removes temporaries in the directory whose process is gone, and brings back what it had put aside and
-/// not replaced. Failures are logged, and the next start tries again.
+/// Removes temporaries in the directory whose process is gone. Failures are logged, and the next start tries again.
 void removeStaleTemporaries(FileSystem& files, const std::string& directory);
 
 /// The path from the working directory, "." and ".." taken out, without a slash at its end. Fails for an

@@ -141,6 +141,7 @@ TEST_P(AtomicWrite, aCrashAtAnyPointLeavesOldOrNewWhole) {
             const bool succeeded = subject.replace().has_value();
             subject.files.restart(loss, way);
             removeStaleTemporaries(subject.files, "/home/documents");
+            EXPECT_TRUE(settlePackage(subject.files, kPackage));
             EXPECT_FALSE(subject.leftTemporaries());
             EXPECT_TRUE(subject.isOld() || subject.isNew());
             // What was reported as written must be there after the crash.
@@ -191,6 +192,28 @@ TEST(PackageWrite, aBatchIsDurableWhereTheDeviceCannotBeSyncedWhole) {
     EXPECT_EQ(files.tree(kPackage), kNewTree);
 }
 
+/// As after a crash between the replacement and the end of what was replaced.
+TEST(PackageRemoval, bringsNothingEarlierBack) {
+    constexpr std::size_t kOperations = 20;
+    bool wasRemoved = false;
+    for (std::uint32_t run = 0; run < 2 * kOperations * 16; ++run) {
+        SCOPED_TRACE(run);
+        FaultFileSystem files;
+        files.store(kPackage + "/general.t", kNew);
+        files.store(asidePath(kPackage) + "/general.t", kOld);
+        files.store(asidePath(kPackage) + "/icon.i", kOld);
+        files.crashAt(1 + run / 2 % kOperations);
+        const auto removed = run % 2 == 0 ? removePackagesAtomically(files, "/home/documents", {&kPackage, 1}).front()
+                                          : removePackageAtomically(files, kPackage);
+        files.restart(Loss::byChance, run);
+        ASSERT_TRUE(settlePackage(files, kPackage));
+        const Tree found = files.tree(kPackage);
+        EXPECT_TRUE(found.empty() || (!removed && found == Tree{{"general.t", kNew}}));
+        wasRemoved = wasRemoved || removed;
+    }
+    EXPECT_TRUE(wasRemoved);
+}
+
 TEST(Temporaries, sweepsThoseOfDeadProcessesOnly) {
     FaultFileSystem files;
     const std::string own = std::to_string(getpid());
@@ -214,12 +237,19 @@ TEST(Temporaries, sweepsThoseOfDeadProcessesOnly) {
 }
 
 TEST(Temporaries, recognisesItsNames) {
-    for (const char* name : {".a.tmp-1-2", ".a.evn.tmp-12-345", ".a.evn.was-1-2", ".a.tmp-1-2.tmp-3-4"})
+    for (const char* name : {".a.tmp-1-2", ".a.evn.tmp-12-345", ".a.evn.was", ".a.tmp-1-2.tmp-3-4"})
         EXPECT_TRUE(isTemporaryName(name));
-    for (const char* name :
-         {"", "a.tmp-1-2", ".tmp-1-2", ".a.tmp-1", ".a.tmp--2", ".a.tmp-1-", ".a.tmp-1-2x", ".a.tmp-+1-2", "a.evn"}) {
+    for (const char* name : {"", "a.tmp-1-2", ".tmp-1-2", ".a.tmp-1", ".a.tmp--2", ".a.tmp-1-", ".a.tmp-1-2x",
+                             ".a.tmp-+1-2", "a.evn", "a.evn.was", "..was"}) {
         EXPECT_FALSE(isTemporaryName(name)) << name;
     }
+}
+
+TEST(Directories, tellOfTheOneThatFailed) {
+    FaultFileSystem files;
+    files.store("/home/a/file", {});
+    files.crashAt(1);
+    EXPECT_EQ(files.createDirectories("/home/a").error().userInfo.at("path"), "/home/a");
 }
 
 TEST(Directories, areMadeWithTheirParentsAndSurviveACrash) {

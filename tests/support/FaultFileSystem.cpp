@@ -2,8 +2,11 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstring>
 #include <random>
+#include <ranges>
+#include <set>
 #include <utility>
 
 namespace dayward {
@@ -28,13 +31,15 @@ std::vector<std::string> componentsOf(const std::string& path) {
 /// process id of Linux.
 std::string orphanedName(std::string name) {
     const std::string own = "-" + std::to_string(getpid()) + "-";
-    if (isTemporaryName(name)) name.replace(name.rfind(own), own.size(), "-4194305-");
+    const auto at = isTemporaryName(name) ? name.rfind(own) : std::string::npos;
+    if (at != std::string::npos) name.replace(at, own.size(), "-4194305-");
     return name;
 }
 
 }  // namespace
 
 struct FaultFileSystem::Node {
+    /// In a change, null stands for a name that goes.
     using Entries = std::map<std::string, NodePointer>;
 
     FileStatus::Kind kind = FileStatus::Kind::file;
@@ -43,39 +48,65 @@ struct FaultFileSystem::Node {
     Data content;
     Data durableContent;
     Entries entries;
-    std::vector<Entries> earlierEntries;  ///< before each change since the last sync, the durable ones first
+    Entries durableEntries;
+    std::vector<Entries> changes;  ///< of the entries since the last sync, each of them atomic
     std::map<std::string, Data> attributes;
 
     [[nodiscard]] bool isDirectory() const { return kind == FileStatus::Kind::directory; }
 
-    /// For a change, which is atomic.
-    Entries& changedEntries() {
-        earlierEntries.push_back(entries);
-        return entries;
+    void change(Entries change) {
+        apply(change, entries);
+        changes.push_back(std::move(change));
+    }
+
+    static void apply(const Entries& change, Entries& entries) {
+        for (const auto& [name, node] : change) {
+            entries.erase(name);
+            if (node) entries.emplace(name, node);
+        }
+    }
+
+    /// Changes of other names may overtake each other; one that is kept brings the earlier ones of its names along.
+    void loseChanges(CrashLoss loss, std::mt19937& random) {
+        constexpr std::size_t kAll = 4;
+        std::size_t kept = loss == CrashLoss::allUnsynced || loss == CrashLoss::unsyncedEntries ? 0 : kAll;
+        if (loss == CrashLoss::byChance) kept = random() % (kAll + 1);
+        std::vector<const Entries*> keptChanges;
+        std::set<std::string> names;
+        for (const Entries& change : std::views::reverse(changes)) {
+            const bool isNeeded = std::ranges::any_of(change, [&](const auto& e) { return names.contains(e.first); });
+            if (!isNeeded && random() % kAll >= kept) continue;
+            keptChanges.push_back(&change);
+            for (const auto& [name, node] : change) names.insert(name);
+        }
+        entries = durableEntries;
+        for (const Entries* change : std::views::reverse(keptChanges)) apply(*change, entries);
+        changes.clear();
     }
 
     void lose(CrashLoss loss, std::mt19937& random) {
-        const auto share = [&](std::size_t most, CrashLoss only) -> std::size_t {
-            if (loss == CrashLoss::byChance) return random() % (most + 1);
-            return loss == CrashLoss::allUnsynced || loss == only ? 0 : most;
-        };
-        const std::size_t kept = share(2, CrashLoss::unsyncedContents);
+        std::size_t kept = loss == CrashLoss::allUnsynced || loss == CrashLoss::unsyncedContents ? 0 : 2;
+        if (loss == CrashLoss::byChance) kept = random() % 3;
         if (kept == 0) content = durableContent;
         if (kept == 1 && content != durableContent) content.resize(content.size() / 2);
-        const std::size_t changes = share(earlierEntries.size(), CrashLoss::unsyncedEntries);
-        if (changes < earlierEntries.size()) entries = Entries(earlierEntries[changes]);
-        earlierEntries.clear();
         durableContent = content;
-        for (const auto& [name, node] : Entries(entries)) {
+        loseChanges(loss, random);
+        durableEntries.clear();
+        for (const auto& [name, node] : entries) {
             node->lose(loss, random);
-            entries.erase(name);
-            entries.emplace(orphanedName(name), node);
+            durableEntries.emplace(orphanedName(name), node);
         }
+        entries = durableEntries;
+    }
+
+    void syncEntries() {
+        durableEntries = entries;
+        changes.clear();
     }
 
     void becomeDurable() {
         durableContent = content;
-        earlierEntries.clear();
+        syncEntries();
         for (const auto& [name, node] : entries) node->becomeDurable();
     }
 
@@ -225,8 +256,7 @@ void FaultFileSystem::store(const std::string& path, const Data& bytes) {
 }
 
 void FaultFileSystem::putDurably(Node& directory, const std::string& name, const NodePointer& node) {
-    directory.entries[name] = node;
-    for (auto& earlier : directory.earlierEntries) earlier[name] = node;
+    directory.entries[name] = directory.durableEntries[name] = node;
 }
 
 std::map<std::string, Data> FaultFileSystem::tree(const std::string& directory) const {
@@ -330,7 +360,7 @@ Result<> FaultFileSystem::createDirectory(const std::string& path) {
     TRY_VOID(begin("create directory", path, Need::space));
     const Place at = TRY(place("create directory", path));
     if (at.node && !at.node->isDirectory()) return fileFailure(EEXIST, "create directory", path);
-    if (!at.node) at.directory->changedEntries()[at.name] = makeNode(FileStatus::Kind::directory);
+    if (!at.node) at.directory->change({{at.name, makeNode(FileStatus::Kind::directory)}});
     return {};
 }
 
@@ -339,10 +369,20 @@ Result<std::unique_ptr<FileHandle>> FaultFileSystem::openForWriting(const std::s
     TRY_VOID(begin("open", path, Need::space));
     Place at = TRY(place("open", path));
     if (at.node && at.node->isDirectory()) return fileFailure(EISDIR, "open", path);
-    if (!at.node) at.directory->changedEntries()[at.name] = at.node = makeNode(FileStatus::Kind::file);
+    if (!at.node) {
+        at.node = makeNode(FileStatus::Kind::file);
+        at.directory->change({{at.name, at.node}});
+    }
     at.node->content.clear();
     at.node->modified = Date::sinceReference(static_cast<double>(++lastInode_));
     return std::make_unique<Handle>(*this, at.node, life_, path);
+}
+
+void FaultFileSystem::change(const Place& one, const NodePointer& newOne, const Place& other,
+                             const NodePointer& newOther) {
+    if (one.directory == other.directory) return one.directory->change({{one.name, newOne}, {other.name, newOther}});
+    one.directory->change({{one.name, newOne}});
+    other.directory->change({{other.name, newOther}});
 }
 
 Result<> FaultFileSystem::rename(const std::string& from, const std::string& to) {
@@ -351,14 +391,13 @@ Result<> FaultFileSystem::rename(const std::string& from, const std::string& to)
     const Place source = TRY(place("rename", from));
     const Place target = TRY(place("rename", to));
     if (!source.node) return fileFailure(ENOENT, "rename", from);
-    if (target.node && target.node != source.node) {
+    if (target.node == source.node) return {};
+    if (target.node) {
         if (source.node->isDirectory() && !target.node->isDirectory()) return fileFailure(ENOTDIR, "rename", to);
         if (!source.node->isDirectory() && target.node->isDirectory()) return fileFailure(EISDIR, "rename", to);
         if (!target.node->entries.empty()) return fileFailure(ENOTEMPTY, "rename", to);
     }
-    source.directory->changedEntries().erase(source.name);
-    if (source.directory != target.directory) target.directory->changedEntries();
-    target.directory->entries[target.name] = source.node;
+    change(source, nullptr, target, source.node);
     return {};
 }
 
@@ -369,9 +408,7 @@ Result<> FaultFileSystem::exchange(const std::string& a, const std::string& b) {
     const Place first = TRY(place("exchange", a));
     const Place second = TRY(place("exchange", b));
     if (!first.node || !second.node) return fileFailure(ENOENT, "exchange", b);
-    first.directory->changedEntries()[first.name] = second.node;
-    if (first.directory != second.directory) second.directory->changedEntries();
-    second.directory->entries[second.name] = first.node;
+    change(first, second.node, second, first.node);
     return {};
 }
 
@@ -381,7 +418,7 @@ Result<> FaultFileSystem::removeFile(const std::string& path) {
     const Place at = TRY(place("remove", path));
     if (!at.node) return fileFailure(ENOENT, "remove", path);
     if (at.node->isDirectory()) return fileFailure(EISDIR, "remove", path);
-    at.directory->changedEntries().erase(at.name);
+    at.directory->change({{at.name, nullptr}});
     return {};
 }
 
@@ -392,7 +429,7 @@ Result<> FaultFileSystem::removeEmptyDirectory(const std::string& path) {
     if (!at.node) return fileFailure(ENOENT, "remove directory", path);
     if (!at.node->isDirectory()) return fileFailure(ENOTDIR, "remove directory", path);
     if (!at.node->entries.empty()) return fileFailure(ENOTEMPTY, "remove directory", path);
-    at.directory->changedEntries().erase(at.name);
+    at.directory->change({{at.name, nullptr}});
     return {};
 }
 
@@ -401,7 +438,7 @@ Result<> FaultFileSystem::syncDirectory(const std::string& path) {
     TRY_VOID(begin("sync directory", path));
     const NodePointer node = find(path);
     if (!node) return fileFailure(ENOENT, "sync directory", path);
-    node->earlierEntries.clear();
+    node->syncEntries();
     return {};
 }
 
@@ -425,7 +462,7 @@ Result<std::unique_ptr<FileLock>> FaultFileSystem::lock(const std::string& path,
     const Lock lock(mutex_);
     TRY_VOID(begin("lock", path));
     Place at = TRY(place("lock", path));
-    if (!at.node) at.directory->changedEntries()[at.name] = makeNode(FileStatus::Kind::file);
+    if (!at.node) at.directory->change({{at.name, makeNode(FileStatus::Kind::file)}});
     int& holders = holders_[path];
     while (exclusive ? holders != 0 : holders < 0) unlocked_.wait(mutex_);
     holders += exclusive ? -1 : 1;

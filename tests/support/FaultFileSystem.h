@@ -1,8 +1,8 @@
 // A file system in memory that fails when told to and forgets in a crash what was not synced.
 //
 // A file's content becomes durable with its handle's sync(), a directory's entries with syncDirectory(),
-// everything with a device's sync(). What was not synced may or may not be on the device: contents in part, each
-// directory as it was after any of its changes since, whatever the others have come to. Any thread.
+// everything with a device's sync(). What was not synced may or may not be on the device: contents in part, and any
+// of the changes of a directory, whichever came first; only those of one name keep their order. Any thread.
 #pragma once
 
 #include <cerrno>
@@ -87,6 +87,8 @@ private:
     NodePointer find(const std::string& path) const DAYWARD_REQUIRES(mutex_);
     Result<Place> place(const char* operation, const std::string& path) const DAYWARD_REQUIRES(mutex_);
     NodePointer makeNode(FileStatus::Kind kind) DAYWARD_REQUIRES(mutex_);
+    /// Of two entries, in one step where they lie in one directory.
+    static void change(const Place& one, const NodePointer& newOne, const Place& other, const NodePointer& newOther);
     static void putDurably(Node& directory, const std::string& name, const NodePointer& node);
     void unlock(const std::string& path, bool exclusive);
 

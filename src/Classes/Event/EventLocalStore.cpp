@@ -114,6 +114,7 @@ std::vector<std::string> EventLocalStore::packagePaths() {
     auto names = files.listDirectory(directory_);
     if (names && std::ranges::any_of(*names, isTemporaryName)) {
         removeStaleTemporaries(files, directory_);
+        settleAsides(*names);
         names = files.listDirectory(directory_);
     }
     if (!names) {
@@ -125,6 +126,15 @@ std::vector<std::string> EventLocalStore::packagePaths() {
     for (const std::string& name : *names)
         if (name.size() > ending.size() && name.ends_with(ending)) paths.push_back(joinPath(directory_, name));
     return paths;
+}
+
+void EventLocalStore::settleAsides(const std::vector<std::string>& names) const {
+    for (const std::string& name : names) {
+        const std::string package = nameOfAside(name);
+        if (pathExtension(package) != fileExtension_) continue;
+        const auto settled = settle(joinPath(directory_, package));
+        if (!settled) logError(typeName() + ": " + settled.error().description());
+    }
 }
 
 std::size_t EventLocalStore::itemsCount() {

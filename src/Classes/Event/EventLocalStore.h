@@ -135,6 +135,7 @@ private:
     [[nodiscard]] std::string pathOfKey(const std::string& key) const;
     /// Sweeps what dead processes left, and lists the packages.
     [[nodiscard]] std::vector<std::string> packagePaths();
+    void settleAsides(const std::vector<std::string>& names) const;
     /// Puts the event of the key's file into memory, and notes it.
     void put(const std::string& key, const std::shared_ptr<HHEvent>& event) DAYWARD_REQUIRES(dataLayerLock_);
     /// The same for taking it out; the event that was there, or null.
@@ -157,8 +158,10 @@ private:
     void refreshKey(const std::string& key, Changes& changes);
     /// Leaves what is still so: what came after has been announced by whoever did it.
     void dropOvertaken(Changes& changes);
-    /// Reads while nobody writes the package.
+    /// Reads while nobody writes the package; one that was left aside is brought back.
     [[nodiscard]] Result<LoadedPackage> readUndisturbed(const std::string& path) const;
+    /// Puts in order what a process left that died over the package.
+    Result<> settle(const std::string& path) const;
     /// False where another change of the key came since `seenChange`: it must be read again.
     bool takeIn(const std::string& key, const LoadedPackage& package, std::uint64_t seenChange, Changes& changes);
     /// An event that another process wrote is to replace the one in memory.

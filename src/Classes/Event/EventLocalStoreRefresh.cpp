@@ -116,7 +116,17 @@ Result<LoadedPackage> EventLocalStore::readUndisturbed(const std::string& path) 
         return {};
     };
     TRY_VOID(coordinator().coordinateReading(path, FileCoordinator::ReadingOptions::withoutChanges, accessor));
+    if (package.exists || !environment().files().exists(asidePath(path))) return package;
+    // Whoever was replacing it is gone.
+    TRY_VOID(settle(path));
+    TRY_VOID(coordinator().coordinateReading(path, FileCoordinator::ReadingOptions::withoutChanges, accessor));
     return package;
+}
+
+Result<> EventLocalStore::settle(const std::string& path) const {
+    return coordinator().coordinateWriting(
+        path, FileCoordinator::WritingOptions::forMoving,
+        [this](const std::string& writePath) { return settlePackage(environment().files(), writePath); });
 }
 
 bool EventLocalStore::takeIn(const std::string& key, const LoadedPackage& package, std::uint64_t seenChange,

@@ -77,6 +77,8 @@ Result<std::shared_ptr<HHEvent>> EventStoreHelper::readEvent(const std::string& 
 }
 
 Result<std::vector<PackageFile>> EventStoreHelper::packageOfEvent(const HHEvent& event, const std::string& path) {
+    // Its pictures may stand aside.
+    TRY_VOID(settlePackage(Environment::current().files(), path));
     auto document = TRY(readEventDocument(path));
     document.setData(KeyedArchiver::archivedDataWithRootObject(event.getStoreInfo()), EventDocument::kGeneralFile);
     TRY_VOID(setOwnImages(document, event));

@@ -43,6 +43,7 @@ const Way kWays[] = {
     {"error", kInputOutputError, EIO},
     {"denied", kDenied, EACCES},
     {"full disk", kFull, ENOSPC},
+    {"device gone", kDeath, EIO},
     {"error, then loss of power", kInputOutputError, EIO, Loss::allUnsynced},
     {"full disk, then loss of power", kFull, ENOSPC, Loss::byChance, kChances},
     {"killed", kDeath, 0},
@@ -103,6 +104,17 @@ Result<> copyFromAnother(EventStoreDevice& device) {
     return received ? device.store().flush() : received;
 }
 
+/// Large enough to be written with one sync of the device.
+Result<> changeMany(EventStoreDevice& device) {
+    std::vector<std::shared_ptr<HHEvent>> changed = {illustrated("new", 1), renamed(device, "a")};
+    for (const char* key : {"d", "e", "f", "g"}) changed.push_back(makeEvent(key));
+    std::erase(changed, nullptr);
+    device.store().updateEvents(changed);
+    device.store().removeEvents({makeEvent("b"), makeEvent("c")});
+    auto saved = device.store().flush();
+    return saved && changed.size() < 6 ? failure("test", 0, {{"reason", "not loaded"}}) : saved;
+}
+
 Result<> changeCategory(EventStoreDevice& device) {
     const EnvironmentScope scope(&*device.environment);
     auto category = std::make_shared<EventCategory>("own");
@@ -141,16 +153,8 @@ const Change kChanges[] = {
      [](auto& device) {
          return save(device, {illustrated("new", 1), renamed(device, "a"), makeEvent("newer"), illustrated("b", 2)});
      }},
-    {"large batch with removals",
-     [](auto& device) {
-         std::vector<std::shared_ptr<HHEvent>> changed = {illustrated("new", 1), renamed(device, "a")};
-         for (const char* key : {"d", "e", "f", "g"}) changed.push_back(makeEvent(key));
-         std::erase(changed, nullptr);
-         device.store().updateEvents(changed);
-         device.store().removeEvents({makeEvent("b"), makeEvent("c")});
-         auto saved = device.store().flush();
-         return saved && changed.size() < 6 ? failure("test", 0, {{"reason", "not loaded"}}) : saved;
-     }},
+    {"large batch with removals", changeMany},
+    {"large batch with removals without exchange", changeMany, false},
     {"removal", [](auto& device) { return remove(device, {"a"}); }},
     {"removal of a batch",
      [](auto& device) {
@@ -243,6 +247,22 @@ protected:
         return run;
     }
 
+    /// The change in a process that dies before that operation, whose name is returned.
+    static std::string killAt(std::size_t number, const FaultyDevice& disk) {
+        EventStoreDevice killed(disk.options());
+        const std::size_t before = disk.files->operationCount();
+        disk.files->crashAt(number);
+        (void)GetParam().make(killed);
+        disk.files->restart(Loss::nothing);
+        return disk.files->operations()[before + number - 1];
+    }
+
+    static std::vector<std::string> namesOf(const Files& files) {
+        std::vector<std::string> names;
+        for (const auto& [name, bytes] : files) names.push_back(name);
+        return names;
+    }
+
     /// What a new start finds once it has opened everything.
     static Files afterStart(const FaultyDevice& disk) {
         EventStoreDevice device(disk.options());
@@ -274,10 +294,14 @@ protected:
         }
     }
 
-    static bool isTold(const Run& run, int code) {
+    static std::string told(const Run& run) {
         std::string told = run.result ? "" : run.result.error().description();
         for (const auto& line : run.log) told += "\n" + line;
-        return told.contains("/home/test/") && told.contains(std::strerror(code));
+        return told;
+    }
+
+    static bool isTold(const Run& run, int code) {
+        return told(run).contains("/home/test/") && told(run).contains(std::strerror(code));
     }
 
     const std::map<std::string, Files> old_ = thingsOf(homeBefore());
@@ -301,7 +325,7 @@ TEST_P(HomeFaults, LeaveEverythingOldOrNewAndAreTold) {
                 check(afterStart(failed.disk), isNew);
                 EXPECT_TRUE(!failed.result || isNew) << "confirmed, but lost";
                 if (way.code != 0 && !isTold(failed, way.code)) {
-                    EXPECT_TRUE(failed.result && isNew) << "not done, and nobody was told why";
+                    EXPECT_TRUE(failed.result && isNew) << "not done, and nobody was told why: " << told(failed);
                     ++untold;
                 }
                 if (HasFailure()) return;
@@ -310,6 +334,38 @@ TEST_P(HomeFaults, LeaveEverythingOldOrNewAndAreTold) {
     }
     std::cout << GetParam().name << ": " << faultless.operations << " operations, each failed in " << std::size(kWays)
               << " ways, " << runs << " runs; " << untold << " errors did no harm\n";
+}
+
+/// Another process is open when this one is killed at each of its operations. It finds what a new start would, and
+/// what it does to an event then stands, whether it has seen the death or not.
+TEST_P(HomeFaults, LeaveAnotherProcessWhole) {
+    enum class Next { edit, removal, blindEdit };
+    const bool mayRemove = std::string(GetParam().name).starts_with("removal");
+    const std::size_t operations = run(0, nullptr).operations;
+    for (std::size_t step = 3; step < 3 * operations + 3 && !HasFailure(); ++step) {
+        const std::size_t number = step / 3;
+        const auto next = static_cast<Next>(step % 3);
+        const FaultyDevice disk(homeBefore(), GetParam().hasExchange);
+        EventStoreDevice other(disk.options());
+        const auto filesOf = [&](const char* key) { return namesOf(disk.files->tree(other.path(key))); };
+        const auto before = filesOf("a");
+        (void)other.store();
+        SCOPED_TRACE("killed at " + std::to_string(number) + " " + killAt(number, disk));
+        if (next != Next::blindEdit) {
+            other.store().refreshFromDisk();
+            EXPECT_EQ(other.nameInMemory("a") == "-", filesOf("a").empty());
+            EXPECT_TRUE(mayRemove || !filesOf("a").empty());
+        }
+        const bool isThere = other.nameInMemory("a") != "-";
+        const bool isWhole = !mayRemove || !filesOf("a").empty();
+        EXPECT_TRUE(!isThere || (next == Next::removal ? remove(other, {"a"}) : save(other, {renamed(other, "a")})));
+        (void)afterStart(disk);
+        if (!isThere || next == Next::removal) {
+            EXPECT_TRUE(filesOf("a").empty());
+        } else {
+            EXPECT_EQ(filesOf("a"), isWhole ? before : std::vector<std::string>{"general.t"});
+        }
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(All, HomeFaults, testing::ValuesIn(kChanges), [](const auto& tested) {
