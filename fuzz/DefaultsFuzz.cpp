@@ -18,6 +18,7 @@
 #include "platform/KeyedUnarchiver.h"
 #include "platform/UnreadableFiles.h"
 #include "platform/UserDefaults.h"
+#include "resources/FavoriteData.h"
 #include "support/FaultFileSystem.h"
 #include "support/Fuzz.h"
 #include "support/TestEnvironment.h"
@@ -140,6 +141,22 @@ void checkApplication(const Home& home) {
     XXAppData::values_writeToFile();
 }
 
+void checkFavorites(const Home& home) {
+    home.store(home.paths.applicationSupport, "favoriteData.dat");
+    const auto root = KeyedUnarchiver::unarchiveObjectWithData(home.content);
+    const Dictionary known = root && root->dictionary() ? *root->dictionary() : Dictionary();
+    const auto ofOtherKinds = [&known] {
+        Array favorites;
+        for (const auto& [kind, objects] : known)
+            if (kind != kKey) favorites.push_back(FavoriteData::getObjectsForKey(kind, FavoriteData::kMost));
+        return KeyedArchiver::archivedDataWithRootObject(favorites);
+    };
+    const Data before = ofOtherKinds();
+    FavoriteData::addObject(1, kKey);
+    require(FavoriteData::getObjectsForKey(kKey, 1) == Array{1}, "what was chosen last comes first");
+    require(ofOtherKinds() == before, "favourites of other kinds stay");
+}
+
 void checkSettings(const Home& home) {
     home.store(home.paths.applicationSupport, AppSettings::kFileName);
     const auto order = AppSettings::tableSortIdentifiers();
@@ -180,9 +197,8 @@ void checkUnreadable(const Home& home) {
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    constexpr void (*kChecks[])(const Home&) = {checkSuite,       checkStorages, checkOlderStorages,
-                                                checkApplication, checkSettings, checkCategories,
-                                                checkUnreadable};
+    constexpr void (*kChecks[])(const Home&) = {checkSuite,    checkStorages,   checkOlderStorages, checkApplication,
+                                                checkSettings, checkCategories, checkUnreadable,    checkFavorites};
     FuzzInput input(bytes, size);
     const auto chosen = static_cast<std::uint8_t>(input.number(1));
     Home home{.content = input.rest()};

@@ -85,8 +85,8 @@ def packages():
 
 
 def values():
-    for pattern, kinds in (("foundation/*.archive", (1, 2, 3)), ("settings/*.archive", (4,)),
-                           ("archives/good-values.*", (0, 1, 5)), ("documents/category-*.t", (5, 6))):
+    for pattern, kinds in (("foundation/*.archive", (1, 2, 3, 7)), ("settings/*.archive", (4,)),
+                           ("archives/good-values.*", (0, 1, 5, 7)), ("documents/category-*.t", (5, 6))):
         for content in files(pattern):
             yield from (bytes([kind]) + content for kind in kinds)
     yield b"\6/home/a.evn\n1 2 3\nstopped\n"
@@ -113,6 +113,15 @@ def events():
         yield json.dumps({key: value}).encode()
 
 
+def pictures():
+    yield from files("images/*.png", "resources/*.png", "resources/*.jpg")
+    jpeg = next(files("resources/*.jpg"))
+    for order, mark in (("<", b"II"), (">", b"MM")):
+        tiff = mark + struct.pack(order + "HIHHHIHHI", 42, 8, 1, 0x0112, 3, 1, 6, 0, 0)
+        segment = b"Exif\0\0" + tiff
+        yield jpeg[:2] + b"\xff\xe1" + struct.pack(">H", len(segment) + 2) + segment + jpeg[2:]
+
+
 SEEDS = {
     "archive": lambda: files("archives/*.plist", "archives/*.xml", "documents/*.t", "foundation/*.archive",
                              "recurrence/*.plist", "settings/*.archive"),
@@ -122,7 +131,7 @@ SEEDS = {
     "defaults": values,
     "zone": zones,
     "text": texts,
-    "picture": lambda: files("images/*.png", "resources/*.png", "resources/*.jpg"),
+    "picture": pictures,
 }
 
 
