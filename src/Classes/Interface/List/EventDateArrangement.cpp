@@ -1,6 +1,7 @@
 #include "Classes/Interface/List/EventDateArrangement.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <unordered_map>
 #include <unordered_set>
@@ -11,6 +12,7 @@
 #include "alerts/MissedEventsHelper.h"
 #include "platform/Collation.h"
 #include "platform/Environment.h"
+#include "platform/Parallel.h"
 
 namespace dayward {
 
@@ -35,6 +37,10 @@ struct Section {
 
 /// Events lie anywhere in memory: so many rows ahead they are fetched before they are read.
 constexpr std::size_t kLookahead = 16;
+/// Dates are asked for so many rows at a time, by more than one thread from some thousands of rows on.
+constexpr std::size_t kRowsAtATime = 128, kLeastBlocks = 16;
+/// So many seconds with more than one row are worth a thread.
+constexpr std::size_t kLeastTies = 512;
 /// Up to here every whole second has a number of its own.
 constexpr double kFarthest = 0x1p52;
 
@@ -47,17 +53,24 @@ std::uint64_t keyOf(const EventDateRank& rank) {
 
 /// Nothing where one is too far away.
 std::optional<std::vector<DatedRow>> datedRows(const std::vector<EventRow>& events, Date now) {
-    std::vector<DatedRow> rows;
-    rows.reserve(events.size());
-    for (std::size_t row = 0; row < events.size(); ++row) {
-        if (row + kLookahead < events.size()) events[row + kLookahead]->prefetchDates();
-        const HHEvent::DatesCalculation dates = events[row]->datesAt(now);
-        const EventDateRank rank(dates, now);
-        if (!(std::abs(rank.seconds) < kFarthest)) return std::nullopt;
-        const std::optional<Date> date = dates.occurrence();
-        rows.push_back({keyOf(rank), date.value_or(Date()), static_cast<std::uint32_t>(row), date.has_value(),
-                        dates.isRunning(now)});
-    }
+    std::vector<DatedRow> rows(events.size());
+    std::atomic<bool> areInReach = true;
+    inParallel((events.size() + kRowsAtATime - 1) / kRowsAtATime, kLeastBlocks, [&](std::size_t block) {
+        const std::size_t end = std::min((block + 1) * kRowsAtATime, events.size());
+        for (std::size_t row = block * kRowsAtATime; row < end; ++row) {
+            if (row + kLookahead < end) events[row + kLookahead]->prefetchDates();
+            const HHEvent::DatesCalculation dates = events[row]->datesAt(now);
+            const EventDateRank rank(dates, now);
+            if (!(std::abs(rank.seconds) < kFarthest)) {
+                areInReach = false;
+                continue;
+            }
+            const std::optional<Date> date = dates.occurrence();
+            rows[row] = {keyOf(rank), date.value_or(Date()), static_cast<std::uint32_t>(row), date.has_value(),
+                         dates.isRunning(now)};
+        }
+    });
+    if (!areInReach) return std::nullopt;
     return rows;
 }
 
@@ -86,30 +99,39 @@ std::vector<Section> sectionsOf(const std::vector<DatedRow>& rows, const std::ve
     return sections;
 }
 
-/// Calls `visit(first, end)` for each run of rows of one second.
-template <class Visit>
-void forEachTie(const std::vector<DatedRow>& rows, Visit visit) {
+/// Rows of one second.
+struct Tie {
+    std::vector<DatedRow>* rows;
+    std::size_t first, end;
+};
+
+void addTies(std::vector<Tie>& ties, std::vector<DatedRow>& rows) {
     for (std::size_t first = 0; first < rows.size();) {
         std::size_t end = first + 1;
         while (end < rows.size() && rows[end].key == rows[first].key) ++end;
-        if (end - first > 1) visit(first, end);
+        if (end - first > 1) ties.push_back({&rows, first, end});
         first = end;
     }
 }
 
 /// Brings rows of one second into the order of their names.
-void sortEqualsByName(std::vector<DatedRow>& rows, const std::vector<EventRow>& events) {
-    std::vector<NamedRow> named;
-    forEachTie(rows, [&](std::size_t first, std::size_t end) {
-        named.clear();
-        for (std::size_t index = first; index < end; ++index) {
-            if (index + kLookahead < rows.size()) __builtin_prefetch(&events[rows[index + kLookahead].row]->name());
-            const auto& name = events[rows[index].row]->name();
-            named.push_back({PlainStringKey(name ? std::string_view(*name) : std::string_view()), rows[index].row});
-        }
-        std::ranges::stable_sort(named, [](const NamedRow& a, const NamedRow& b) { return a.name.order(b.name) < 0; });
-        for (std::size_t index = first; index < end; ++index) rows[index].row = named[index - first].row;
-    });
+void sortByName(const Tie& tie, const std::vector<EventRow>& events) {
+    thread_local std::vector<NamedRow> named;
+    named.clear();
+    auto& rows = *tie.rows;
+    for (std::size_t index = tie.first; index < tie.end; ++index) {
+        if (index + kLookahead < tie.end) __builtin_prefetch(&events[rows[index + kLookahead].row]->name());
+        const auto& name = events[rows[index].row]->name();
+        named.push_back({PlainStringKey(name ? std::string_view(*name) : std::string_view()), rows[index].row});
+    }
+    std::ranges::stable_sort(named, [](const NamedRow& a, const NamedRow& b) { return a.name.order(b.name) < 0; });
+    for (std::size_t index = tie.first; index < tie.end; ++index) rows[index].row = named[index - tie.first].row;
+}
+
+void sortEqualsByName(std::vector<Section>& sections, const std::vector<EventRow>& events) {
+    std::vector<Tie> ties;
+    for (Section& section : sections) addTies(ties, section.rows);
+    inParallel(ties.size(), kLeastTies, [&](std::size_t index) { sortByName(ties[index], events); });
 }
 
 }  // namespace
@@ -122,9 +144,10 @@ std::optional<std::vector<std::pair<EventSection, std::vector<EventRow>>>> arran
     auto dated = datedRows(events, moment.now);
     if (!dated) return std::nullopt;
     sortByKey(*dated);
+    std::vector<Section> sections = sectionsOf(*dated, events, moment);
+    sortEqualsByName(sections, events);
     std::vector<std::pair<EventSection, std::vector<EventRow>>> result;
-    for (Section& section : sectionsOf(*dated, events, moment)) {
-        sortEqualsByName(section.rows, events);
+    for (Section& section : sections) {
         auto& rows = result.emplace_back(section.object, std::vector<EventRow>()).second;
         rows.reserve(section.rows.size());
         for (const DatedRow& row : section.rows) rows.push_back(std::move(events[row.row]));

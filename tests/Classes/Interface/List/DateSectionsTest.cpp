@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <random>
+
 #include "Classes/Interface/List/EventByDateTableManager.h"
 #include "Classes/Interface/List/HHDTDSContainer.h"
 #include "ListFixture.h"
@@ -97,6 +100,34 @@ TEST(DateOrder, DatesCountToTheRoundedSecond) {
     const auto late = makeEvent(environment, {"b", "2026-03-11T00:00:00", "a"});
     EXPECT_TRUE(EventDateRank::isOrderedBefore(*late, *early, environment->now()));
     EXPECT_FALSE(EventDateRank::isOrderedBefore(*early, *late, environment->now()));
+}
+
+/// Long enough for more than one thread.
+TEST(DateOrder, ALongListIsInTheSameOrder) {
+    TestEnvironment environment(listOptions());
+    std::mt19937 random(7);
+    std::vector<EventRow> events;
+    for (int made = 0; made < 20000; ++made) {
+        auto event = std::make_shared<HHEvent>(std::to_string(made));
+        event->setDate(environment->now() + TimeInterval(static_cast<double>(random() % 5000) * 3600 - 2e6));
+        event->setName(std::string(1, static_cast<char>('a' + random() % 20)));
+        events.push_back(event);
+    }
+    EventByDateTableManager manager(nullptr);
+    manager.setObjects(events);
+    const auto isBefore = [now = environment->now()](const EventRow& a, const EventRow& b) {
+        return EventDateRank::isOrderedBefore(*a, *b, now);
+    };
+    std::size_t count = 0;
+    for (std::size_t section = 0; section < manager.numberOfSections(); ++section) {
+        const std::vector<EventRow> rows = manager.objectsInSectionAtIndex(section);
+        auto sorted = rows;
+        std::ranges::sort(sorted, {}, [](const EventRow& row) { return std::stoi(row->identifier()); });
+        std::ranges::stable_sort(sorted, isBefore);
+        EXPECT_TRUE(rows == sorted) << "section " << section;
+        count += rows.size();
+    }
+    EXPECT_EQ(count, events.size());
 }
 
 }  // namespace
