@@ -41,6 +41,7 @@ class Worker:
                                         stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         self.busy, self.done = threading.Event(), threading.Event()
         self.begun = None
+        self.ending = False
         self.reader = threading.Thread(target=self.read)
         self.reader.start()
 
@@ -74,6 +75,10 @@ class Worker:
             elif word == "done":
                 self.busy.set()
                 self.done.set()
+        if not self.ending:
+            self.faults.append(f"{self.name} ended by itself with {self.process.wait()}")
+            self.busy.set()
+            self.done.set()
 
     def finish(self, end, confirmed):
         begin, self.last, pairs = self.begun
@@ -82,6 +87,7 @@ class Worker:
             self.steps[key].append(Step(ABSENT if self.last == "remove" else value, begin, end, confirmed))
 
     def kill(self):
+        self.ending = True
         self.process.send_signal(signal.SIGKILL)
         self.process.wait()
         self.reader.join()
@@ -92,6 +98,7 @@ class Worker:
     def leave(self):
         """Its events, as it sees them when all is over."""
         self.done.wait()
+        self.ending = True
         self.process.stdin.close()
         self.reader.join()
         if self.process.wait() != 0:
