@@ -85,6 +85,7 @@ void reportFatal(const std::string&, std::string_view text, void* descriptor) {
 /// The child: examines the files in turn and reports each. Leaves without any clean-up.
 [[noreturn]] void examineInChild(Environment& parent, const std::vector<std::string>& files, std::size_t first,
                                  std::size_t end, int descriptor) {
+    ::alarm(kSecondsPerFile);
     (void)::freopen("/dev/null", "w", stderr);
     Environment environment(readOnlyServices(parent));
     const EnvironmentScope scope(&environment);

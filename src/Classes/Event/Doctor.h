@@ -18,7 +18,7 @@ struct Problem {
 };
 
 /// Event packages, key storages and settings, user defaults and the category list in them, in the
-/// order of their paths. Forks: call it from a program's main thread, before anything else works.
+/// order of their paths. Forks: call it while the program has one thread.
 /// Fails where no child can be made.
 Result<std::vector<Problem>> examineHome(Environment& environment);
 

@@ -53,16 +53,17 @@ bool OpenBlocks::waitForMainBlock() {
     return main_ != 0;
 }
 
-DelayTimers::DelayTimers() : work_(context_.get_executor()), thread_([this] { context_.run(); }) {}
-
 void DelayTimers::close() {
+    std::thread thread;
     {
         const Lock lock(mutex_);
         closed_ = true;
+        thread.swap(thread_);
     }
+    if (!thread.joinable()) return;
     work_.reset();
     asio::post(context_, [this] { waiting_.clear(); });
-    thread_.join();
+    thread.join();
 }
 
 void DelayTimers::add(TimeInterval delay, Block fire) {
@@ -70,6 +71,7 @@ void DelayTimers::add(TimeInterval delay, Block fire) {
     const std::uint64_t number = ++lastNumber_;
     const Lock lock(mutex_);
     if (closed_) return;
+    if (!thread_.joinable()) thread_ = std::thread([this] { context_.run(); });
     asio::post(context_, [this, deadline, number, fire = std::move(fire)]() mutable {
         Delay delayed{asio::steady_timer(context_, deadline), std::move(fire)};
         auto& timer = waiting_.emplace(number, std::move(delayed)).first->second.timer;
@@ -82,25 +84,33 @@ void DelayTimers::add(TimeInterval delay, Block fire) {
 
 void DelayTimers::dropAll() {
     std::promise<void> dropped;
-    asio::post(context_, [&] {
-        waiting_.clear();
-        dropped.set_value();
-    });
+    {
+        const Lock lock(mutex_);
+        if (!thread_.joinable()) return;
+        asio::post(context_, [&] {
+            waiting_.clear();
+            dropped.set_value();
+        });
+    }
     dropped.get_future().wait();
 }
 
 void QueueCore::post(std::function<void()> block) {
     const Lock lock(mutex_);
-    if (!closed_) asio::post(pool_, std::move(block));
+    if (closed_) return;
+    if (!pool_) pool_.emplace(threads_);
+    asio::post(*pool_, std::move(block));
 }
 
 void QueueCore::close() {
     timers.close();
+    asio::thread_pool* pool = nullptr;
     {
         const Lock lock(mutex_);
         closed_ = true;
+        if (pool_) pool = &*pool_;
     }
-    pool_.join();
+    if (pool != nullptr) pool->join();
 }
 
 }  // namespace dayward

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <thread>
 
 #include "platform/Date.h"
@@ -36,12 +37,12 @@ private:
     std::size_t main_ DAYWARD_GUARDED_BY(mutex_) = 0;
 };
 
-/// Delays, on a thread that runs nothing but them: busy queues do not hold them up.
+/// Delays, on a thread that runs nothing but them: busy queues do not hold them up. The first delay starts it.
 class DelayTimers {
 public:
     using Block = std::function<void()>;
 
-    DelayTimers();
+    DelayTimers() : work_(context_.get_executor()) {}
 
     /// Calls `fire` on the timers' thread after the delay; it must only queue something.
     void add(TimeInterval delay, Block fire);
@@ -62,12 +63,13 @@ private:
     std::atomic<std::uint64_t> lastNumber_ = 0;
     Mutex mutex_;
     bool closed_ DAYWARD_GUARDED_BY(mutex_) = false;
-    std::thread thread_;
+    std::thread thread_ DAYWARD_GUARDED_BY(mutex_);
 };
 
+/// The first block starts the pool: a program that only looks something up has one thread, and may fork.
 class QueueCore {
 public:
-    explicit QueueCore(unsigned threads) : pool_(threads) {}
+    explicit QueueCore(unsigned threads) : threads_(threads) {}
 
     /// Runs the block on a pool thread; drops it once the core is closed.
     void post(std::function<void()> block);
@@ -78,8 +80,9 @@ public:
     DelayTimers timers;
 
 private:
-    asio::thread_pool pool_;
+    const unsigned threads_;
     Mutex mutex_;
+    std::optional<asio::thread_pool> pool_ DAYWARD_GUARDED_BY(mutex_);
     bool closed_ DAYWARD_GUARDED_BY(mutex_) = false;
 };
 

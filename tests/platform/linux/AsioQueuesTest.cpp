@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <atomic>
+#include <filesystem>
 #include <future>
 #include <latch>
 #include <limits>
@@ -43,6 +44,21 @@ private:
     std::latch started_{2};
     std::latch over_{1};
 };
+
+/// A program with one thread may fork.
+TEST_F(RealQueues, noThreadStartsBeforeTheFirstBlock) {
+    const auto threads = [] {
+        const std::filesystem::directory_iterator tasks("/proc/self/task");
+        return std::distance(begin(tasks), end(tasks));
+    };
+    const auto before = threads();
+    auto serial = queues.makeSerial("idle");
+    int calls = 0;
+    serial->sync([&] { ++calls; });
+    queues.dropDelayed();
+    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(threads(), before);
+}
 
 TEST_F(RealQueues, aSerialQueueRunsInOrderAndOneAtATime) {
     const auto queue = queues.makeSerial("test");
