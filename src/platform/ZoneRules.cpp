@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <limits>
-#include <string>
 
 #include "platform/CivilDay.h"
 
@@ -17,7 +16,8 @@ constexpr std::int64_t kFarthest = std::int64_t{1} << 60;
 constexpr std::int32_t kGreatestSaneOffset = 26 * 3600;
 constexpr std::size_t kHeaderSize = 44;
 constexpr std::size_t kMostSegments = 65535;
-/// A yearly rule takes over within these years, so that its 400 years lie in the table.
+/// A yearly rule takes over within these years, so that its 400 years lie in the table. A table that goes on for
+/// longer needs none.
 constexpr std::int64_t kFirstSaneYear = 1800, kLastSaneYear = 2100;
 
 auto broken(std::string reason) { return failure("time zone", 0, {{"reason", std::move(reason)}}); }
@@ -130,8 +130,6 @@ Result<ZoneRules> ZoneRules::parse(std::span<const std::uint8_t> content) {
     if (!footer.empty()) {
         const auto zone = PosixZone::parse(footer);
         if (!zone) return broken("the footer's rule cannot be read");
-        if (zone->daylightSaving && rules.segments_.back().start >= dayNumberOf(kLastSaneYear + 1, 1, 1) * kDay)
-            return broken("a transition after the year " + std::to_string(kLastSaneYear) + " before a yearly rule");
         rules.applyFooter(*zone, !block.transitions.empty());
     }
     if (rules.segments_.size() > kMostSegments) return broken("too many transitions");
@@ -172,6 +170,7 @@ void ZoneRules::applyFooter(const PosixZone& footer, bool hasTransitions) {
         return;
     }
     const std::int64_t last = segments_.back().start;
+    if (last >= dayNumberOf(kLastSaneYear + 1, 1, 1) * kDay) return;
     const std::int64_t lastYear = segments_.size() < 2 ? 1970 : civilDayOf(floorDivide(last, kDay)).year;
     const std::int64_t firstYear = std::clamp(lastYear, kFirstSaneYear, kLastSaneYear) - 1;
     const auto& saving = *footer.daylightSaving;
