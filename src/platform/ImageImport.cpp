@@ -124,6 +124,25 @@ Image scaledToFit(const Image& image, int longestSide) {
     return {width, height, std::move(pixels)};
 }
 
+Image scaledToFill(const Image& image, PixelSize size) {
+    if (image.isEmpty() || size.width <= 0 || size.height <= 0) return {};
+    const double scale = std::min(static_cast<double>(image.width()) / size.width,
+                                  static_cast<double>(image.height()) / size.height);
+    const auto side = [scale](int length) { return std::max(1, static_cast<int>(std::lround(length * scale))); };
+    const int width = std::min(image.width(), side(size.width));
+    const int height = std::min(image.height(), side(size.height));
+    const auto rowBytes = static_cast<std::size_t>(width) * kChannels;
+    Data pixels(rowBytes * static_cast<std::size_t>(height));
+    for (int row = 0; row < height; ++row) {
+        const auto from = static_cast<std::size_t>((image.height() - height) / 2 + row) *
+                              static_cast<std::size_t>(image.width()) +
+                          static_cast<std::size_t>((image.width() - width) / 2);
+        std::memcpy(pixels.data() + static_cast<std::size_t>(row) * rowBytes, image.rgba().data() + from * kChannels,
+                    rowBytes);
+    }
+    return scaledToFit({width, height, std::move(pixels)}, std::max(size.width, size.height));
+}
+
 Result<Image> importImage(const Data& bytes, int longestSide) {
     const Image stored = TRY(Image::decode(bytes));
     return uprightImage(scaledToFit(stored, longestSide), exifOrientation(bytes));

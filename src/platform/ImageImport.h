@@ -4,6 +4,7 @@
 
 #include "platform/Data.h"
 #include "platform/Image.h"
+#include "platform/PixelSize.h"
 #include "platform/Result.h"
 
 namespace dayward {
@@ -28,6 +29,9 @@ Image uprightImage(const Image& image, ImageOrientation orientation);
 /// The picture with its longer side made `longestSide` pixels, each the mean of those that it stands
 /// for; as it is where it is not larger.
 Image scaledToFit(const Image& image, int longestSide);
+/// The largest part in the middle of the picture that has the shape of the size, made as small as the
+/// size where it is larger. A size without pixels gives the empty image.
+Image scaledToFill(const Image& image, PixelSize size);
 
 /// All of this with the bytes of a PNG or JPEG file. Fails as Image::decode does.
 Result<Image> importImage(const Data& bytes, int longestSide);

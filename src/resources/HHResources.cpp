@@ -99,6 +99,10 @@ std::optional<std::string> HHResources::pathForFileName(std::string_view fileNam
     return pathForResource(deletingPathExtension(fileName), extension.empty() ? kImageType : extension);
 }
 
+std::shared_ptr<const Image> HHResources::cachedImage(std::string_view fileName) {
+    return Environment::current().shared<ResourceImages>().cache.image(fileName);
+}
+
 std::shared_ptr<const Image> HHResources::image(std::string_view fileName) {
     auto& cache = Environment::current().shared<ResourceImages>().cache;
     if (auto cached = cache.image(fileName)) return cached;

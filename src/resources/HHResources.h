@@ -40,6 +40,8 @@ public:
     /// The picture of a resource's file name, decoded once while it is in use; the empty image where
     /// there is none or it cannot be read. Never null.
     static std::shared_ptr<const Image> image(std::string_view fileName);
+    /// The same where it is at hand, else null; reads no file.
+    static std::shared_ptr<const Image> cachedImage(std::string_view fileName);
 };
 
 }  // namespace dayward

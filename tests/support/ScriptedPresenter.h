@@ -88,7 +88,6 @@ public:
         lines_.push_back("notice " + shown.text);
         notice = std::move(shown);
     }
-    void share(ShareRequest request) override { lines_.push_back("share " + request.subject); }
     void choosePicture(std::function<void(ChosenPicture)> completion) override {
         lines_.emplace_back("choose picture");
         if (picture) completion(*picture);

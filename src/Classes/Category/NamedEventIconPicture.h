@@ -12,6 +12,7 @@ public:
     using NamedPicture::NamedPicture;
 
     [[nodiscard]] std::shared_ptr<const Image> getImage() const override { return namedImage(); }
+    void getImageWithCompletion(const ImageCompletion& completion) const override { namedImage(completion); }
 
     [[nodiscard]] std::vector<std::string> archiveClassNames() const override {
         return {kArchiveClass, kBaseArchiveClass};

@@ -2,6 +2,8 @@
 
 #include <typeinfo>
 
+#include "platform/DispatchQueue.h"
+#include "platform/Environment.h"
 #include "platform/KeyedArchiver.h"
 #include "resources/HHResources.h"
 
@@ -14,5 +16,13 @@ bool NamedPicture::isEqual(const Archivable& other) const {
 }
 
 std::shared_ptr<const Image> NamedPicture::namedImage() const { return HHResources::image(named_); }
+
+void NamedPicture::namedImage(const std::function<void(std::shared_ptr<const Image>)>& completion) const {
+    if (auto cached = HHResources::cachedImage(named_)) return completion(std::move(cached));
+    Queues& queues = Environment::current().queues();
+    queues.global().async([&queues, name = named_, completion] {
+        queues.main().async([image = HHResources::image(name), completion] { completion(image); });
+    });
+}
 
 }  // namespace dayward

@@ -1,6 +1,7 @@
 // Base of the pictures that are a resource's file name. Archived as "c001a": "p001" the name.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -25,6 +26,8 @@ public:
 
 protected:
     [[nodiscard]] std::shared_ptr<const Image> namedImage() const;
+    /// An image that is at hand at once, else on the main queue once it is read.
+    void namedImage(const std::function<void(std::shared_ptr<const Image>)>& completion) const;
 
     /// Null where the archive has no name.
     template <class Picture>

@@ -49,6 +49,7 @@ void EventByCustomTableManager::moveRowAtIndexPath(IndexPath from, IndexPath to)
 }
 
 void EventByCustomTableManager::saveOrder() {
+    if (contents() == Contents::found) return;
     std::vector<std::string> keys;
     for (const EventRow& event : objects()) keys.push_back(event->identifier());
     AppSettings::setTableSortIdentifiers(keys);

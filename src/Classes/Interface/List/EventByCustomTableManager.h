@@ -26,12 +26,12 @@ class EventByCustomTableManager final : public EventTableManager {
 public:
     using EventTableManager::EventTableManager;
 
-    // Each writes the order that comes of it to the settings.
+    // Each writes the order that comes of it to the settings, unless the rows are those of a search.
     void appendObject(EventRow event) override;
     void updateObject(EventRow event) override;
     void removeObject(const EventRow& event) override;
 
-    [[nodiscard]] bool canMoveRowAtIndexPath(IndexPath) const override { return true; }
+    [[nodiscard]] bool canMoveRowAtIndexPath(IndexPath) const override { return contents() == Contents::all; }
     /// The table has moved the row already: the list follows without a message, and the order is written.
     void moveRowAtIndexPath(IndexPath from, IndexPath to) override;
     using EventTableManager::moveRowAtIndexPath;

@@ -15,6 +15,7 @@ struct EventRowText {
     std::string date;                     ///< "No date!" where the event has none
     std::optional<std::string> interval;  ///< "Now" while the event is running; nothing without a date
     Color textColor;
+    bool operator==(const EventRowText&) const = default;
 };
 
 EventRowText eventRowText(const HHEvent& event);

@@ -6,7 +6,6 @@
 #include "Classes/Interface/List/EventByNameTableManager.h"
 #include "Classes/Interface/List/EventTableViewCell.h"
 #include "Classes/Interface/List/TableView.h"
-#include "Classes/Settings/AppSettings.h"
 #include "alerts/MissedEventsHelper.h"
 #include "platform/Environment.h"
 #include "platform/NotificationCenter.h"
@@ -27,13 +26,17 @@ std::string eventSortLabel(EventSortType type) {
     }
 }
 
-EventTableManager::EventTableManager(TableView* tableView) : tableView_(tableView) { setDelegate(this); }
+EventTableManager::EventTableManager(TableView* tableView, Contents contents)
+    : tableView_(tableView), contents_(contents) {
+    setDelegate(this);
+}
 
-std::unique_ptr<EventTableManager> EventTableManager::makeForSortType(EventSortType type, TableView* tableView) {
+std::unique_ptr<EventTableManager> EventTableManager::makeForSortType(EventSortType type, TableView* tableView,
+                                                                      Contents contents) {
     switch (type) {
-        case EventSortType::byName: return std::make_unique<EventByNameTableManager>(tableView);
-        case EventSortType::byCustom: return std::make_unique<EventByCustomTableManager>(tableView);
-        default: return std::make_unique<EventByDateTableManager>(tableView);
+        case EventSortType::byName: return std::make_unique<EventByNameTableManager>(tableView, contents);
+        case EventSortType::byCustom: return std::make_unique<EventByCustomTableManager>(tableView, contents);
+        default: return std::make_unique<EventByDateTableManager>(tableView, contents);
     }
 }
 
@@ -48,8 +51,9 @@ void EventTableManager::configureVisibleCells() {
 bool EventTableManager::configureCell(const std::shared_ptr<EventTableViewCell>& cell, const EventRow& forObject) {
     if (!forObject) return false;
     const std::string key = forObject->identifier();
-    cell->setRow(key, eventRowText(*forObject));
-    if (AppSettings::tableCellIconShow()) {
+    const EventRowContent content = eventRowContent(*forObject);
+    cell->setRow(key, content);
+    if (content.icon && !cell->icon()) {
         const std::weak_ptr<EventTableViewCell> row = cell;
         forObject->displayIcon()->getImageWithCompletion([row, key](std::shared_ptr<const Image> image) {
             if (const auto present = row.lock()) present->setIcon(std::move(image), key);
@@ -63,6 +67,17 @@ std::shared_ptr<EventTableViewCell> EventTableManager::cellForRowAtIndexPath(Ind
                                       : std::make_shared<EventTableViewCell>();
     configureCell(cell, objectAtIndexPath(path));
     return cell;
+}
+
+void EventTableManager::willDisplayCell(const std::shared_ptr<EventTableViewCell>& cell, IndexPath forRowAtIndexPath,
+                                        PixelSize size) {
+    const EventRow event = objectAtIndexPath(forRowAtIndexPath);
+    cell->setBackground(EventTableViewHelper::backgroundViewCellForEvent(*event, size), event->identifier());
+    const std::weak_ptr<EventTableViewCell> row = cell;
+    EventTableViewHelper::getBackgroundImageCellForEvent(
+        *event, size, row, [row, key = event->identifier()](const EventTableViewCellBackground& background) {
+            if (const auto present = row.lock()) present->setBackground(background, key);
+        });
 }
 
 void EventTableManager::commitEditingStyle(EditingStyle style, IndexPath forRowAtIndexPath) {

@@ -11,6 +11,7 @@
 #include "Classes/Event/HHEvent.h"
 #include "Classes/Interface/List/HHDTDSContainer.h"
 #include "Submodules/CorpLibrary2/Foundation/CCTableDataSource.h"
+#include "platform/PixelSize.h"
 
 namespace dayward {
 
@@ -53,15 +54,18 @@ public:
     static constexpr double kPullToClearOffset = -150.0;
 
     enum class EditingStyle { none, remove, insert };
+    /// What the rows are: those that a search found say nothing about the order of all.
+    enum class Contents { all, found };
 
     /// The table is not owned and may be null: then the rows are only kept.
-    explicit EventTableManager(TableView* tableView);
+    explicit EventTableManager(TableView* tableView, Contents contents = Contents::all);
     /// The manager of a sort mode.
-    static std::unique_ptr<EventTableManager> makeForSortType(EventSortType type, TableView* tableView);
+    static std::unique_ptr<EventTableManager> makeForSortType(EventSortType type, TableView* tableView,
+                                                              Contents contents = Contents::all);
 
     /// Writes the present texts into the table's visible rows.
     void configureVisibleCells();
-    /// Writes an event's texts into a row and asks for its icon where rows show icons. False without an
+    /// Writes an event's content into a row and asks for its icon where rows show icons. False without an
     /// event.
     bool configureCell(const std::shared_ptr<EventTableViewCell>& cell, const EventRow& forObject);
 
@@ -71,6 +75,8 @@ public:
         return numberOfObjectsInSectionAtIndex(section);
     }
     [[nodiscard]] std::shared_ptr<EventTableViewCell> cellForRowAtIndexPath(IndexPath path);
+    /// The row comes into sight at that size: its background is asked for.
+    void willDisplayCell(const std::shared_ptr<EventTableViewCell>& cell, IndexPath forRowAtIndexPath, PixelSize size);
     [[nodiscard]] virtual bool canEditRowAtIndexPath(IndexPath) const { return true; }
     [[nodiscard]] virtual bool canMoveRowAtIndexPath(IndexPath) const { return false; }
     [[nodiscard]] double heightForRowAtIndexPath(IndexPath) const { return kRowHeight; }
@@ -99,9 +105,11 @@ public:
 
 protected:
     [[nodiscard]] TableView* tableView() const { return tableView_; }
+    [[nodiscard]] Contents contents() const { return contents_; }
 
 private:
     TableView* tableView_;
+    const Contents contents_;
 };
 
 }  // namespace dayward

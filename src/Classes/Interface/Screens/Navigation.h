@@ -40,7 +40,6 @@ public:
 
     virtual void showAlert(Alert alert) = 0;
     virtual void showNotice(Notice notice) = 0;
-    virtual void share(ShareRequest request) = 0;
     virtual void choosePicture(std::function<void(ChosenPicture)> completion) = 0;
     virtual void openLink(const std::string& url) = 0;
 };
@@ -83,7 +82,6 @@ public:
     void showDetail(Screen screen) override;
     void alert(Alert alert) override { listener_.showAlert(std::move(alert)); }
     void showNotice(Notice notice) override { listener_.showNotice(std::move(notice)); }
-    void share(ShareRequest request) override { listener_.share(std::move(request)); }
     void choosePicture(std::function<void(ChosenPicture)> completion) override {
         listener_.choosePicture(std::move(completion));
     }

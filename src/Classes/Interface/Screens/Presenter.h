@@ -1,4 +1,4 @@
-// How a screen asks its surroundings: other screens, questions to the user, sharing, pictures.
+// How a screen asks its surroundings: other screens, questions to the user, pictures.
 //
 // A request that names a screen acts on the stack that holds it, and does nothing where none does.
 // Requests that change what is shown may come at any moment, from a screen's life as well: one is
@@ -7,11 +7,11 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/Data.h"
+#include "platform/Date.h"
 
 namespace dayward {
 
@@ -31,18 +31,13 @@ struct Alert {
     std::vector<AlertButton> buttons;
 };
 
-/// What can still be taken back for some seconds, such as "Deleted" with "Undo".
+/// A word in passing, such as "Copied", or what can still be taken back, "Deleted" with "Undo". A new one
+/// takes the place of the one that is shown.
 struct Notice {
     std::string text;
-    std::string actionTitle;
-    std::function<void()> action;
-};
-
-/// An event as a text or as the picture of its detail.
-struct ShareRequest {
-    std::string subject;
-    std::optional<std::string> text;
-    std::optional<std::string> eventKeyOfPicture;
+    std::string actionTitle = {};  ///< empty where nothing can be done
+    std::function<void()> action = {};
+    TimeInterval shownFor{3};
 };
 
 /// A picture file of the user's: its bytes as they stand, and its name or link.
@@ -78,7 +73,6 @@ public:
 
     virtual void alert(Alert alert) = 0;
     virtual void showNotice(Notice notice) = 0;
-    virtual void share(ShareRequest request) = 0;
     /// Lets the user choose a picture file. The completion is not called where the user chooses none.
     virtual void choosePicture(std::function<void(ChosenPicture)> completion) = 0;
     virtual void openLink(const std::string& url) = 0;

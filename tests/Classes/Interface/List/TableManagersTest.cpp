@@ -161,15 +161,17 @@ TEST_F(TableManagers, ARowSaysTitleDateAndCountdown) {
 
 TEST_F(TableManagers, AReusedRowTakesNoIconOfAnotherEvent) {
     EventTableViewCell cell;
-    cell.setRow("a", {});
+    EventRowContent shown;
+    shown.icon = RowPicture{"icon", {}};
+    cell.setRow("a", shown);
     const auto icon = std::make_shared<const Image>();
     cell.setIcon(icon, "b");
     EXPECT_EQ(cell.icon(), nullptr);
     cell.setIcon(icon, "a");
     EXPECT_EQ(cell.icon(), icon);
-    cell.setRow("a", {});
+    cell.setRow("a", shown);
     EXPECT_EQ(cell.icon(), icon);
-    cell.setRow("b", {});
+    cell.setRow("b", shown);
     EXPECT_EQ(cell.icon(), nullptr);
 }
 
@@ -180,7 +182,7 @@ TEST_F(TableManagers, VisibleRowsAreRewrittenAndVanishingOnesLeftAlone) {
     table.vanishing = 1;
     manager.configureVisibleCells();
     EXPECT_EQ(table.cells[0]->text().title, "A");
-    EXPECT_EQ(table.cells[1]->eventKey(), std::nullopt);
+    EXPECT_EQ(table.cells[1]->eventIdentifier(), std::nullopt);
 }
 
 TEST_F(TableManagers, SelectingTellsTheEventAndDeletingRemovesItFromTheStore) {

@@ -1,0 +1,80 @@
+// Shows one event at full size, with a live countdown; opens its editor and its sharing. Stands in the
+// detail pane of a wide window and over the list in a narrow one. Main thread only.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "Classes/Interface/Detail/EventDetailView.h"
+#include "Classes/Interface/Screens/ScreenObserver.h"
+#include "Classes/Interface/Screens/ViewController.h"
+#include "Classes/Share/HHShareToolbar.h"
+
+namespace dayward {
+
+class HHEvent;
+
+/// What of a detail screen is another.
+enum class DetailChange {
+    all,    ///< look and texts, or whether there is an event at all
+    times,  ///< texts that change with time
+    note,   ///< the note opened or closed
+    scrim,  ///< the background was measured
+};
+
+class EventDetailObserver {
+public:
+    virtual ~EventDetailObserver() = default;
+    virtual void detailDidChange(DetailChange change) = 0;
+};
+
+class EventDetailViewController final : public ViewController {
+public:
+    /// `share` is not owned; without it there is no sharing.
+    explicit EventDetailViewController(std::optional<std::string> eventIdentifier = {}, ShareServices* share = nullptr);
+
+    /// Not owned; null for none.
+    void setDetailObserver(EventDetailObserver* observer) { detailObserver_ = observer; }
+
+    [[nodiscard]] const std::optional<std::string>& eventIdentifier() const { return eventIdentifier_; }
+    /// Nothing, as an unknown key, empties the screen.
+    void setEventIdentifier(std::optional<std::string> identifier);
+
+    /// What is to be drawn where hasContent().
+    [[nodiscard]] const EventDetailView& eventView() const { return eventView_; }
+    /// Null without sharing; drawn where hasContent().
+    [[nodiscard]] HHShareToolbar* shareToolbar() { return shareToolbar_ ? &*shareToolbar_ : nullptr; }
+
+    /// Looks the event up and shows it; without one the screen is empty, and leaves its stack where
+    /// there is no detail pane.
+    void configureView();
+    void editAction();
+    void noteTapGestureAction();
+    /// Once a second while the screen is in sight.
+    void timerAction();
+
+    [[nodiscard]] bool belongsInDetailPane() const override { return true; }
+    [[nodiscard]] bool hasContent() const override { return event_ != nullptr; }
+    void viewDidLoad() override;
+    void viewWillAppear() override;
+    void viewDidDisappear(Disappearance why) override;
+
+private:
+    void categoryStoreDidUpdate(const Notification& notification);
+    void eventStoreDidUpdate(const Notification& notification);
+    void showBarButtons();
+    void measureBackground();
+    void tell(DetailChange change);
+
+    std::optional<std::string> eventIdentifier_;
+    EventDetailView eventView_;
+    std::optional<HHShareToolbar> shareToolbar_;
+    EventDetailObserver* detailObserver_ = nullptr;
+    std::shared_ptr<HHEvent> event_;
+    bool displayed_ = false;
+    ScreenObserver observer_;
+    ScreenObserver timer_;
+};
+
+}  // namespace dayward
