@@ -1,5 +1,7 @@
 #include "Classes/Category/ImagePicture.h"
 
+#include <functional>
+#include <string_view>
 #include <typeinfo>
 
 #include "platform/KeyedArchiver.h"
@@ -15,6 +17,14 @@ ImagePicture::ImagePicture(std::shared_ptr<const Image> image, std::optional<std
 Result<Data> ImagePicture::encodedData() const {
     if (!encoded_.empty()) return encoded_;
     return encodedImage();
+}
+
+std::size_t ImagePicture::pixelsHash() const {
+    std::call_once(hash_->once, [this] {
+        const Data& pixels = image_->rgba();
+        hash_->value = std::hash<std::string_view>{}({reinterpret_cast<const char*>(pixels.data()), pixels.size()});
+    });
+    return hash_->value;
 }
 
 void ImagePicture::encodeWithCoder(KeyedArchiver& coder) const {

@@ -5,7 +5,9 @@
 // each time its record is saved.
 #pragma once
 
+#include <cstddef>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 
@@ -29,8 +31,13 @@ public:
     [[nodiscard]] const std::shared_ptr<const Image>& image() const { return image_; }
     /// A file name or a link.
     [[nodiscard]] const std::optional<std::string>& source() const { return source_; }
+    /// The bytes that the image was read from; empty where they are not known.
+    [[nodiscard]] const Data& encoded() const { return encoded_; }
     /// The image's bytes in the picture's own format, as an archive would hold them.
     [[nodiscard]] Result<Data> encodedData() const;
+
+    /// The same for pictures of the same pixels; counted when it is first asked for.
+    [[nodiscard]] std::size_t pixelsHash() const;
 
     void encodeWithCoder(KeyedArchiver& coder) const override;
     /// Same class, same pixels, same source.
@@ -52,6 +59,12 @@ protected:
     }
 
 private:
+    struct Hash {
+        std::once_flag once;
+        std::size_t value = 0;
+    };
+
+    const std::shared_ptr<Hash> hash_ = std::make_shared<Hash>();
     const std::shared_ptr<const Image> image_;
     const std::optional<std::string> source_;
     const Data encoded_;

@@ -24,14 +24,23 @@ Result<std::shared_ptr<const Image>> readImage(const std::string& path, const ch
     return std::make_shared<const Image>(TRY(Image::decode(bytes)));
 }
 
-/// Only freshly chosen images are written: those that lie in the document already stay as they are.
+Result<> setFile(EventDocument& document, const Data& bytes, const char* file) {
+    document.setData(bytes, file);
+    return {};
+}
+
+/// Only freshly chosen images are written, as they came where that is known: those that lie in the
+/// document already stay as they are.
 Result<> setOwnImages(EventDocument& document, const HHEvent& event) {
     if (const auto icon = std::dynamic_pointer_cast<ImageEventIconPicture>(event.icon())) {
-        TRY_VOID(document.setImagePNG(*icon->image(), EventDocument::kIconFile));
+        TRY_VOID(icon->encoded().empty() ? document.setImagePNG(*icon->image(), EventDocument::kIconFile)
+                                         : setFile(document, icon->encoded(), EventDocument::kIconFile));
     }
     if (const auto background = std::dynamic_pointer_cast<ImageEventBackgroundPicture>(event.background())) {
-        TRY_VOID(document.setImageJPEG(*background->image(), EventDocument::kBackgroundQuality,
-                                       EventDocument::kBackgroundFile));
+        TRY_VOID(background->encoded().empty()
+                     ? document.setImageJPEG(*background->image(), EventDocument::kBackgroundQuality,
+                                             EventDocument::kBackgroundFile)
+                     : setFile(document, background->encoded(), EventDocument::kBackgroundFile));
     }
     return {};
 }

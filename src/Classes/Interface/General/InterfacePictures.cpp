@@ -1,7 +1,4 @@
 // The thumbnails of Interface.
-#include <functional>
-#include <string_view>
-
 #include "Classes/Category/ColorPicture.h"
 #include "Classes/Category/EventBackgroundTemplate.h"
 #include "Classes/Category/ImagePicture.h"
@@ -16,17 +13,16 @@ namespace dayward {
 
 namespace {
 
-std::string imageKey(const Image& image) {
-    const Data& pixels = image.rgba();
-    const std::string_view bytes(reinterpret_cast<const char*>(pixels.data()), pixels.size());
+std::string imageKey(const ImagePicture& picture) {
+    const Image& image = *picture.image();
     return "image:" + std::to_string(image.width()) + "x" + std::to_string(image.height()) + ":" +
-           std::to_string(std::hash<std::string_view>{}(bytes));
+           std::to_string(picture.pixelsHash());
 }
 
 std::string keyOf(const Archivable& picture) {
     if (const auto* named = dynamic_cast<const NamedPicture*>(&picture)) return "name:" + named->named();
     if (const auto* color = dynamic_cast<const ColorPicture*>(&picture)) return "color:" + color->color().hex();
-    if (const auto* image = dynamic_cast<const ImagePicture*>(&picture)) return imageKey(*image->image());
+    if (const auto* image = dynamic_cast<const ImagePicture*>(&picture)) return imageKey(*image);
     if (const auto* icon = dynamic_cast<const LoadEventIconPicture*>(&picture)) return "icon:" + icon->itemKey();
     if (const auto* background = dynamic_cast<const LoadEventBackgroundPicture*>(&picture)) {
         return "background:" + background->itemKey();
