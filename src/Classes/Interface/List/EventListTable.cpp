@@ -15,8 +15,7 @@ EventListTable::~EventListTable() {
 
 void EventListTable::configure(EventSortType sortType, std::vector<EventRow> objects) {
     // The old one stays until the view has been told: whoever is selecting in it may still be at it.
-    const auto old =
-        std::exchange(manager_, EventTableManager::makeForSortType(sortType, this, contents_));
+    const auto old = std::exchange(manager_, EventTableManager::makeForSortType(sortType, this, contents_));
     manager_->setObjects(std::move(objects));
 }
 
@@ -40,7 +39,23 @@ std::optional<IndexPath> EventListTable::pathOfEvent(const std::string& key) con
     return manager_ ? manager_->indexPathForObject(std::make_shared<HHEvent>(key)) : std::nullopt;
 }
 
-bool EventListTable::canMoveRow(IndexPath path) const { return manager_->canMoveRowAtIndexPath(path); }
+bool EventListTable::hasRow(IndexPath path) const {
+    return path.section < numberOfSections() && path.row < numberOfRowsInSection(path.section);
+}
+
+bool EventListTable::canMoveRow(IndexPath path) const { return hasRow(path) && manager_->canMoveRowAtIndexPath(path); }
+
+bool EventListTable::didMoveRow(IndexPath from, IndexPath to) {
+    if (!canMoveRow(from) || !canMoveRow(to) || from.section != to.section) return false;
+    manager_->moveRowAtIndexPath(from, to);
+    return true;
+}
+
+bool EventListTable::moveRowTo(IndexPath from, IndexPath to) {
+    if (!didMoveRow(from, to)) return false;
+    moveRow(from, to);
+    return true;
+}
 
 std::shared_ptr<const EventTableViewCell> EventListTable::showRow(IndexPath path, PixelSize size) {
     EventRow event = manager_->objectAtIndexPath(path);
@@ -48,13 +63,13 @@ std::shared_ptr<const EventTableViewCell> EventListTable::showRow(IndexPath path
     auto cell = manager_->cellForRowAtIndexPath(path);
     manager_->willDisplayCell(cell, path, size);
     // Pictures may come on any thread; the view hears of them on its own.
-    cell->setObserver([life = std::weak_ptr(life_), this, main = mainThread_, key,
-                       &queues = Environment::current().queues()] {
-        if (std::this_thread::get_id() == main) return cellDidChange(key);
-        queues.main().async([life, this, key] {
-            if (!life.expired()) cellDidChange(key);
+    cell->setObserver(
+        [life = std::weak_ptr(life_), this, main = mainThread_, key, &queues = Environment::current().queues()] {
+            if (std::this_thread::get_id() == main) return cellDidChange(key);
+            queues.main().async([life, this, key] {
+                if (!life.expired()) cellDidChange(key);
+            });
         });
-    });
     shown_.insert_or_assign(key, Shown{std::move(event), cell, size});
     return cell;
 }
@@ -78,12 +93,16 @@ void EventListTable::cellDidChange(const std::string& eventKey) {
     if (path) view_->refreshRow(*path);
 }
 
-void EventListTable::reconfigure(IndexPath path) {
-    const EventRow event = manager_->objectAtIndexPath(path);
-    const auto row = shown_.find(event->identifier());
-    if (row == shown_.end()) return;
-    manager_->configureCell(row->second.cell, event);
-    manager_->willDisplayCell(row->second.cell, path, row->second.size);
+void EventListTable::refreshVisibleRows() {
+    const auto rows = shown_;  // the view may show and hide rows meanwhile
+    for (const auto& [key, row] : rows) reconfigure(row);
+}
+
+void EventListTable::reconfigure(const Shown& row) {
+    const auto path = manager_->indexPathForObject(row.event);
+    if (!path) return;
+    manager_->configureCell(row.cell, manager_->objectAtIndexPath(*path));
+    manager_->willDisplayCell(row.cell, *path, row.size);
 }
 
 void EventListTable::reloadData() {
@@ -95,7 +114,8 @@ void EventListTable::insertRow(IndexPath path) {
 }
 
 void EventListTable::reloadRow(IndexPath path) {
-    reconfigure(path);
+    const auto row = shown_.find(manager_->objectAtIndexPath(path)->identifier());
+    if (row != shown_.end()) reconfigure(row->second);
     if (view_ != nullptr) view_->reloadRow(path);
 }
 

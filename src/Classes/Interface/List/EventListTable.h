@@ -43,7 +43,9 @@ public:
     /// A new manager of that order takes the place of the one that was; its rows are those of `objects`.
     /// The view is told one reload.
     void configure(EventSortType sortType, std::vector<EventRow> objects);
-    /// There is none before configure().
+    /// Other rows in the same order. The view is told one reload.
+    void setObjects(std::vector<EventRow> objects) { manager_->setObjects(std::move(objects)); }
+    /// Null before configure().
     [[nodiscard]] EventTableManager* manager() const { return manager_.get(); }
 
     // What there is. A path without a row stops the process.
@@ -59,7 +61,15 @@ public:
     [[nodiscard]] static double rowHeight() { return EventTableManager::kRowHeight; }
     [[nodiscard]] EventRow event(IndexPath path) const;
     [[nodiscard]] std::optional<IndexPath> pathOfEvent(const std::string& key) const;
+    [[nodiscard]] bool hasRow(IndexPath path) const;
+
+    // Moving a row within its section in the order made by hand; false where that cannot be.
+
     [[nodiscard]] bool canMoveRow(IndexPath path) const;
+    /// The view has moved it.
+    bool didMoveRow(IndexPath from, IndexPath to);
+    /// The view is told.
+    bool moveRowTo(IndexPath from, IndexPath to);
 
     // Rows in sight.
 
@@ -67,6 +77,8 @@ public:
     /// Rows that are not in sight any more are to be hidden, after a reload as well.
     std::shared_ptr<const EventTableViewCell> showRow(IndexPath path, PixelSize size);
     void hideRow(const std::string& eventKey);
+    /// Writes the present content into the cells, and has backgrounds made that are others now.
+    void refreshVisibleRows();
     /// Has the pictures of a row made that will soon come into sight.
     void preheat(IndexPath path, PixelSize size) const;
 
@@ -78,7 +90,7 @@ private:
     };
 
     void cellDidChange(const std::string& eventKey);
-    void reconfigure(IndexPath path);
+    void reconfigure(const Shown& row);
 
     // TableView
     void reloadData() override;

@@ -21,8 +21,6 @@ struct EventRowContent {
 };
 
 EventRowContent eventRowContent(const HHEvent& event);
-/// The background of an event by an identity that is another once the event's own picture is.
-RowPicture eventBackground(const HHEvent& event);
 /// The row as one sentence: "Mother (66), Monday, May 4, 55 Days".
 std::string accessibleSentence(const EventRowContent& content);
 

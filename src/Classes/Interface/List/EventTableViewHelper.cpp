@@ -1,59 +1,84 @@
 #include "Classes/Interface/List/EventTableViewHelper.h"
 
+#include <optional>
 #include <string>
+#include <unordered_map>
 #include <utility>
 
 #include "Classes/Category/EventBackgroundPicture.h"
 #include "Classes/Event/HHEvent.h"
+#include "Classes/Interface/General/EventPictures.h"
 #include "Classes/Interface/General/TextScrim.h"
-#include "Classes/Interface/List/EventRowContent.h"
 #include "platform/DispatchQueue.h"
 #include "platform/Environment.h"
 #include "platform/ImageImport.h"
+#include "platform/Mutex.h"
 #include "resources/ImageCache.h"
 
 namespace dayward {
 
 namespace {
 
-struct CellImages {
+/// The pictures that were made, and the scrims that were measured on them.
+class CellImages {
+public:
     explicit CellImages(Environment&) {}
-    static ImageCache& cache() { return Environment::current().shared<CellImages>().images; }
+    static CellImages& shared() { return Environment::current().shared<CellImages>(); }
 
-    ImageCache images;
+    /// Nothing unless picture and scrim are at hand.
+    std::optional<EventTableViewCellBackground> background(const std::string& key, const Color& text) {
+        auto image = images_.image(key);
+        const Lock lock(mutex_);
+        const auto scrim = scrims_.find(key + text.hex());
+        if (!image || scrim == scrims_.end()) return std::nullopt;
+        return EventTableViewCellBackground{std::move(image), scrim->second};
+    }
+    /// Makes what is missing; may take long.
+    EventTableViewCellBackground make(const std::string& key, const Color& text, const EventBackgroundPicture& picture,
+                                      PixelSize size) {
+        auto image = images_.image(key);
+        if (!image) {
+            image = EventTableViewHelper::createBackgroundImageCellForPicture(picture, size);
+            if (!image->isEmpty()) images_.setImage(image, key);
+        }
+        const Color scrim = textScrim(text, *image);
+        const Lock lock(mutex_);
+        if (scrims_.size() >= kMostScrims) scrims_.clear();
+        scrims_.insert_or_assign(key + text.hex(), scrim);
+        return {std::move(image), scrim};
+    }
+
+private:
+    static constexpr std::size_t kMostScrims = 4096;
+
+    ImageCache images_;
+    Mutex mutex_;
+    std::unordered_map<std::string, Color> scrims_ DAYWARD_GUARDED_BY(mutex_);
 };
 
-std::string cacheKey(const RowPicture& background, PixelSize size) {
-    return background.key + "|" + std::to_string(size.width) + "x" + std::to_string(size.height);
+std::string cacheKey(const HHEvent& event, PixelSize size) {
+    return eventBackground(event).key + "|" + std::to_string(size.width) + "x" + std::to_string(size.height);
 }
 
 }  // namespace
 
 EventTableViewCellBackground EventTableViewHelper::backgroundViewCellForEvent(const HHEvent& event, PixelSize size) {
     const Color text = event.displayTextColor();
-    auto image = CellImages::cache().image(cacheKey(eventBackground(event), size));
-    const Color scrim = image ? textScrim(text, *image) : textScrim(text);
-    return {std::move(image), scrim};
+    auto kept = CellImages::shared().background(cacheKey(event, size), text);
+    return kept ? *std::move(kept) : EventTableViewCellBackground{nullptr, textScrim(text)};
 }
 
 void EventTableViewHelper::getBackgroundImageCellForEvent(const HHEvent& event, PixelSize size,
                                                           std::weak_ptr<const void> wantedBy, Block inBlock) {
-    const std::string key = cacheKey(eventBackground(event), size);
+    const std::string key = cacheKey(event, size);
     const Color text = event.displayTextColor();
-    if (auto image = CellImages::cache().image(key)) {
-        const Color scrim = textScrim(text, *image);
-        return inBlock({std::move(image), scrim});
-    }
+    CellImages& images = CellImages::shared();
+    if (const auto kept = images.background(key, text)) return inBlock(*kept);
     Queues& queues = Environment::current().queues();
-    queues.global().async([&queues, key, text, size, picture = event.displayBackground(), wantedBy = std::move(wantedBy),
-                           inBlock = std::move(inBlock)] {
+    queues.global().async([&queues, &images, key, text, size, picture = event.displayBackground(),
+                           wantedBy = std::move(wantedBy), inBlock = std::move(inBlock)] {
         if (wantedBy.expired()) return;
-        auto image = CellImages::cache().image(key);  // another row may have had it made meanwhile
-        if (!image) {
-            image = createBackgroundImageCellForPicture(*picture, size);
-            if (!image->isEmpty()) CellImages::cache().setImage(image, key);
-        }
-        const EventTableViewCellBackground background{image, textScrim(text, *image)};
+        const auto background = images.make(key, text, *picture, size);
         queues.main().async([inBlock, wantedBy, background] {
             if (!wantedBy.expired()) inBlock(background);
         });
