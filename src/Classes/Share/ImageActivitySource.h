@@ -15,6 +15,7 @@ class HHEvent;
 /// The shapes of pictures for sharing.
 enum class SharedPictureShape { phone, square };
 PixelSize sharedPictureSize(SharedPictureShape shape);
+double sharedPicturePixelsPerPoint(SharedPictureShape shape);
 /// "Phone", "Square", localised.
 std::string sharedPictureShapeLabel(SharedPictureShape shape);
 
@@ -34,9 +35,12 @@ public:
     void getScreenshot(SharedPictureShape shape, ShareServices& services, std::function<void()> completion);
 
 private:
+    void draw(const EventDetailView& view, SharedPictureShape shape, ShareServices& services,
+              std::function<void()> completion);
+
     const std::shared_ptr<const HHEvent> event_;
     ShareServices::Picture image_;
-    int request_ = 0;
+    int request_ = 0;  ///< counts the calls of getScreenshot
 };
 
 }  // namespace dayward

@@ -23,11 +23,14 @@ protected:
 
     [[nodiscard]] ShareServices& services() const { return services_; }
     [[nodiscard]] const std::string& subject() const { return subject_; }
+    /// The file where other programs may read it for a day.
+    [[nodiscard]] Result<std::string> temporaryFile() const;
 
     [[nodiscard]] virtual std::vector<TableSection> contentSections() = 0;
+    /// Whether there is something to share yet.
     [[nodiscard]] virtual bool isReady() const = 0;
     virtual void copy() = 0;
-    [[nodiscard]] virtual MailDraft mailDraft(const std::string& filePath) const = 0;
+    [[nodiscard]] virtual Result<MailDraft> mailDraft() const = 0;
     [[nodiscard]] virtual const char* fileExtension() const = 0;
     [[nodiscard]] virtual Result<Data> fileContent() const = 0;
 
@@ -36,12 +39,12 @@ private:
     void saveAction();
     void mailAction();
     void openWithAction();
-    void save(const std::string& path);
-    /// Writes the file where other programs may read it for a while.
-    [[nodiscard]] Result<std::string> temporaryFile() const;
+    Result<> openWith() const;
+    Result<> sendMail() const;
+    Result<> write(const std::string& path) const;
     [[nodiscard]] std::string fileName() const;
-    void finish(const std::string& notice);
-    void finishOrTell(const Result<>& done);
+    /// Closes the sheet with a word in passing, or says what failed.
+    void finish(const Result<>& done, const std::string& notice = {});
 
     const std::string subject_;
     ShareServices& services_;
@@ -49,18 +52,18 @@ private:
 
 class ShareTextViewController final : public ShareViewController {
 public:
-    ShareTextViewController(TextActivitySource source, ShareServices& services);
+    ShareTextViewController(const TextActivitySource& source, ShareServices& services);
 
 protected:
     std::vector<TableSection> contentSections() override;
     bool isReady() const override { return true; }
     void copy() override { services().copyText(text_); }
-    MailDraft mailDraft(const std::string& filePath) const override;
+    Result<MailDraft> mailDraft() const override { return MailDraft{subject(), text_, {}}; }
     const char* fileExtension() const override { return "txt"; }
-    Result<Data> fileContent() const override;
+    Result<Data> fileContent() const override { return Data(text_.begin(), text_.end()); }
 
 private:
-    const std::string text_;
+    const std::string text_;  ///< as of the sheet's opening
 };
 
 class ShareImageViewController final : public ShareViewController {
@@ -71,20 +74,22 @@ public:
 
 protected:
     std::vector<TableSection> contentSections() override;
-    bool isReady() const override { return source_->image() != nullptr; }
+    bool isReady() const override { return !isDrawing_ && source_->image() != nullptr; }
     void copy() override { services().copyImage(source_->image()); }
-    MailDraft mailDraft(const std::string& filePath) const override;
+    Result<MailDraft> mailDraft() const override;
     const char* fileExtension() const override { return "png"; }
     Result<Data> fileContent() const override { return source_->image()->pngData(); }
 
 private:
+    [[nodiscard]] TableRow previewRow() const;
+    [[nodiscard]] TableRow shapeRow(SharedPictureShape shape);
     void draw(SharedPictureShape shape);
     void didDraw();
 
     const std::shared_ptr<ImageActivitySource> source_;
     SharedPictureShape shape_ = SharedPictureShape::phone;
     bool isDrawing_ = false;
-    int drawings_ = 0;
+    std::string pictureKey_;  ///< of the present drawing
 };
 
 }  // namespace dayward

@@ -7,8 +7,8 @@
 #include "Classes/Other/Date/HHDateHelper.h"
 #include "Classes/Other/Date/HHDateIntervalFormat.h"
 #include "platform/Environment.h"
-#include "platform/Strings.h"
 #include "platform/PercentFormat.h"
+#include "platform/Strings.h"
 
 namespace dayward {
 
@@ -38,23 +38,24 @@ std::string wholeSpans(const XDIDateInterval& interval, Date from, Date to) {
     return text;
 }
 
+std::string nameOf(const HHEvent& event) { return event.name().value_or(localized(kUnnamed)); }
+
 int unitCount(const XDIDateInterval& interval) { return std::popcount(interval.getUnits().mask()); }
 
 }  // namespace
 
-std::string TextActivitySource::name() const { return event_->name().value_or(kUnnamed); }
-
-std::string TextActivitySource::subject() const { return formatText(localized("Countdown to %@"), {name()}); }
+std::string shareSubject(const HHEvent& event) { return formatText(localized("Countdown to %@"), {nameOf(event)}); }
 
 std::string TextActivitySource::text() const {
+    const std::string name = nameOf(*event_);
     const Date now = Environment::current().now();
     const Date next = event_->nextDate().value_or(now);
     const double seconds = std::floor((next - now).seconds());
-    if (seconds >= -kHappeningSeconds && seconds <= 0) return formatText(localized("%@ is happening!"), {name()});
+    if (seconds >= -kHappeningSeconds && seconds <= 0) return formatText(localized("%@ is happening!"), {name});
 
     const XDIDateInterval interval = distance(now, next, event_->intervalFormat().units);
     const std::string& sentence = localized(seconds < 0 ? "%@ - has come %@ back!" : "%@ - is coming in %@!");
-    std::string text = formatText(sentence, {name(), HHDateIntervalFormat().resultForDateInterval(interval)});
+    std::string text = formatText(sentence, {name, HHDateIntervalFormat().resultForDateInterval(interval)});
     if (unitCount(interval) > 1) {
         const std::string spans = wholeSpans(interval, std::min(now, next), std::max(now, next));
         text += "\n\n" + formatText(localized("That is %@!"), {spans});

@@ -8,21 +8,21 @@ namespace dayward {
 
 class HHEvent;
 
+/// "Countdown to NAME", of a shared event whatever its form; "???" for an unnamed one.
+std::string shareSubject(const HHEvent& event);
+
 class TextActivitySource {
 public:
     explicit TextActivitySource(std::shared_ptr<const HHEvent> event) : event_(std::move(event)) {}
 
     [[nodiscard]] const std::shared_ptr<const HHEvent>& event() const { return event_; }
 
-    /// "Countdown to NAME".
-    [[nodiscard]] std::string subject() const;
+    [[nodiscard]] std::string subject() const { return shareSubject(*event_); }
     /// How far away the event is, as of now; a second sentence tells the whole distance in each unit
     /// where the event counts in more than one.
     [[nodiscard]] std::string text() const;
 
 private:
-    [[nodiscard]] std::string name() const;
-
     std::shared_ptr<const HHEvent> event_;
 };
 
