@@ -56,7 +56,6 @@ public:
 
     [[nodiscard]] bool belongsInDetailPane() const override { return true; }
     [[nodiscard]] bool hasContent() const override { return event_ != nullptr; }
-    void viewDidLoad() override;
     void viewWillAppear() override;
     void viewDidDisappear(Disappearance why) override;
 
@@ -73,8 +72,7 @@ private:
     EventDetailObserver* detailObserver_ = nullptr;
     std::shared_ptr<HHEvent> event_;
     bool displayed_ = false;
-    ScreenObserver observer_;
-    ScreenObserver timer_;
+    ScreenObserver observer_;  ///< while the screen is in sight
 };
 
 }  // namespace dayward

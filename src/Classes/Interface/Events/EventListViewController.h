@@ -6,26 +6,27 @@
 // from other threads are taken up on the main queue.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
+#include <vector>
 
 #include "Classes/Interface/Events/RemovedEvents.h"
 #include "Classes/Interface/Info/SettingsViewController.h"
 #include "Classes/Interface/List/EventListTable.h"
+#include "Classes/Interface/Screens/EventListPresenting.h"
 #include "Classes/Interface/Screens/ScreenObserver.h"
 #include "Classes/Interface/Screens/ViewController.h"
 #include "Submodules/CorpLibrary2/Foundation/CCDelayedOperation.h"
 
 namespace dayward {
 
-class CCUbiquityKeyStoreProgressInfo;
 class EventDetailViewController;
 class ShareServices;
 
-/// Posted at each appearance; object the list screen, as an EventListViewController.
-inline constexpr const char* EventListDidAppearNotification = "EventListDidAppearNotification";
 /// Posted when the selection is another; user info "eventKey": the selected key, absent for none.
 inline constexpr const char* EventListSelectEventKeyNotification = "EventListSelectEventKeyNotification";
 inline constexpr const char* EventListEventKey = "eventKey";
@@ -56,7 +57,7 @@ public:
     virtual void listDidChange() = 0;
 };
 
-class EventListViewController final : public ViewController {
+class EventListViewController final : public ViewController, public EventListPresenting {
 public:
     enum class Step { up, down };
 
@@ -77,6 +78,8 @@ public:
     void deleteRow(IndexPath path);
     /// Puts back what was removed last, while that is offered. False where there is nothing.
     bool undoDeletion();
+    /// Whether undoDeletion() would do something.
+    [[nodiscard]] bool canUndoDeletion() const { return removed_.canPutBack(); }
     /// The view has moved the row.
     void didMoveRow(IndexPath from, IndexPath to);
     /// Moves the row by one place, in the view as well. False where it cannot move.
@@ -87,8 +90,8 @@ public:
     // Editing
 
     [[nodiscard]] bool isEditing() const { return isEditing_; }
-    /// Ends a search.
-    void setEditing(bool editing, bool animated);
+    /// Editing ends a search and disables the search bar.
+    void setEditing(bool editing);
 
     // Search
 
@@ -116,7 +119,7 @@ public:
     [[nodiscard]] std::optional<EmptyAdvice> emptyAdvice();
 
     /// Shows the event in the detail pane, or on a screen of its own. An unknown key changes nothing.
-    void presentDetailsForEventAtIdentifier(const std::string& identifier);
+    void presentDetailsForEventAtIdentifier(const std::string& identifier) override;
     /// The window's detail screen made to show that event: the one that is there, else a new one that
     /// stands in no stack yet.
     [[nodiscard]] std::shared_ptr<EventDetailViewController> detailShowing(const std::optional<std::string>& key);
@@ -138,10 +141,12 @@ public:
     void detailPaneDidChange() override;
 
 private:
+    enum class Reload { nothing, order, everything };
+
     void observeStores();
-    void observeScreens();
+    void observeTimer();
     void showBarButtons();
-    void tellListObserver();
+    void tellListObserver() const;
 
     void applicationWillEnterForeground(const Notification& notification);
     void eventTableManagerDidSelectItem(const Notification& notification);
@@ -152,18 +157,16 @@ private:
     void ubiquityStoreFinishDownloading(const Notification& notification);
     void eventEditDidCreateItem(const Notification& notification);
     void settingsTableSortDidUpdate(const Notification& notification);
-    void appInformerDidRefresh(const Notification& notification);
 
     [[nodiscard]] bool hasDetailPane() const;
-    [[nodiscard]] bool hasRow(IndexPath path);
-    void updateRow(const std::string& eventKey);
-    void removeRow(const EventRow& event);
+    [[nodiscard]] std::vector<EventRow> shownEvents() const;
+    void updateRow(const EventRow& event);
     void checkSelection();
     void reportSelection();
-    void sortRows();
-    void startReload(bool ofEverything);
+    /// Sorts the rows in a moment, or reads all anew; many calls are one.
+    void startReload(Reload kind);
     void reload();
-    void showProgress(const CCUbiquityKeyStoreProgressInfo& info);
+    void showProgress(const Notification& notification);
 
     const EventScreensServices services_;
     EventListObserver* listObserver_ = nullptr;
@@ -178,6 +181,11 @@ private:
     bool isSearching_ = false;
     std::string searchText_;
     std::optional<std::string> progressText_;
+    const void* downloadingStore_ = nullptr;
+    std::int64_t itemsBeforeDownload_ = 0;
+    std::set<const void*> downloaded_;  ///< the cloud stores whose first download is over
+    std::int64_t sortedDay_ = 0;
+    Reload wantedReload_ = Reload::nothing;
     std::unique_ptr<CCDelayedOperation> reloadOperation_;
     ScreenObserver observer_;
     ScreenObserver timer_;

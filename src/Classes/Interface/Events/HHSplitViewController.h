@@ -1,6 +1,6 @@
 // The list and the detail of one window: side by side where the window is wide enough for both, else one
-// over the other. Puts the list under the navigation and shows in the detail pane what the list selects.
-// Main thread only.
+// over the other. Makes the list, which becomes the root of the root stack, and shows in the detail pane
+// what the list selects. Main thread only.
 #pragma once
 
 #include <memory>
@@ -17,7 +17,7 @@ public:
     static constexpr double kMasterColumnWidth = 320;  ///< the least width of the list beside the detail
     static constexpr double kDetailColumnWidth = 380;  ///< the least width of the detail beside the list
 
-    /// Makes the list the root of the navigation, which is not owned.
+    /// The navigation, in which master() is to become the root screen, is not owned.
     explicit HHSplitViewController(Navigation& navigation, EventScreensServices services = {});
 
     [[nodiscard]] const std::shared_ptr<EventListViewController>& master() const { return master_; }

@@ -1,6 +1,6 @@
-// Events that the user has just removed, kept for some seconds so that they can be put back.
+// Events that the user removes, kept for some seconds so that they can be put back.
 //
-// The removal is done and durable before anything is kept: a crash leaves the event removed. It is put
+// The removal itself does not wait: it is as durable as any, and a crash leaves the event removed. It is put
 // back under its identifier as a new change, with its pictures and at its place in the order made by hand.
 // Main thread only.
 #pragma once
@@ -21,10 +21,10 @@ public:
     /// How long an event can be put back.
     static constexpr TimeInterval kTime{8};
 
-    /// Removes the event from the store.
-    void remove(const std::shared_ptr<HHEvent>& event);
-    /// Puts the last removed one back into the store; null where none is kept, or where an event with
-    /// its identifier is there again.
+    /// To be called before the event is removed from the store.
+    void keep(const HHEvent& event);
+    [[nodiscard]] bool canPutBack() const;
+    /// Puts the last one back into the store that is kept and is not there again; null where there is none.
     std::shared_ptr<HHEvent> putBack();
     /// Forgets those whose time is over.
     void forgetOld();
@@ -35,6 +35,9 @@ private:
         std::optional<std::size_t> place;  ///< in the order made by hand
         Date when;
     };
+
+    /// Whether it may still be put back.
+    static bool isKept(const Removed& removed);
 
     std::vector<Removed> removed_;
 };
