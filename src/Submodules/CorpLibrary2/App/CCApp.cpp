@@ -3,6 +3,7 @@
 #include "Submodules/CorpLibrary2/App/Analytics.h"
 #include "Submodules/CorpLibrary2/App/CCAppHistory.h"
 #include "Submodules/CorpLibrary2/App/CCAppValues.h"
+#include "platform/Application.h"
 #include "platform/Environment.h"
 
 namespace dayward {
@@ -26,9 +27,9 @@ void recordVersion(const std::string& version) {
 class CCApp::AppDelegateHelper {
 public:
     explicit AppDelegateHelper(NotificationCenter& center)
-        : finishLaunching_(center.addObserver(kDidFinishLaunchingNotification,
+        : finishLaunching_(center.addObserver(Application::kDidFinishLaunchingNotification,
                                               [](const Notification&) { applicationDidFinishLaunching(); })),
-          enterBackground_(center.addObserver(kDidEnterBackgroundNotification,
+          enterBackground_(center.addObserver(Application::kDidEnterBackgroundNotification,
                                               [](const Notification&) { applicationDidEnterBackground(); })) {}
 
     static void applicationDidFinishLaunching() { synchronize(); }

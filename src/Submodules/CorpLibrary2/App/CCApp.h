@@ -15,10 +15,6 @@ class Environment;
 
 class CCApp {
 public:
-    // What the platform posts, without an object or user info, about the application's life.
-    static constexpr const char* kDidFinishLaunchingNotification = "ApplicationDidFinishLaunchingNotification";
-    static constexpr const char* kDidEnterBackgroundNotification = "ApplicationDidEnterBackgroundNotification";
-
     /// What the program says about itself; nothing where it says nothing.
     struct Information {
         std::optional<std::string> bundleIdentifier;

@@ -5,10 +5,14 @@
 #include "Submodules/CorpLibrary2/App/CCAppHistory.h"
 #include "Submodules/CorpLibrary2/App/CCAppValues.h"
 #include "Submodules/CorpLibrary2/Foundation/FoundationFixture.h"
+#include "platform/Application.h"
 #include "platform/NotificationCenter.h"
 
 namespace dayward {
 namespace {
+
+constexpr const char* kWritingMoments[] = {Application::kDidFinishLaunchingNotification,
+                                           Application::kDidEnterBackgroundNotification};
 
 /// A device whose application is started again and again, each time as a new process.
 class CCAppTest : public testing::Test {
@@ -77,13 +81,13 @@ TEST_F(CCAppTest, AStoredVersionThatIsNoStringCountsAsNone) {
 TEST_F(CCAppTest, ThePlatformsNotificationsWriteWhatChanged) {
     start("2.4");
     start("2.4");
-    for (const char* name : {CCApp::kDidFinishLaunchingNotification, CCApp::kDidEnterBackgroundNotification}) {
+    for (const char* name : kWritingMoments) {
         CCAppHistory::addEvent(name);
         CCAppValues::setValue(true, name);
         (*device)->notifications().post(name, nullptr);
     }
     restart("2026-03-11T08:00:00");
-    for (const char* name : {CCApp::kDidFinishLaunchingNotification, CCApp::kDidEnterBackgroundNotification}) {
+    for (const char* name : kWritingMoments) {
         EXPECT_EQ(count(name), 1u);
         EXPECT_EQ(value(name), true);
     }
