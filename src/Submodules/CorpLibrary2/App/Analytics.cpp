@@ -1,10 +1,16 @@
 #include "Submodules/CorpLibrary2/App/Analytics.h"
 
+#include "Submodules/CorpLibrary2/App/CCAppHistory.h"
 #include "platform/Environment.h"
 
 namespace dayward {
 
 Analytics& Analytics::shared() { return Environment::current().shared<Analytics>(); }
+
+std::shared_ptr<AnalyticsReporter> Analytics::reporter() {
+    const Lock lock(mutex_);
+    return reporter_;
+}
 
 void Analytics::setReporter(std::shared_ptr<AnalyticsReporter> reporter) {
     auto& analytics = shared();
@@ -13,13 +19,24 @@ void Analytics::setReporter(std::shared_ptr<AnalyticsReporter> reporter) {
 }
 
 void Analytics::report(const std::string& category, const std::string& action, const Dictionary& parameters) {
+    if (const auto reporter = shared().reporter()) reporter->report(category, action, parameters);
+}
+
+void Analytics::start(const std::string& containerIdentifier) {
     auto& analytics = shared();
-    std::shared_ptr<AnalyticsReporter> reporter;
-    {
-        const Lock lock(analytics.mutex_);
-        reporter = analytics.reporter_;
-    }
-    if (reporter) reporter->report(category, action, parameters);
+    const auto reporter = analytics.reporter();
+    if (!reporter) return;
+    reporter->startTagContainer(containerIdentifier);
+    reporter->startCrashReporting([environment = &analytics.environment_](Date crash) {
+        const EnvironmentScope scope(environment);
+        CCAppHistory::addEvent(CCAppHistoryKeys::crash, std::nullopt, crash);
+        CCAppHistory::synchronize();
+    });
+}
+
+bool Analytics::handleOpenURL(const std::string& url) {
+    const auto reporter = shared().reporter();
+    return reporter && reporter->handleOpenURL(url);
 }
 
 }  // namespace dayward
