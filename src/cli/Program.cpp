@@ -8,8 +8,9 @@
 #include <filesystem>
 #include <iostream>
 
+#include "Classes/App/AppInfo.h"
+#include "Classes/App/AppManager.h"
 #include "Classes/App/ArchiveRegistration.h"
-#include "Classes/App/FirstLaunch.h"
 #include "Classes/Event/EventLocalStore.h"
 #include "cli/Command.h"
 #include "cli/ProgramVersion.h"
@@ -112,11 +113,8 @@ void reportLeftOut() {
 
 Result<> perform(Environment& environment, const ChosenCommand& chosen, const GlobalOptions& options) {
     if (chosen.needsStore) {
-        const CCApp::Information information{.bundleIdentifier = "dayward",
-                                             .displayName = "Dayward",
-                                             .shortVersion = kProgramVersion,
-                                             .bundleVersion = kProgramVersion};
-        TRY_VOID(performFirstLaunchIfNeeded(environment, information));
+        CCApp::setInformation(AppInfo::information(kProgramVersion));
+        TRY_VOID(AppManager::performFirstLaunch());
         reportLeftOut();
     }
     return chosen.action(environment, options);
