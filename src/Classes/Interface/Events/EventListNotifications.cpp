@@ -7,13 +7,13 @@
 #include "Classes/Interface/Events/EventListViewController.h"
 #include "Classes/Interface/List/EventSearch.h"
 #include "Classes/Settings/AppSettings.h"
+#include "platform/Application.h"
 #include "sync/CCUbiquityKeyStoreProgressInfo.h"
 
 namespace dayward {
 
 namespace {
 
-constexpr const char* kApplicationWillEnterForeground = "ApplicationWillEnterForegroundNotification";
 /// More changes than this at a time are shown by one reload instead of a message each.
 constexpr std::size_t kMostMessages = 50;
 
@@ -42,7 +42,7 @@ void EventListViewController::observeStores() {
     observe(EventTableManagerDidSelectItemNotification, &Self::eventTableManagerDidSelectItem);
     observe(EventEditDidCreateItemNotification, &Self::eventEditDidCreateItem);
     observe(AppSettings::kTableSortDidUpdateNotification, &Self::settingsTableSortDidUpdate);
-    observe(kApplicationWillEnterForeground, &Self::applicationWillEnterForeground);
+    observe(Application::kWillEnterForegroundNotification, &Self::applicationWillEnterForeground);
 }
 
 void EventListViewController::observeTimer() {
