@@ -41,6 +41,8 @@ public:
     explicit MainQueueLoop(SerialQueue& queue) : queue_(queue) {}
     void run() override { queue_.runUntilStopped(); }
     void stop() override { queue_.stop(); }
+    void setWake(std::function<void()> wake) override { queue_.setWake(std::move(wake)); }
+    void runQueued() override { queue_.runQueued(); }
 
 private:
     SerialQueue& queue_;

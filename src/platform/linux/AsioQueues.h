@@ -7,6 +7,7 @@
 // that made the queues, or the one in MainLoop::run().
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -22,6 +23,14 @@ public:
     virtual void run() = 0;
     /// Ends run() after the block that is running; what is queued stays. Before run(): it ends at once.
     virtual void stop() = 0;
+
+    // For a main thread that runs a loop of its own instead.
+
+    /// `wake` is called on any thread whenever blocks wait. It must only see to it that the main thread
+    /// calls runQueued() soon. Null for none.
+    virtual void setWake(std::function<void()> wake) = 0;
+    /// Runs what is queued, and what is queued meanwhile. Does nothing from within a block.
+    virtual void runQueued() = 0;
 };
 
 class AsioQueues final : public Queues {

@@ -25,7 +25,7 @@ void SerialQueue::doSync(const Block& block) {
     const Lock lock(mutex_);
     if (active_ && activeThread_ == std::this_thread::get_id()) fatalError("sync waits for its own queue, " + label_);
     add({std::cref(block), &done});
-    if (kind_ == Kind::main) changed_.notify_all();
+    if (kind_ == Kind::main) wakeMain();
     while (!done) {
         if (mayRunNext()) {
             runNext();
@@ -73,9 +73,20 @@ void SerialQueue::runNext() {
 /// Sees to it that what is queued will be run by somebody.
 void SerialQueue::postDrain() {
     if (items_.empty()) return;
-    if (kind_ == Kind::main) return changed_.notify_all();
+    if (kind_ == Kind::main) return wakeMain();
     if (active_ || std::exchange(drainPosted_, true)) return;
     core_->post([self = shared_from_this()] { self->drain(); });
+}
+
+void SerialQueue::wakeMain() {
+    changed_.notify_all();
+    if (wake_) wake_();
+}
+
+void SerialQueue::setWake(std::function<void()> wake) {
+    const Lock lock(mutex_);
+    wake_ = std::move(wake);
+    postDrain();
 }
 
 void SerialQueue::drain() {

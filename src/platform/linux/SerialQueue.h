@@ -7,6 +7,7 @@
 #include <atomic>
 #include <condition_variable>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <string>
 #include <thread>
@@ -32,6 +33,7 @@ public:
     /// MainLoop's run and stop.
     void runUntilStopped();
     void stop();
+    void setWake(std::function<void()> wake);
 
 private:
     struct Item {
@@ -47,6 +49,7 @@ private:
     [[nodiscard]] bool mayRunNext() const DAYWARD_REQUIRES(mutex_);
     void runNext() DAYWARD_REQUIRES(mutex_);
     void postDrain() DAYWARD_REQUIRES(mutex_);
+    void wakeMain() DAYWARD_REQUIRES(mutex_);
     void drain();
 
     const std::shared_ptr<QueueCore> core_;
@@ -60,6 +63,7 @@ private:
     std::thread::id activeThread_ DAYWARD_GUARDED_BY(mutex_);
     bool drainPosted_ DAYWARD_GUARDED_BY(mutex_) = false;
     bool stopped_ DAYWARD_GUARDED_BY(mutex_) = false;
+    std::function<void()> wake_ DAYWARD_GUARDED_BY(mutex_);
 };
 
 }  // namespace dayward

@@ -1,0 +1,52 @@
+// A stack of screens as QML sees it; who draws it brings its own pages into line. Main thread only.
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+#include "Classes/Interface/Screens/Navigation.h"
+#include "shell/ScreenItem.h"
+
+namespace dayward {
+
+class StackItem final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made by the shell")
+    /// The lowest first.
+    Q_PROPERTY(QList<dayward::ScreenItem*> screens READ screens NOTIFY changed)
+    Q_PROPERTY(dayward::ScreenItem* panel READ panel NOTIFY panelChanged)
+
+public:
+    StackItem(Navigation& navigation, StackId id, Pictures& pictures, QObject* parent);
+    ~StackItem() override;
+
+    [[nodiscard]] StackId id() const { return id_; }
+    [[nodiscard]] const QList<ScreenItem*>& screens() const { return screens_; }
+    [[nodiscard]] ScreenItem* panel() const { return panel_; }
+
+    /// Takes what the navigation has. Items of screens that are still there stay the same.
+    void refresh();
+    void refreshPanel();
+    /// The stack is no more; its items go with their pages.
+    void retire();
+
+    /// One step back; false where there is nothing to go back from.
+    Q_INVOKABLE bool goBack();
+
+signals:
+    void changed();
+    void panelChanged();
+
+private:
+    ScreenItem* itemOf(const Presenter::Screen& screen);
+
+    Navigation& navigation_;
+    const StackId id_;
+    Pictures& pictures_;
+    QList<ScreenItem*> screens_;
+    ScreenItem* panel_ = nullptr;
+};
+
+}  // namespace dayward

@@ -1,0 +1,108 @@
+import QtQuick
+import Dayward
+
+// An event as a row shows it: its picture, over it a gradient that keeps the texts readable, its icon,
+// name, date and countdown.
+Item {
+    id: look
+
+    property string background
+    property string icon
+    property string fontName
+    property color textColor: "white"
+    property string title
+    property string date
+    property string countdown
+    property int radius: Theme.radius
+    property int topInset: 0
+    property bool missed: false
+    // What stands between the picture and the texts.
+    property color scrim: textColor.hslLightness > 0.5 ? "#8c000000" : "#a6ffffff"
+
+    implicitHeight: Math.round(76 * Theme.scale)
+
+    Rectangle {
+        anchors.fill: picture
+        radius: look.radius
+        color: Theme.field
+    }
+    Picture {
+        id: picture
+        anchors.fill: parent
+        anchors.topMargin: look.topInset
+        key: look.background
+        radius: look.radius
+    }
+    Rectangle {
+        anchors.fill: picture
+        radius: look.radius
+        gradient: Gradient {
+            orientation: Gradient.Horizontal
+            GradientStop {
+                position: 0
+                color: look.scrim
+            }
+            GradientStop {
+                position: 0.55
+                color: Qt.rgba(look.scrim.r, look.scrim.g, look.scrim.b, look.scrim.a * 0.75)
+            }
+            GradientStop {
+                position: 1
+                color: look.scrim
+            }
+        }
+    }
+    Item {
+        anchors.fill: picture
+        anchors.leftMargin: 12
+        anchors.rightMargin: 14
+
+        Picture {
+            id: iconPicture
+            visible: look.icon.length > 0
+            anchors.left: parent.left
+            anchors.verticalCenter: parent.verticalCenter
+            width: visible ? Math.round(46 * Theme.scale) : 0
+            height: Math.round(46 * Theme.scale)
+            whole: true
+            key: look.icon
+        }
+        Column {
+            anchors.left: iconPicture.right
+            anchors.leftMargin: iconPicture.visible ? 12 : 2
+            anchors.right: countdownText.left
+            anchors.rightMargin: 12
+            anchors.verticalCenter: parent.verticalCenter
+            spacing: 2
+            UiText {
+                width: parent.width
+                text: look.title
+                font: Appearance.font(look.fontName, Theme.headline)
+                color: look.textColor
+                elide: Text.ElideRight
+                maximumLineCount: 1
+            }
+            UiText {
+                width: parent.width
+                text: look.date
+                font.pixelSize: Theme.small
+                color: look.textColor
+                elide: Text.ElideRight
+            }
+        }
+        UiText {
+            id: countdownText
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            width: Math.min(implicitWidth, parent.width * 0.46)
+            text: look.countdown
+            font.pixelSize: Theme.body
+            font.weight: Font.DemiBold
+            color: look.textColor
+            horizontalAlignment: Text.AlignRight
+            wrapMode: Text.Wrap
+            maximumLineCount: 2
+            elide: Text.ElideRight
+        }
+    }
+}

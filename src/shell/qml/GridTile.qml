@@ -1,0 +1,88 @@
+import QtQuick
+import QtQuick.Controls
+import Dayward
+
+// One value of a grid: a picture, a colour or a text, with a ring or a fill where it is chosen.
+AbstractButton {
+    id: tile
+
+    property var item: ({})
+    property bool round: false
+    signal tapped
+
+    readonly property bool chosen: item.selected ?? false
+    readonly property bool isText: !(item.hasColor ?? false) && (item.picture ?? "").length === 0
+
+    text: item.label ?? ""
+    focusPolicy: Qt.ClickFocus
+    hoverEnabled: true
+    onClicked: tapped()
+    Keys.onReturnPressed: click()
+    Keys.onEnterPressed: click()
+    Accessible.role: Accessible.RadioButton
+    Accessible.name: text
+    Accessible.checkable: true
+    Accessible.checked: chosen
+    scale: pressed ? 0.95 : 1
+    Behavior on scale {
+        NumberAnimation {
+            duration: 80
+        }
+    }
+    ToolTip.text: text
+    ToolTip.visible: !isText && hovered && ToolTip.text.length > 0
+    ToolTip.delay: 700
+
+    background: Item {
+        Rectangle {
+            anchors.fill: parent
+            visible: tile.isText
+            radius: 10
+            color: tile.chosen ? Theme.accent : tile.hovered ? Qt.tint(Theme.field, Theme.pressed) : Theme.field
+        }
+        Rectangle {
+            anchors.fill: parent
+            visible: !tile.isText && tile.chosen
+            radius: tile.round ? width / 2 : Theme.radius
+            color: "transparent"
+            border.width: 3
+            border.color: Theme.accent
+        }
+        FocusRing {
+            target: tile
+            radius: tile.round ? width / 2 : Theme.radius
+            gap: 2
+        }
+    }
+    contentItem: Item {
+        Picture {
+            anchors.fill: parent
+            anchors.margins: tile.chosen ? 6 : 2
+            visible: key.length > 0
+            whole: true
+            radius: tile.chosen ? 8 : 12
+            key: tile.item.picture ?? ""
+        }
+        Rectangle {
+            anchors.fill: parent
+            anchors.margins: tile.chosen ? 6 : 3
+            visible: tile.item.hasColor ?? false
+            radius: tile.round ? width / 2 : 8
+            color: tile.item.color ?? "transparent"
+            border.width: 1
+            border.color: Theme.separator
+        }
+        UiText {
+            anchors.centerIn: parent
+            width: parent.width - 6
+            visible: tile.isText
+            text: tile.text
+            font.weight: tile.chosen ? Font.DemiBold : Font.Normal
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: 10
+            color: tile.chosen ? Theme.onAccent : Theme.text
+            horizontalAlignment: Text.AlignHCenter
+            elide: Text.ElideRight
+        }
+    }
+}

@@ -1,0 +1,40 @@
+import QtQuick
+import QtQuick.Controls
+import Dayward
+
+// One line to type in, without a frame of its own.
+TextInput {
+    id: input
+
+    property string placeholder
+    property string spoken: placeholder
+    property int fontSize: Theme.body
+    signal edited(text: string)
+
+    height: Math.max(Theme.target, contentHeight + 20)
+    verticalAlignment: TextInput.AlignVCenter
+    font.family: Theme.family
+    font.pixelSize: fontSize
+    color: Theme.text
+    selectionColor: Theme.accent
+    selectedTextColor: Theme.onAccent
+    selectByMouse: true
+    activeFocusOnTab: true
+    clip: true
+    Accessible.role: Accessible.EditableText
+    Accessible.name: spoken
+    onTextEdited: edited(text)
+    Keys.onReturnPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+    Keys.onDownPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+    Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+
+    UiText {
+        anchors.fill: parent
+        visible: input.length === 0 && input.preeditText.length === 0
+        verticalAlignment: Text.AlignVCenter
+        text: input.placeholder
+        font.pixelSize: input.fontSize
+        color: Theme.secondaryText
+        elide: Text.ElideRight
+    }
+}

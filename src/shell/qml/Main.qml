@@ -1,0 +1,124 @@
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Controls.Material
+import QtQuick.Dialogs
+import Dayward
+
+// The window: the list's stack, beside it the detail's where there is room, over them the modal stacks.
+ApplicationWindow {
+    id: window
+
+    width: 420
+    height: 860
+    minimumWidth: 320
+    minimumHeight: 480
+    title: "Dayward"
+    color: Theme.window
+    font.family: Theme.family
+
+    Material.theme: Theme.dark ? Material.Dark : Material.Light
+    Material.accent: Theme.accent
+    Material.primary: Theme.accent
+    Material.foreground: Theme.text
+    Material.background: Theme.window
+    LayoutMirroring.enabled: Theme.rightToLeft
+    LayoutMirroring.childrenInherit: true
+
+    Binding {
+        target: Shell
+        property: "hasDetailPane"
+        value: window.width >= Theme.twoColumns
+    }
+
+    ScreenStack {
+        id: list
+        width: Shell.hasDetailPane ? Math.max(340, Math.min(440, window.width * 0.36)) : parent.width
+        height: parent.height
+        stack: Shell.rootStack
+        focus: true
+        Keys.onEscapePressed: event => event.accepted = Shell.goBack()
+        Keys.onBackPressed: event => event.accepted = Shell.goBack()
+    }
+    Rectangle {
+        visible: Shell.hasDetailPane
+        anchors.left: list.right
+        width: 1
+        height: parent.height
+        color: Theme.separator
+    }
+    Loader {
+        anchors.left: list.right
+        anchors.leftMargin: 1
+        anchors.right: parent.right
+        height: parent.height
+        active: Shell.hasDetailPane
+        sourceComponent: ScreenStack {
+            stack: Shell.detailStack
+            Keys.onEscapePressed: event => event.accepted = Shell.goBack()
+        }
+    }
+    NoticeBar {
+        id: notice
+    }
+
+    Component {
+        id: sheet
+        ModalSheet {}
+    }
+    Component {
+        id: alert
+        AlertDialog {}
+    }
+    FileDialog {
+        id: pictureDialog
+        title: Theme.tr("Choose a picture")
+        nameFilters: ["PNG, JPEG (*.png *.jpg *.jpeg *.PNG *.JPG *.JPEG)"]
+        onAccepted: Shell.choosePictureFile(selectedFile)
+        onRejected: Shell.choosePictureFile("")
+    }
+    Connections {
+        target: Shell
+        property var sheets: new Map()
+        function onPresented(stack) {
+            const shown = sheet.createObject(window, {
+                "stack": stack
+            })
+            sheets.set(stack, shown)
+            shown.open()
+        }
+        function onDismissed(stack) {
+            sheets.get(stack)?.close()
+            sheets.delete(stack)
+        }
+        function onAlertWanted(number, content) {
+            alert.createObject(window, {
+                "number": number,
+                "content": content
+            }).open()
+        }
+        function onNoticeWanted(number, content) {
+            notice.show(number, content)
+        }
+        function onPictureWanted() {
+            pictureDialog.open()
+        }
+    }
+
+    Shortcut {
+        sequences: [StandardKey.New]
+        onActivated: Shell.press("add")
+    }
+    Shortcut {
+        sequences: [StandardKey.Undo]
+        enabled: notice.shown
+        onActivated: notice.take()
+    }
+    Shortcut {
+        sequences: [StandardKey.Preferences, "Ctrl+,"]
+        onActivated: Shell.press("info")
+    }
+    Shortcut {
+        sequences: [StandardKey.Quit]
+        onActivated: window.close()
+    }
+}

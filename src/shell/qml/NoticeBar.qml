@@ -1,0 +1,75 @@
+import QtQuick
+import Dayward
+
+// What can still be taken back for some seconds.
+Rectangle {
+    id: bar
+
+    property int number: 0
+    property string text
+    property string action
+    property bool shown: false
+
+    function show(itsNumber: int, content: var) {
+        number = itsNumber
+        text = content.text
+        action = content.action
+        shown = true
+        life.restart()
+    }
+    function take() {
+        if (!shown)
+            return
+        shown = false
+        Shell.answerNotice(number)
+    }
+
+    width: Math.min(parent.width - 32, Math.max(280, content.implicitWidth + 32))
+    height: Math.max(52, label.implicitHeight + 24)
+    x: (parent.width - width) / 2
+    y: parent.height - (shown ? height + 20 : -8)
+    visible: y < parent.height
+    radius: 16
+    color: Theme.dark ? "#f3f1f8" : "#26232e"
+    z: 100
+    Behavior on y {
+        NumberAnimation {
+            duration: Theme.calm
+            easing.type: Easing.OutCubic
+        }
+    }
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: text
+
+    Timer {
+        id: life
+        interval: 7000
+        onTriggered: bar.shown = false
+    }
+    Row {
+        id: content
+        anchors.verticalCenter: parent.verticalCenter
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.leftMargin: 18
+        anchors.rightMargin: 8
+        UiText {
+            id: label
+            anchors.verticalCenter: parent.verticalCenter
+            width: parent.width - button.width
+            text: bar.text
+            color: Theme.dark ? "#17151f" : "#ffffff"
+            wrapMode: Text.Wrap
+            maximumLineCount: 2
+            elide: Text.ElideRight
+        }
+        BarButton {
+            id: button
+            anchors.verticalCenter: parent.verticalCenter
+            text: bar.action
+            strong: true
+            tint: Theme.dark ? "#5a46dc" : "#b9afff"
+            onClicked: bar.take()
+        }
+    }
+}

@@ -1,0 +1,23 @@
+import QtQuick
+import Dayward
+
+// A picture by the key that its row gives, cut to its place (or kept whole in it), with round corners.
+Image {
+    property string key
+    property int radius: 0
+    property bool whole: false
+
+    readonly property real ratio: Screen.devicePixelRatio
+    readonly property bool hasSize: width >= 1 && height >= 1
+
+    asynchronous: true
+    sourceSize: hasSize ? Qt.size(Math.ceil(width), Math.ceil(height)) : Qt.size(1, 1)
+    source: key.length > 0 && hasSize ? "image://pictures/" + (whole ? "inside" : "fill") + "/" + Math.round(radius * ratio) + "/" + key : ""
+    fillMode: Image.Stretch
+    opacity: status === Image.Ready ? 1 : 0
+    Behavior on opacity {
+        NumberAnimation {
+            duration: Theme.quick
+        }
+    }
+}

@@ -1,0 +1,52 @@
+pragma Singleton
+
+import QtQuick
+import Dayward
+
+// Colours, sizes and durations of the interface, in one place.
+QtObject {
+    readonly property bool dark: Appearance.dark
+
+    readonly property color window: dark ? "#121117" : "#f3f2f7"
+    readonly property color card: dark ? "#1e1c25" : "#ffffff"
+    readonly property color raised: dark ? "#2a2733" : "#ffffff"
+    readonly property color text: dark ? "#f3f1f8" : "#17151f"
+    readonly property color secondaryText: dark ? "#aba6b8" : "#625f6d"
+    readonly property color separator: dark ? "#312e3b" : "#e5e3ec"
+    readonly property color field: dark ? "#2a2733" : "#eeecf4"
+    readonly property color accent: dark ? "#a99cff" : "#5a46dc"
+    readonly property color onAccent: dark ? "#17122e" : "#ffffff"
+    readonly property color accentSoft: dark ? "#332d55" : "#ebe8ff"
+    readonly property color destructive: dark ? "#ff8a80" : "#c62828"
+    readonly property color pressed: dark ? "#14ffffff" : "#0f000000"
+    readonly property color dim: dark ? "#a6000000" : "#66000000"
+
+    readonly property real scale: Appearance.textScale
+    readonly property string family: Appearance.family
+    readonly property int caption: Math.round(12 * scale)
+    readonly property int small: Math.round(14 * scale)
+    readonly property int body: Math.round(16 * scale)
+    readonly property int headline: Math.round(18 * scale)
+    readonly property int title: Math.round(22 * scale)
+    readonly property int largeTitle: Math.round(30 * scale)
+
+    readonly property int spacing: 8
+    readonly property int margin: 16
+    readonly property int radius: 14
+    // The least that a finger hits.
+    readonly property int target: 44
+    readonly property int rowHeight: Math.round(52 * Math.max(1, scale * 0.95))
+    readonly property int barHeight: Math.round(56 * Math.max(1, scale * 0.9))
+    // Forms don't grow wider than this.
+    readonly property int formWidth: 680
+    readonly property int twoColumns: 760
+
+    readonly property int quick: 150
+    readonly property int calm: 220
+
+    readonly property bool rightToLeft: Appearance.rightToLeft
+
+    function tr(english: string): string {
+        return Appearance.text(english)
+    }
+}

@@ -1,0 +1,91 @@
+import QtQuick
+import QtQuick.Layouts
+import Dayward
+
+// The bar on top of a page: back or the screen's leading buttons, its title, the trailing buttons.
+FocusScope {
+    id: bar
+
+    property string title
+    property var buttons: []
+    property bool canGoBack: false
+    property bool overPicture: false
+    signal back
+    signal pressed(role: string)
+
+    readonly property color tint: overPicture ? "#ffffff" : Theme.accent
+    readonly property var symbols: ({
+            "edit": "edit",
+            "add": "add",
+            "sort": "sort",
+            "info": "settings",
+            "share": "share",
+            "remove": "delete",
+            "today": "today"
+        })
+
+    function isLeading(role: string): bool {
+        return role === "cancel" || role === "info"
+    }
+
+    implicitHeight: Theme.barHeight
+    activeFocusOnTab: false
+
+    component Buttons: Row {
+        id: row
+        property bool leading: false
+        Repeater {
+            model: bar.buttons.filter(button => bar.isLeading(button.role) === row.leading)
+            delegate: BarButton {
+                required property var modelData
+                text: modelData.label
+                symbol: bar.symbols[modelData.role] ?? ""
+                strong: modelData.role === "done"
+                tint: modelData.role === "remove" && !bar.overPicture ? Theme.destructive : bar.tint
+                enabled: modelData.enabled
+                onClicked: bar.pressed(modelData.role)
+            }
+        }
+    }
+
+    Item {
+        anchors.fill: parent
+        anchors.leftMargin: 4
+        anchors.rightMargin: 4
+
+        Row {
+            id: leading
+            anchors.left: parent.left
+            anchors.verticalCenter: parent.verticalCenter
+            BarButton {
+                visible: bar.canGoBack
+                text: Theme.tr("Back")
+                symbol: "back"
+                tint: bar.tint
+                onClicked: bar.back()
+            }
+            Buttons {
+                leading: true
+            }
+        }
+        Row {
+            id: trailing
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            Buttons {}
+        }
+        UiText {
+            readonly property real side: Math.max(leading.width, trailing.width) + 8
+            anchors.centerIn: parent
+            width: parent.width - 2 * side
+            text: bar.title
+            color: bar.overPicture ? "#ffffff" : Theme.text
+            font.pixelSize: Theme.headline
+            font.weight: Font.DemiBold
+            elide: Text.ElideRight
+            horizontalAlignment: Text.AlignHCenter
+            Accessible.role: Accessible.Heading
+            Accessible.name: text
+        }
+    }
+}

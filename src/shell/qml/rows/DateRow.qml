@@ -1,0 +1,34 @@
+import QtQuick
+import Dayward
+
+// A day, a time of day or both to pick.
+RowFrame {
+    id: frame
+    readonly property var date: row.content
+
+    function pick(year: int, month: int, day: int, hour: int, minute: int) {
+        rows.pickDate(index, year, month, day, hour, minute)
+    }
+
+    Loader {
+        width: parent.width
+        active: frame.isOpen && (frame.date.hasDate ?? false)
+        visible: active
+        sourceComponent: MonthCalendar {
+            year: frame.date.year
+            month: frame.date.month
+            day: frame.date.day
+            onPicked: (year, month, day) => frame.pick(year, month, day, frame.date.hour, frame.date.minute)
+        }
+    }
+    Loader {
+        width: parent.width
+        active: frame.isOpen && (frame.date.hasTime ?? false)
+        visible: active
+        sourceComponent: TimeWheels {
+            hour: frame.date.hour
+            minute: frame.date.minute
+            onPicked: (hour, minute) => frame.pick(frame.date.year, frame.date.month, frame.date.day, hour, minute)
+        }
+    }
+}

@@ -1,0 +1,108 @@
+import QtQuick
+import Dayward
+
+// The head of the event editor: its icon, its name to type in, its category.
+RowFrame {
+    id: frame
+    showsHead: false
+    takesFocus: false
+
+    Row {
+        width: parent.width
+        topPadding: 12
+        spacing: 14
+
+        BarButton {
+            id: iconButton
+            width: 76
+            height: 76
+            text: Theme.tr("Icon")
+            onClicked: frame.rows.tapItem(frame.index, 0)
+            background: Rectangle {
+                radius: 20
+                color: iconButton.hovered ? Qt.tint(Theme.field, Theme.pressed) : Theme.field
+                FocusRing {
+                    target: iconButton
+                    radius: 20
+                }
+            }
+            contentItem: Item {
+                Picture {
+                    anchors.centerIn: parent
+                    anchors.verticalCenterOffset: help.visible ? -6 : 0
+                    width: help.visible ? 44 : 52
+                    height: width
+                    whole: true
+                    key: frame.row.content.icon ?? ""
+                }
+                UiText {
+                    id: help
+                    visible: text.length > 0
+                    anchors.bottom: parent.bottom
+                    anchors.horizontalCenter: parent.horizontalCenter
+                    anchors.bottomMargin: -2
+                    width: parent.width
+                    horizontalAlignment: Text.AlignHCenter
+                    elide: Text.ElideRight
+                    text: frame.row.content.iconHelp ?? ""
+                    font.pixelSize: Theme.caption
+                    color: Theme.secondaryText
+                }
+            }
+        }
+        Column {
+            width: parent.width - iconButton.width - parent.spacing
+            LineField {
+                width: parent.width
+                text: frame.row.content.name ?? ""
+                placeholder: frame.row.content.namePlaceholder ?? ""
+                spoken: placeholder
+                fontSize: Theme.title
+                focus: true
+                onEdited: text => frame.rows.editText(frame.index, text)
+            }
+            Rectangle {
+                width: parent.width
+                height: 1
+                color: Theme.separator
+            }
+            BarButton {
+                id: categoryButton
+                width: parent.width
+                text: (frame.row.content.categoryPlaceholder ?? "") + ": " + (frame.row.content.category ?? "")
+                onClicked: frame.rows.tapItem(frame.index, 1)
+                background: Rectangle {
+                    radius: 8
+                    color: categoryButton.hovered ? Theme.pressed : "transparent"
+                    FocusRing {
+                        target: categoryButton
+                        radius: 8
+                    }
+                }
+                contentItem: Row {
+                    spacing: 6
+                    UiText {
+                        id: categoryLabel
+                        anchors.verticalCenter: parent.verticalCenter
+                        text: frame.row.content.categoryPlaceholder ?? ""
+                        color: Theme.secondaryText
+                    }
+                    UiText {
+                        anchors.verticalCenter: parent.verticalCenter
+                        width: parent.width - categoryLabel.width - 32
+                        text: frame.row.content.category ?? ""
+                        elide: Text.ElideRight
+                        horizontalAlignment: Text.AlignRight
+                    }
+                    Symbol {
+                        anchors.verticalCenter: parent.verticalCenter
+                        name: "forward"
+                        size: 20
+                        mirror: Theme.rightToLeft
+                        color: Theme.secondaryText
+                    }
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,112 @@
+import QtQuick
+import Dayward
+
+// A row of a form: its place on the section's card, its head, what opens below it, and the hand and the
+// keyboard on it. A row of a value or a switch is no more than this.
+FocusScope {
+    id: frame
+
+    required property tableRow row
+    required property bool first
+    required property bool last
+    required property int index
+
+    property TableModel rows: ListView.view?.rows ?? null
+    property Component trailing: null
+    property bool showsHead: true
+    // Where the keyboard goes when it comes to the row.
+    property bool takesFocus: row.tappable || row.hasSwitch
+    default property alias content: body.data
+    readonly property alias body: body
+    readonly property bool isOpen: !row.canOpen || row.open
+    readonly property int inset: Math.max(Theme.margin, (width - Theme.formWidth) / 2)
+    readonly property alias head: head
+
+    function activate() {
+        if (!row.enabled)
+            return
+        if (row.hasSwitch && !row.canOpen && !row.tappable)
+            rows.toggle(index, !row.on)
+        else
+            rows.select(index)
+    }
+
+    width: ListView.view?.width ?? 0
+    implicitHeight: column.implicitHeight
+    height: implicitHeight
+    clip: height < implicitHeight
+    opacity: row.enabled ? 1 : 0.45
+    activeFocusOnTab: takesFocus && row.enabled
+    onActiveFocusChanged: if (activeFocus && ListView.view && Appearance.keyboardInUse)
+        ListView.view.positionViewAtIndex(index, ListView.Contain)
+
+    Accessible.role: row.hasSwitch ? Accessible.CheckBox : row.kind === "check" ? Accessible.RadioButton : row.tappable ? Accessible.Button : Accessible.StaticText
+    Accessible.name: row.spoken
+    Accessible.checkable: row.hasSwitch || row.kind === "check"
+    Accessible.checked: row.on || row.checked
+    Accessible.focusable: takesFocus
+    Accessible.onPressAction: frame.activate()
+    Accessible.onToggleAction: frame.activate()
+
+    Keys.onPressed: event => {
+        if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter || event.key === Qt.Key_Space)
+            frame.activate()
+        else if (event.key === Qt.Key_Down)
+            frame.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+        else if (event.key === Qt.Key_Up)
+            frame.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+        else if (event.key === Qt.Key_Delete && frame.row.canDelete)
+            frame.rows.deleteRow(frame.index)
+        else
+            return
+        event.accepted = true
+    }
+
+    CardSlice {
+        id: card
+        x: frame.inset
+        width: frame.width - 2 * frame.inset
+        height: parent.height
+        first: frame.first
+        last: frame.last
+        highlighted: frame.row.tappable && (hand.pressed || hover.hovered)
+        FocusRing {
+            target: frame
+            anchors.margins: 2
+        }
+    }
+    HoverHandler {
+        id: hover
+        enabled: frame.row.tappable
+    }
+    TapHandler {
+        id: hand
+        enabled: frame.row.tappable
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+        onTapped: point => {
+            if (point.position.y < head.y + head.height + column.topPadding || !frame.row.canOpen)
+                frame.activate()
+        }
+    }
+    Column {
+        id: column
+        x: frame.inset
+        width: frame.width - 2 * frame.inset
+        RowHead {
+            id: head
+            width: parent.width
+            visible: frame.showsHead
+            row: frame.row
+            trailing: frame.trailing
+            onToggled: on => frame.rows.toggle(frame.index, on)
+            onRemoved: frame.rows.deleteRow(frame.index)
+        }
+        Column {
+            id: body
+            x: 14
+            width: parent.width - 28
+            visible: frame.isOpen && children.length > 0
+            bottomPadding: visible && children.length > 0 ? 12 : 0
+        }
+    }
+}

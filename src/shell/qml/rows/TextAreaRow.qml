@@ -1,0 +1,39 @@
+import QtQuick
+import Dayward
+
+// Many lines to type in; the row grows with them.
+RowFrame {
+    id: frame
+    showsHead: false
+    takesFocus: false
+    Item {
+        width: parent.width
+        height: Math.max(160, area.implicitHeight)
+        TextEdit {
+            id: area
+            anchors.fill: parent
+            topPadding: 14
+            text: frame.row.content.text ?? ""
+            focus: true
+            activeFocusOnTab: true
+            wrapMode: TextEdit.Wrap
+            font.family: Theme.family
+            font.pixelSize: Theme.body
+            color: Theme.text
+            selectionColor: Theme.accent
+            selectedTextColor: Theme.onAccent
+            selectByMouse: true
+            Accessible.role: Accessible.EditableText
+            Accessible.name: frame.row.label
+            onTextChanged: if (text !== frame.row.content.text)
+                frame.rows.editText(frame.index, text)
+            Keys.onEscapePressed: event => event.accepted = false
+        }
+        UiText {
+            visible: area.text.length === 0 && !area.inputMethodComposing
+            topPadding: 14
+            text: frame.row.content.placeholder ?? ""
+            color: Theme.secondaryText
+        }
+    }
+}

@@ -1,0 +1,17 @@
+import QtQuick
+import Dayward
+
+// One line to type in.
+RowFrame {
+    id: frame
+    showsHead: false
+    takesFocus: false
+    LineField {
+        width: parent.width
+        text: frame.row.content.text ?? ""
+        placeholder: frame.row.content.placeholder || frame.row.label
+        enabled: frame.row.enabled
+        spoken: frame.row.label
+        onEdited: text => frame.rows.editText(frame.index, text)
+    }
+}

@@ -1,0 +1,141 @@
+// Takes pictures of the screens: dayward-screenshots DIR [--only SCENE] [--size WxH] [--language L] [--theme T]
+//
+// From a fixed clock and a prepared home, into DIR/SIZE-THEME-LANGUAGE-SCENE.png. Needs a display.
+#include <CLI/CLI.hpp>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QQuickWindow>
+#include <QTemporaryDir>
+#include <filesystem>
+#include <iostream>
+
+#include "Classes/App/ArchiveRegistration.h"
+#include "Classes/App/FirstLaunch.h"
+#include "Classes/Interface/Screens/TableScreen.h"
+#include "Classes/Settings/InterfaceSettings.h"
+#include "intervals/ISODate.h"
+#include "platform/linux/AsioQueues.h"
+#include "platform/linux/LinuxEnvironment.h"
+#include "shell/QtMainLoop.h"
+#include "shell/Scenes.h"
+#include "shell/Window.h"
+
+namespace dayward {
+
+namespace {
+
+constexpr const char* kNow = "2026-03-10T12:00:00";
+constexpr int kSettleMilliseconds = 500;
+
+struct Wanted {
+    std::string directory;
+    std::vector<std::string> sizes{"390x844", "820x1180", "1280x800"};
+    std::vector<std::string> languages{"en", "ru"};
+    std::vector<std::string> themes{"light", "dark"};
+    std::string only;
+    double textScale = 1;
+};
+
+void settle() {
+    QElapsedTimer clock;
+    clock.start();
+    while (clock.elapsed() < kSettleMilliseconds) QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+}
+
+/// Takes every modal stack away and goes back to the root.
+void reset(Shell& shell) {
+    while (!shell.navigation().modalStacks().empty()) {
+        shell.navigation().dismiss(*shell.navigation().screens(shell.navigation().modalStacks().front()).front());
+    }
+    while (shell.navigation().screens(StackId::root).size() > 1) shell.goBack();
+}
+
+void take(Window& window, const Scene& scene, const std::string& path) {
+    scene.show(window.shell());
+    settle();
+    window.quickWindow()->grabWindow().save(QString::fromStdString(path));
+    reset(window.shell());
+    settle();
+}
+
+LinuxOptions optionsFor(const std::string& home, const std::string& language, std::shared_ptr<Queues> queues) {
+    LinuxOptions options;
+    options.home = home;
+    options.resources = (std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path() / "share" /
+                         "dayward")
+                            .string();
+    options.zone = "Europe/Berlin";
+    options.locale = language == "ru" ? "ru_RU" : "en_US";
+    options.archiveClasses = allArchiveClasses();
+    options.queues = std::move(queues);
+    options.fixedNow = dateFromISOText(kNow, Calendar(*TimeZone::named(options.zone)));
+    return options;
+}
+
+void takeAll(Window& window, const Wanted& wanted, const std::string& language) {
+    for (const std::string& size : wanted.sizes) {
+        const auto cross = size.find('x');
+        window.quickWindow()->resize(std::stoi(size.substr(0, cross)), std::stoi(size.substr(cross + 1)));
+        for (const std::string& theme : wanted.themes) {
+            window.appearance().setDark(theme == "dark");
+            for (const Scene& scene : scenes()) {
+                if (!wanted.only.empty() && scene.name.find(wanted.only) == std::string::npos) continue;
+                take(window, scene,
+                     wanted.directory + "/" + size + "-" + theme + "-" + language + "-" + scene.name + ".png");
+            }
+        }
+    }
+}
+
+void takeLanguage(const Wanted& wanted, const std::string& language) {
+    const QTemporaryDir home;
+    const auto queues = std::make_shared<AsioQueues>();
+    auto services = makeLinuxServices(optionsFor(home.path().toStdString(), language, queues));
+    if (!services) throw std::runtime_error(services.error().description());
+    Environment environment(std::move(*services));
+    const EnvironmentScope scope(&environment);
+    const QtMainLoop loop(queues->mainLoop());
+    CCApp::Information information;
+    information.bundleIdentifier = "dayward";
+    if (const auto launched = performFirstLaunchIfNeeded(environment, information); !launched) {
+        throw std::runtime_error(launched.error().description());
+    }
+    Window window(environment);
+    if (window.quickWindow() == nullptr) throw std::runtime_error("the window cannot be loaded");
+    window.appearance().setTextScale(wanted.textScale);
+    window.shell().navigation().setRoot(std::make_shared<ViewController>());
+    window.quickWindow()->show();
+    settle();
+    takeAll(window, wanted, language);
+}
+
+int run(int argc, char** argv) {
+    Wanted wanted;
+    CLI::App options("Takes pictures of the screens.");
+    options.add_option("directory", wanted.directory, "Where the pictures go")->required();
+    options.add_option("--size", wanted.sizes, "WIDTHxHEIGHT");
+    options.add_option("--language", wanted.languages, "en, ru");
+    options.add_option("--theme", wanted.themes, "light, dark");
+    options.add_option("--only", wanted.only, "Only scenes whose name has this in it");
+    options.add_option("--text-scale", wanted.textScale, "Size of the texts, 1 for the usual one");
+    prepareQt();
+    QGuiApplication application(argc, argv);
+    CLI11_PARSE(options, argc, argv);
+    QDir().mkpath(QString::fromStdString(wanted.directory));
+    for (const std::string& language : wanted.languages) takeLanguage(wanted, language);
+    return 0;
+}
+
+}  // namespace
+
+}  // namespace dayward
+
+int main(int argc, char** argv) {
+    try {
+        return dayward::run(argc, argv);
+    } catch (const std::exception& fault) {
+        std::cerr << "dayward-screenshots: " << fault.what() << std::endl;
+        return 1;
+    }
+}
