@@ -80,7 +80,7 @@ AbstractButton {
             font.weight: tile.chosen ? Font.DemiBold : Font.Normal
             fontSizeMode: Text.HorizontalFit
             minimumPixelSize: 10
-            color: tile.chosen ? Theme.onAccent : Theme.text
+            color: tile.chosen ? Theme.accentText : Theme.text
             horizontalAlignment: Text.AlignHCenter
             elide: Text.ElideRight
         }

@@ -17,7 +17,7 @@ TextInput {
     font.pixelSize: fontSize
     color: Theme.text
     selectionColor: Theme.accent
-    selectedTextColor: Theme.onAccent
+    selectedTextColor: Theme.accentText
     selectByMouse: true
     activeFocusOnTab: true
     clip: true

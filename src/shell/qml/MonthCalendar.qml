@@ -131,7 +131,7 @@ FocusScope {
                     text: cell.model.day
                     font.pixelSize: Theme.small
                     font.weight: cell.chosen ? Font.DemiBold : Font.Normal
-                    color: cell.chosen ? Theme.onAccent : cell.inMonth ? Theme.text : Theme.secondaryText
+                    color: cell.chosen ? Theme.accentText : cell.inMonth ? Theme.text : Theme.secondaryText
                     opacity: cell.inMonth ? 1 : 0.45
                 }
                 Accessible.role: Accessible.Button

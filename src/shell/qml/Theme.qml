@@ -15,7 +15,7 @@ QtObject {
     readonly property color separator: dark ? "#312e3b" : "#e5e3ec"
     readonly property color field: dark ? "#2a2733" : "#eeecf4"
     readonly property color accent: dark ? "#a99cff" : "#5a46dc"
-    readonly property color onAccent: dark ? "#17122e" : "#ffffff"
+    readonly property color accentText: dark ? "#17122e" : "#ffffff"
     readonly property color accentSoft: dark ? "#332d55" : "#ebe8ff"
     readonly property color destructive: dark ? "#ff8a80" : "#c62828"
     readonly property color pressed: dark ? "#14ffffff" : "#0f000000"

@@ -34,14 +34,15 @@ Item {
             text: Theme.tr("Delete") + ": " + head.row.label
             onClicked: head.removed()
         }
-        GridLayout {
+        Item {
             id: texts
             Layout.fillWidth: true
-            columns: head.stacked ? 1 : 2
-            rowSpacing: 2
-            columnSpacing: 16
+            implicitHeight: head.stacked ? labels.height + 2 + detail.height : Math.max(labels.height, detail.height)
             Column {
-                Layout.fillWidth: true
+                id: labels
+                anchors.left: parent.left
+                y: head.stacked ? 0 : (parent.height - height) / 2
+                width: head.stacked || head.row.detail.length === 0 ? parent.width : parent.width - detail.width - 16
                 UiText {
                     id: label
                     width: parent.width
@@ -64,9 +65,10 @@ Item {
             }
             UiText {
                 id: detail
-                Layout.fillWidth: head.stacked
-                Layout.maximumWidth: texts.width
-                visible: head.row.detail.length > 0
+                anchors.right: parent.right
+                y: head.stacked ? labels.height + 2 : (parent.height - height) / 2
+                width: head.stacked ? parent.width : Math.ceil(implicitWidth)
+                visible: text.length > 0
                 text: head.row.detail
                 font: head.row.fontName.length > 0 ? Appearance.font(head.row.fontName, Theme.body) : Qt.font({
                     "family": Theme.family,

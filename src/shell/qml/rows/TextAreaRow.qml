@@ -21,7 +21,7 @@ RowFrame {
             font.pixelSize: Theme.body
             color: Theme.text
             selectionColor: Theme.accent
-            selectedTextColor: Theme.onAccent
+            selectedTextColor: Theme.accentText
             selectByMouse: true
             Accessible.role: Accessible.EditableText
             Accessible.name: frame.row.label
