@@ -6,19 +6,14 @@
 #include <QUrl>
 #include <algorithm>
 
+#include "shell/QtImages.h"
+
 namespace dayward {
 
 namespace {
 
 constexpr qsizetype kLoaders = 4096;
 constexpr qsizetype kDrawnKilobytes = 64 * 1024;
-
-QImage qtImage(const Image& image) {
-    if (image.isEmpty()) return {};
-    const QImage straight(image.rgba().data(), image.width(), image.height(), 4 * image.width(),
-                          QImage::Format_RGBA8888);
-    return straight.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-}
 
 /// Halves the picture until one more step would be too much: a smooth reduction by any factor.
 QImage reduced(QImage image, QSize target) {

@@ -2,30 +2,37 @@
 
 #include <CLI/CLI.hpp>
 #include <QGuiApplication>
-#include <QQuickWindow>
+#include <QTemporaryDir>
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 
+#include "Classes/App/AppInfo.h"
 #include "Classes/App/ArchiveRegistration.h"
-#include "Classes/App/FirstLaunch.h"
-#include "Classes/Interface/Edit/EventEditViewController.h"
-#include "Classes/Interface/Info/SettingsViewController.h"
+#include "Classes/App/LaunchArguments.h"
 #include "Classes/Settings/InterfaceSettings.h"
 #include "cli/ProgramVersion.h"
 #include "platform/FileSystem.h"
 #include "platform/Strings.h"
-#include "platform/UserDefaults.h"
 #include "platform/linux/AsioQueues.h"
 #include "platform/linux/LinuxEnvironment.h"
+#include "shell/Life.h"
 #include "shell/QtAudioDevice.h"
 #include "shell/QtMainLoop.h"
-#include "shell/Window.h"
+#include "shell/SelfTest.h"
+#include "shell/SingleInstance.h"
 
 namespace dayward {
 
 namespace {
 
 enum Exit { done = 0, failed = 1, wrongUsage = 2 };
+
+struct Options {
+    std::string home;
+    bool selfTest = false;
+    std::vector<std::string> launch;
+};
 
 std::string resourceDirectory() {
     std::error_code error;
@@ -35,6 +42,18 @@ std::string resourceDirectory() {
 
 void complain(const std::string& line) { std::cerr << "dayward-app: " << line << std::endl; }
 
+/// The language that the user chose in the settings takes the place of the system's.
+Result<Environment::Services> inChosenLanguage(LinuxOptions options) {
+    Environment::Services services = TRY(makeLinuxServices(options));
+    const auto language = services.standardDefaults->stringForKey(InterfaceSettings::kLanguageKey);
+    const auto& known = InterfaceSettings::languages();
+    if (!language || services.locale.languageCode() == *language || std::ranges::find(known, *language) == known.end())
+        return services;
+    services.locale = Locale(*language);
+    services.strings = TRY(Strings::load(*services.files, joinPath(services.paths.resources, "strings"), *language));
+    return services;
+}
+
 Result<Environment::Services> makeServices(const std::string& home, std::shared_ptr<Queues> queues) {
     LinuxOptions options;
     options.home = home;
@@ -42,54 +61,61 @@ Result<Environment::Services> makeServices(const std::string& home, std::shared_
     options.archiveClasses = allArchiveClasses();
     options.queues = std::move(queues);
     options.logName = "dayward-app";
-    Environment::Services services = TRY(makeLinuxServices(options));
+    Environment::Services services = TRY(inChosenLanguage(std::move(options)));
     services.audio = std::make_shared<QtAudioDevice>();
     return services;
 }
 
-int runWindow(QGuiApplication& application, Environment& environment) {
-    const CCApp::Information information{.bundleIdentifier = "dayward",
-                                         .displayName = "Dayward",
-                                         .shortVersion = kProgramVersion,
-                                         .bundleVersion = kProgramVersion};
-    if (const auto launched = performFirstLaunchIfNeeded(environment, information); !launched) {
-        complain(launched.error().description());
+QStringList qtArguments(const std::vector<std::string>& arguments) {
+    QStringList list;
+    for (const std::string& argument : arguments) list.append(QString::fromStdString(argument));
+    return list;
+}
+
+int run(const Options& options, const LaunchOptions& launch) {
+    const QTemporaryDir scratch;
+    SingleInstance instance;
+    if (!options.selfTest && instance.begin(qtArguments(options.launch)) == SingleInstance::Role::later) return done;
+    const auto queues = std::make_shared<AsioQueues>();
+    auto services = makeServices(options.selfTest ? scratch.path().toStdString() : options.home, queues);
+    if (!services) {
+        complain(services.error().description());
         return failed;
     }
-    Window window(environment);
-    if (window.quickWindow() == nullptr) return failed;
-    window.shell().navigation().setRoot(std::make_shared<SettingsViewController>(SettingsViewController::Services{}));
-    window.quickWindow()->show();
-    window.shell().navigation().present(std::make_shared<EventEditViewController>());
-    return application.exec();
+    Life life(*services);
+    Environment environment(std::move(*services));
+    const EnvironmentScope scope(&environment);
+    const QtMainLoop loop(queues->mainLoop());
+    CCApp::setInformation(AppInfo::information(kProgramVersion));
+    if (options.selfTest) return passesSelfTest(environment) ? done : failed;
+    return life.run(environment, launch, instance) ? done : failed;
 }
 
 }  // namespace
 
 int runApplication(int argc, char** argv) {
     prepareQt();
-    QGuiApplication application(argc, argv);
-    CLI::App options("Countdowns and reminders: what you wait for and must not miss.", "dayward-app");
-    std::string home;
-    options.add_option("--home", home, "Keep everything in this directory");
-    options.set_version_flag("--version", std::string(kProgramVersion));
+    const QGuiApplication application(argc, argv);
+    CLI::App parser("Countdowns and reminders: what you wait for and must not miss.", "dayward-app");
+    Options options;
+    parser.add_option("--home", options.home, "Keep everything in this directory");
+    parser.add_flag("--self-test", options.selfTest, "Load every screen, then end");
+    parser.set_version_flag("--version", std::string(kProgramVersion));
+    parser.allow_extras();
     try {
-        options.parse(argc, argv);
+        parser.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) return options.exit(error);
+        if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) return parser.exit(error);
         complain(std::string(error.what()) + "; try --help");
         return wrongUsage;
     }
-    const auto queues = std::make_shared<AsioQueues>();
-    auto services = makeServices(home, queues);
-    if (!services) {
-        complain(services.error().description());
-        return failed;
+    options.launch = parser.remaining();
+    const auto launch = launchOptionsFromArguments(options.launch);
+    if (!launch) {
+        complain(launch.error().description() + "; try --help");
+        return wrongUsage;
     }
-    Environment environment(std::move(*services));
-    const EnvironmentScope scope(&environment);
-    const QtMainLoop loop(queues->mainLoop());
-    return runWindow(application, environment);
+    return run(options, *launch);
 }
 
 }  // namespace dayward

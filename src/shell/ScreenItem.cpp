@@ -4,6 +4,8 @@
 #include "Classes/Interface/Screens/TableScreen.h"
 #include "Classes/Interface/Select/OwnPicture.h"
 #include "shell/ChosenFile.h"
+#include "shell/DetailItem.h"
+#include "shell/ListItem.h"
 #include "shell/QtValues.h"
 #include "shell/StackItem.h"
 
@@ -36,6 +38,16 @@ ScreenItem::ScreenItem(Screen screen, Pictures& pictures, QObject* parent)
     if (auto* table = dynamic_cast<TableScreen*>(screen_.get())) rows_ = std::make_unique<TableModel>(*table, pictures);
 }
 
+ScreenItem* ScreenItem::make(const Screen& screen, Pictures& pictures, QObject* parent) {
+    if (auto list = std::dynamic_pointer_cast<EventListViewController>(screen)) {
+        return new ListItem(std::move(list), pictures, parent);
+    }
+    if (auto detail = std::dynamic_pointer_cast<EventDetailViewController>(screen)) {
+        return new DetailItem(std::move(detail), pictures, parent);
+    }
+    return new ScreenItem(screen, pictures, parent);
+}
+
 ScreenItem::~ScreenItem() { screen_->setObserver(nullptr); }
 
 QString ScreenItem::title() const { return qtText(screen_->title()); }
@@ -49,7 +61,7 @@ QVariantList ScreenItem::buttons() const {
     return list;
 }
 
-QString ScreenItem::page() const { return QStringLiteral("table"); }
+QString ScreenItem::page() const { return rows_ ? QStringLiteral("table") : QString(); }
 
 bool ScreenItem::takesPictures() const { return dynamic_cast<PictureTarget*>(screen_.get()) != nullptr; }
 

@@ -20,7 +20,7 @@ class ScreenItem : public QObject, public ViewControllerObserver {
     Q_PROPERTY(QString title READ title NOTIFY barChanged)
     /// Each {role, label, enabled}, in the screen's order.
     Q_PROPERTY(QVariantList buttons READ buttons NOTIFY barChanged)
-    /// Which page draws it: "table".
+    /// Which page draws it: "table", "list", "detail"; empty for none.
     Q_PROPERTY(QString page READ page CONSTANT)
     /// Null where the page is no table.
     Q_PROPERTY(dayward::TableModel* rows READ rows CONSTANT)
@@ -30,12 +30,14 @@ public:
     using Screen = std::shared_ptr<ViewController>;
 
     ScreenItem(Screen screen, Pictures& pictures, QObject* parent);
+    /// The item of the screen's own kind.
+    static ScreenItem* make(const Screen& screen, Pictures& pictures, QObject* parent);
     ~ScreenItem() override;
 
     [[nodiscard]] const Screen& screen() const { return screen_; }
     [[nodiscard]] QString title() const;
     [[nodiscard]] QVariantList buttons() const;
-    [[nodiscard]] QString page() const;
+    [[nodiscard]] virtual QString page() const;
     [[nodiscard]] TableModel* rows() const { return rows_.get(); }
     [[nodiscard]] bool takesPictures() const;
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "Classes/Interface/Events/HHSplitViewController.h"
 #include "platform/FatalError.h"
 #include "platform/Log.h"
 #include "shell/ChosenFile.h"
@@ -25,12 +26,12 @@ QString nameOf(AlertButton::Role role) {
 
 }  // namespace
 
-Shell::Shell(Environment& environment)
-    : environment_(environment),
-      navigation_(*this),
+Shell::Shell(Environment&)
+    : navigation_(*this),
       rootStack_(navigation_, StackId::root, pictures_, nullptr),
       detailStack_(navigation_, StackId::detail, pictures_, nullptr) {
     instance_ = this;
+    connect(&shareServices_, &QtShareServices::savePathWanted, this, &Shell::savePathWanted);
     QQmlEngine::setObjectOwnership(&rootStack_, QQmlEngine::CppOwnership);
     QQmlEngine::setObjectOwnership(&detailStack_, QQmlEngine::CppOwnership);
 }
@@ -43,10 +44,10 @@ Shell* Shell::create(QQmlEngine*, QJSEngine*) {
     return instance_;
 }
 
-void Shell::setHasDetailPane(bool has) {
-    if (has == hasDetailPane()) return;
-    navigation_.setHasDetailPane(has);
-    emit hasDetailPaneChanged();
+void Shell::setWindowWidth(qreal width) {
+    const bool before = hasDetailPane();
+    navigation_.setHasDetailPane(HHSplitViewController::hasRoomForTwoColumns(width));
+    if (hasDetailPane() != before) emit hasDetailPaneChanged();
 }
 
 bool Shell::goBack() { return navigation_.goBack(); }
@@ -134,12 +135,6 @@ void Shell::showNotice(Notice notice) {
 void Shell::answerNotice(int notice) {
     if (notice != noticeNumber_) return;
     if (const auto action = std::exchange(notice_, {}).action) action();
-}
-
-void Shell::share(ShareRequest request) {
-    emit shareWanted({{"subject", qtText(request.subject)},
-                      {"text", qtText(request.text.value_or(""))},
-                      {"eventKey", qtText(request.eventKeyOfPicture.value_or(""))}});
 }
 
 void Shell::choosePicture(std::function<void(ChosenPicture)> completion) {

@@ -10,6 +10,7 @@
 
 #include "Classes/Interface/Screens/Navigation.h"
 #include "shell/Pictures.h"
+#include "shell/QtShareServices.h"
 #include "shell/StackItem.h"
 
 class QJSEngine;
@@ -25,12 +26,12 @@ class Shell final : public QObject, public NavigationListener {
     QML_SINGLETON
     Q_PROPERTY(dayward::StackItem* rootStack READ rootStack CONSTANT)
     Q_PROPERTY(dayward::StackItem* detailStack READ detailStack CONSTANT)
-    /// The window says whether it is wide enough for two columns.
-    Q_PROPERTY(bool hasDetailPane READ hasDetailPane WRITE setHasDetailPane NOTIFY hasDetailPaneChanged)
+    /// Whether list and detail stand side by side.
+    Q_PROPERTY(bool hasDetailPane READ hasDetailPane NOTIFY hasDetailPaneChanged)
 
 public:
-    /// The environment is not owned.
-    explicit Shell(Environment& environment);
+    /// `owner` marks the one that the program makes; QML asks for that and makes none.
+    explicit Shell(Environment& owner);
     ~Shell() override;
 
     /// For QML, which does not own it: the one that there is.
@@ -38,12 +39,14 @@ public:
 
     [[nodiscard]] Navigation& navigation() { return navigation_; }
     [[nodiscard]] Pictures& pictures() { return pictures_; }
+    [[nodiscard]] QtShareServices& shareServices() { return shareServices_; }
     [[nodiscard]] StackItem* rootStack() { return &rootStack_; }
     [[nodiscard]] StackItem* detailStack() { return &detailStack_; }
     [[nodiscard]] QList<StackItem*> modalStacks() const { return modalStacks_; }
     [[nodiscard]] bool hasDetailPane() const { return navigation_.hasDetailPane(); }
-    void setHasDetailPane(bool has);
 
+    /// The window tells its width, in points, at the start and after each change.
+    Q_INVOKABLE void setWindowWidth(qreal width);
     /// Back or Escape in the uppermost stack; false where there is nothing to go back from.
     Q_INVOKABLE bool goBack();
     /// Presses a button of the topmost screen; false where it has none.
@@ -52,6 +55,8 @@ public:
     Q_INVOKABLE void answerAlert(int alert, int button);
     /// The user takes the notice's action.
     Q_INVOKABLE void answerNotice(int notice);
+    /// The file that savePathWanted asked for; an empty one for none.
+    Q_INVOKABLE void chooseSavePath(const QUrl& file) { shareServices_.takeSavePath(file); }
     /// The file that pictureWanted asked for; an empty one for none.
     Q_INVOKABLE void choosePictureFile(const QUrl& file);
 
@@ -65,7 +70,6 @@ public:
     void didArrange() override;
     void showAlert(Alert alert) override;
     void showNotice(Notice notice) override;
-    void share(ShareRequest request) override;
     void choosePicture(std::function<void(ChosenPicture)> completion) override;
     void openLink(const std::string& url) override;
 
@@ -78,15 +82,16 @@ signals:
     /// {text, action}
     void noticeWanted(int notice, const QVariantMap& content);
     void pictureWanted();
-    /// {subject, text, eventKey}
-    void shareWanted(const QVariantMap& request);
+    /// The user wants to search where that can be done.
+    void findWanted();
+    void savePathWanted(const QString& suggestedName);
 
 private:
     [[nodiscard]] StackItem* stack(StackId id);
 
     static inline Shell* instance_ = nullptr;
-    Environment& environment_;
     Pictures pictures_;
+    QtShareServices shareServices_{pictures_};
     Navigation navigation_;
     StackItem rootStack_;
     StackItem detailStack_;

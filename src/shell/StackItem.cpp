@@ -14,7 +14,7 @@ StackItem::~StackItem() = default;
 
 ScreenItem* StackItem::itemOf(const Presenter::Screen& screen) {
     const auto known = std::ranges::find(screens_, screen, &ScreenItem::screen);
-    return known != screens_.end() ? *known : new ScreenItem(screen, pictures_, this);
+    return known != screens_.end() ? *known : ScreenItem::make(screen, pictures_, this);
 }
 
 void StackItem::refresh() {
@@ -31,7 +31,7 @@ void StackItem::refresh() {
 void StackItem::refreshPanel() {
     const Presenter::Screen wanted = navigation_.panel(id_);
     if (panel_ != nullptr && panel_->screen() == wanted) return;
-    ScreenItem* const before = std::exchange(panel_, wanted ? new ScreenItem(wanted, pictures_, this) : nullptr);
+    ScreenItem* const before = std::exchange(panel_, wanted ? ScreenItem::make(wanted, pictures_, this) : nullptr);
     emit panelChanged();
     if (before != nullptr) before->retire();
 }

@@ -19,7 +19,7 @@
 #include "platform/linux/LinuxEnvironment.h"
 #include "shell/QtMainLoop.h"
 #include "shell/Scenes.h"
-#include "shell/Window.h"
+#include "shell/QtWindow.h"
 
 namespace dayward {
 

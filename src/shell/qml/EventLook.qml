@@ -16,6 +16,7 @@ Item {
     property int radius: Theme.radius
     property int topInset: 0
     property bool missed: false
+    property int trailingSpace: 0
     // What stands between the picture and the texts.
     property color scrim: textColor.hslLightness > 0.5 ? "#8c000000" : "#a6ffffff"
 
@@ -43,19 +44,34 @@ Item {
                 color: look.scrim
             }
             GradientStop {
-                position: 0.55
-                color: Qt.rgba(look.scrim.r, look.scrim.g, look.scrim.b, look.scrim.a * 0.75)
-            }
-            GradientStop {
                 position: 1
                 color: look.scrim
             }
         }
     }
+    Rectangle {
+        visible: look.missed
+        anchors.right: parent.right
+        anchors.top: picture.top
+        anchors.margins: 8
+        width: 10
+        height: 10
+        radius: 5
+        color: Theme.destructive
+        border.width: 1
+        border.color: "#ffffff"
+    }
+    Rectangle {
+        anchors.fill: picture
+        radius: look.radius
+        color: "transparent"
+        border.width: 1
+        border.color: Theme.dark ? "#1fffffff" : "#14000000"
+    }
     Item {
         anchors.fill: picture
         anchors.leftMargin: 12
-        anchors.rightMargin: 14
+        anchors.rightMargin: 14 + look.trailingSpace
 
         Picture {
             id: iconPicture

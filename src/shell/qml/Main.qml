@@ -8,6 +8,10 @@ import Dayward
 ApplicationWindow {
     id: window
 
+    // A plain cover over all, which nothing takes away but the program.
+    property bool covered: false
+    property color coverColor: "white"
+
     width: 420
     height: 860
     minimumWidth: 320
@@ -24,11 +28,8 @@ ApplicationWindow {
     LayoutMirroring.enabled: Theme.rightToLeft
     LayoutMirroring.childrenInherit: true
 
-    Binding {
-        target: Shell
-        property: "hasDetailPane"
-        value: window.width >= Theme.twoColumns
-    }
+    onWidthChanged: Shell.setWindowWidth(width)
+    Component.onCompleted: Shell.setWindowWidth(width)
 
     ScreenStack {
         id: list
@@ -60,6 +61,10 @@ ApplicationWindow {
     NoticeBar {
         id: notice
     }
+    Cover {
+        color: window.coverColor
+        visible: window.covered
+    }
 
     Component {
         id: sheet
@@ -75,6 +80,12 @@ ApplicationWindow {
         nameFilters: ["PNG, JPEG (*.png *.jpg *.jpeg *.PNG *.JPG *.JPEG)"]
         onAccepted: Shell.choosePictureFile(selectedFile)
         onRejected: Shell.choosePictureFile("")
+    }
+    FileDialog {
+        id: saveDialog
+        fileMode: FileDialog.SaveFile
+        onAccepted: Shell.chooseSavePath(selectedFile)
+        onRejected: Shell.chooseSavePath("")
     }
     Connections {
         target: Shell
@@ -102,6 +113,10 @@ ApplicationWindow {
         function onPictureWanted() {
             pictureDialog.open()
         }
+        function onSavePathWanted(suggestedName) {
+            saveDialog.selectedFile = saveDialog.currentFolder + "/" + suggestedName
+            saveDialog.open()
+        }
     }
 
     Shortcut {
@@ -116,6 +131,10 @@ ApplicationWindow {
     Shortcut {
         sequences: [StandardKey.Preferences, "Ctrl+,"]
         onActivated: Shell.press("info")
+    }
+    Shortcut {
+        sequences: [StandardKey.Find]
+        onActivated: Shell.findWanted()
     }
     Shortcut {
         sequences: [StandardKey.Quit]

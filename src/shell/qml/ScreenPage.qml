@@ -9,6 +9,10 @@ FocusScope {
     property bool canGoBack: false
     property bool isPanel: false
 
+    // A page that fills the whole of the screen draws its bar itself.
+    readonly property bool ownsBar: screen.page === "detail"
+    readonly property ListItem list: screen as ListItem
+
     implicitHeight: bar.implicitHeight + (body.item?.implicitHeight ?? 0)
 
     Component.onCompleted: screen.hold()
@@ -22,9 +26,9 @@ FocusScope {
     Loader {
         id: body
         anchors.fill: parent
-        anchors.topMargin: bar.height
+        anchors.topMargin: page.ownsBar ? 0 : bar.height
         focus: true
-        sourceComponent: page.screen.page === "table" ? table : null
+        sourceComponent: page.screen.page === "table" ? table : page.screen.page === "list" ? list : page.screen.page === "detail" ? detail : null
     }
     Component {
         id: table
@@ -33,10 +37,25 @@ FocusScope {
             compact: page.isPanel
         }
     }
+    Component {
+        id: list
+        ListPage {
+            screen: page.screen as ListItem
+        }
+    }
+    Component {
+        id: detail
+        DetailPage {
+            screen: page.screen as DetailItem
+            canGoBack: page.canGoBack
+        }
+    }
     TitleBar {
         id: bar
+        visible: !page.ownsBar
         width: parent.width
-        title: page.screen.title
+        title: (page.list?.progress ?? "") || page.screen.title
+        busy: (page.list?.progress ?? "").length > 0
         buttons: page.screen.buttons
         canGoBack: page.canGoBack
         onBack: page.screen.goBack()

@@ -1,5 +1,5 @@
 import QtQuick
-import QtQuick.Layouts
+import QtQuick.Controls
 import Dayward
 
 // The bar on top of a page: back or the screen's leading buttons, its title, the trailing buttons.
@@ -9,11 +9,11 @@ FocusScope {
     property string title
     property var buttons: []
     property bool canGoBack: false
-    property bool overPicture: false
+    property bool busy: false
     signal back
     signal pressed(role: string)
 
-    readonly property color tint: overPicture ? "#ffffff" : Theme.accent
+    property color tint: Theme.accent
     readonly property var symbols: ({
             "edit": "edit",
             "add": "add",
@@ -41,7 +41,7 @@ FocusScope {
                 text: modelData.label
                 symbol: bar.symbols[modelData.role] ?? ""
                 strong: modelData.role === "done"
-                tint: modelData.role === "remove" && !bar.overPicture ? Theme.destructive : bar.tint
+                tint: modelData.role === "remove" ? Theme.destructive : bar.tint
                 enabled: modelData.enabled
                 onClicked: bar.pressed(modelData.role)
             }
@@ -74,12 +74,22 @@ FocusScope {
             anchors.verticalCenter: parent.verticalCenter
             Buttons {}
         }
+        BusyIndicator {
+            anchors.right: caption.left
+            anchors.rightMargin: -(caption.width - caption.contentWidth) / 2 + 6
+            anchors.verticalCenter: parent.verticalCenter
+            width: 28
+            height: 28
+            running: bar.busy
+            visible: running
+        }
         UiText {
+            id: caption
             readonly property real side: Math.max(leading.width, trailing.width) + 8
             anchors.centerIn: parent
             width: parent.width - 2 * side
             text: bar.title
-            color: bar.overPicture ? "#ffffff" : Theme.text
+            color: Theme.text
             font.pixelSize: Theme.headline
             font.weight: Font.DemiBold
             elide: Text.ElideRight

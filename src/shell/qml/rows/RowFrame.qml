@@ -56,7 +56,7 @@ FocusScope {
         else if (event.key === Qt.Key_Up)
             frame.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
         else if (event.key === Qt.Key_Delete && frame.row.canDelete)
-            frame.rows.deleteRow(frame.index)
+            frame.rows.removeRow(frame.index)
         else
             return
         event.accepted = true
@@ -99,7 +99,7 @@ FocusScope {
             row: frame.row
             trailing: frame.trailing
             onToggled: on => frame.rows.toggle(frame.index, on)
-            onRemoved: frame.rows.deleteRow(frame.index)
+            onRemoved: frame.rows.removeRow(frame.index)
         }
         Column {
             id: body

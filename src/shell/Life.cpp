@@ -1,0 +1,89 @@
+#include "shell/Life.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QQuickWindow>
+#include <utility>
+
+#include "Classes/App/AppDelegate.h"
+#include "Classes/App/LaunchArguments.h"
+#include "Classes/Interface/Events/HHSplitViewController.h"
+#include "platform/Log.h"
+#include "shell/QtWindow.h"
+#include "shell/SingleInstance.h"
+
+namespace dayward {
+
+Life::Life(const Environment::Services& services)
+    : application_({services.queues, services.clock, services.notifications}, *this) {
+    QDBusConnection::systemBus().connect(QStringLiteral("org.freedesktop.login1"),
+                                         QStringLiteral("/org/freedesktop/login1"),
+                                         QStringLiteral("org.freedesktop.login1.Manager"),
+                                         QStringLiteral("PrepareForSleep"), this, SLOT(prepareForSleep(bool)));
+}
+
+bool Life::run(Environment& environment, const LaunchOptions& launch, SingleInstance& instance) {
+    Shell shell(environment);
+    QtWindow window(environment, shell);
+    if (window.quickWindow() == nullptr) return false;
+    window_ = &window;
+    EventScreensServices services;
+    services.share = &shell.shareServices();
+    const HHSplitViewController split(shell.navigation(), services);
+    const auto delegate = std::make_shared<AppDelegate>(AppServices{}, [&split] { return split.master(); });
+    delegate->setWindow(&window);
+    followWindow();
+    application_.launch(delegate, launch);
+    instance.setHandler([this](const QStringList& arguments) { takeStart(arguments); });
+    QCoreApplication::exec();
+    instance.setHandler(nullptr);
+    delegate->setWindow(nullptr);
+    window_ = nullptr;
+    return true;
+}
+
+void Life::followWindow() {
+    QQuickWindow* const window = window_->quickWindow();
+    connect(window, &QWindow::visibilityChanged, this, [this](QWindow::Visibility visibility) {
+        const bool shown = visibility != QWindow::Hidden && visibility != QWindow::Minimized;
+        if (std::exchange(isShown_, shown) == shown) return;
+        shown ? application_.windowDidShow() : application_.windowDidHide();
+        if (visibility == QWindow::Hidden) end();
+    });
+}
+
+/// A closed window ends the program as soon as nothing that it began is left to do.
+void Life::end() {
+    application_.whenBackgroundTasksEnd([this] {
+        if (!isShown_) QCoreApplication::quit();
+    });
+}
+
+void Life::takeStart(const QStringList& arguments) {
+    std::vector<std::string> given;
+    for (const QString& argument : arguments) given.push_back(argument.toStdString());
+    const auto options = launchOptionsFromArguments(given);
+    if (!options) logError("a later start: " + options.error().description());
+    application_.open(options.value_or(LaunchOptions{}));
+}
+
+void Life::prepareForSleep(bool begins) {
+    if (window_ == nullptr) return;
+    begins ? application_.systemWillSleep() : application_.systemDidWake();
+}
+
+void Life::raiseWindow() {
+    if (window_ != nullptr) window_->raise();
+}
+
+void Life::showBadgeNumber(std::int64_t number) {
+    QDBusMessage update = QDBusMessage::createSignal(QStringLiteral("/org/dayward/Dayward"),
+                                                     QStringLiteral("com.canonical.Unity.LauncherEntry"),
+                                                     QStringLiteral("Update"));
+    update << QStringLiteral("application://org.dayward.Dayward.desktop")
+           << QVariantMap{{"count", qlonglong(number)}, {"count-visible", number > 0}};
+    QDBusConnection::sessionBus().send(update);
+}
+
+}  // namespace dayward

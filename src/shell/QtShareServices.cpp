@@ -1,0 +1,86 @@
+#include "shell/QtShareServices.h"
+
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QGuiApplication>
+#include <QProcess>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QUrlQuery>
+#include <utility>
+
+#include "platform/Log.h"
+#include "shell/DetailLook.h"
+#include "shell/PictureDrawing.h"
+#include "shell/Pictures.h"
+#include "shell/QtImages.h"
+#include "shell/QtValues.h"
+
+namespace dayward {
+
+void QtShareServices::setWindow(QQuickWindow* window, QQmlEngine* engine) {
+    window_ = window;
+    engine_ = engine;
+}
+
+void QtShareServices::copyText(const std::string& text) { QGuiApplication::clipboard()->setText(qtText(text)); }
+
+void QtShareServices::copyImage(Picture image) {
+    if (image) QGuiApplication::clipboard()->setImage(qtImage(*image));
+}
+
+void QtShareServices::chooseSavePath(const std::string& suggestedName,
+                                     std::function<void(const std::string& path)> completion) {
+    pathChosen_ = std::move(completion);
+    emit savePathWanted(qtText(suggestedName));
+}
+
+void QtShareServices::takeSavePath(const QUrl& file) {
+    const auto completion = std::exchange(pathChosen_, nullptr);
+    if (completion && file.isLocalFile()) completion(file.toLocalFile().toStdString());
+}
+
+Result<> QtShareServices::composeMail(const MailDraft& draft) {
+    if (!draft.attachmentPath.empty()) {
+        // A link cannot carry a file; the desktop's own command can.
+        const bool started = QProcess::startDetached(
+            QStringLiteral("xdg-email"), {QStringLiteral("--utf8"), QStringLiteral("--subject"), qtText(draft.subject),
+                                          QStringLiteral("--body"), qtText(draft.text), QStringLiteral("--attach"),
+                                          qtText(draft.attachmentPath)});
+        if (started) return {};
+        return failure("mail", 0, {{"path", draft.attachmentPath}, {"reason", "there is no xdg-email"}});
+    }
+    QUrl link(QStringLiteral("mailto:"));
+    QUrlQuery query;
+    query.addQueryItem(QStringLiteral("subject"), QString::fromLatin1(QUrl::toPercentEncoding(qtText(draft.subject))));
+    query.addQueryItem(QStringLiteral("body"), QString::fromLatin1(QUrl::toPercentEncoding(qtText(draft.text))));
+    link.setQuery(query);
+    if (QDesktopServices::openUrl(link)) return {};
+    return failure("mail", 0, {{"reason", "no program takes mail"}});
+}
+
+Result<> QtShareServices::openWith(const std::string& path) {
+    if (QDesktopServices::openUrl(QUrl::fromLocalFile(qtText(path)))) return {};
+    return failure("open", 0, {{"path", path}, {"reason", "no program takes it"}});
+}
+
+void QtShareServices::renderDetail(const EventDetailView& view, PixelSize size, double pixelsPerPoint,
+                                   std::function<void(Picture)> completion) {
+    if (window_ == nullptr || size.width < 1 || size.height < 1) return completion(nullptr);
+    QQmlComponent component(engine_, QUrl(QStringLiteral("qrc:/Dayward/SharedPicture.qml")));
+    auto* item = qobject_cast<QQuickItem*>(component.createWithInitialProperties(
+        {{"look", QVariant::fromValue(DetailLook(view, pictures_))},
+         {"width", size.width / pixelsPerPoint},
+         {"height", size.height / pixelsPerPoint}}));
+    if (item == nullptr) {
+        logError("the picture cannot be drawn: " + component.errorString().toStdString());
+        return completion(nullptr);
+    }
+    new PictureDrawing(*item, *window_, {size.width, size.height}, [completion](const QImage& image) {
+        completion(image.isNull() ? nullptr : std::make_shared<const Image>(coreImage(image)));
+    });
+}
+
+}  // namespace dayward

@@ -1,0 +1,45 @@
+// One application for each session: the first start takes the bus name, a later one hands its arguments
+// to the first and ends. Without a session bus each start stands alone. Main thread only.
+//
+// The object is that of org.freedesktop.Application, so that the desktop can start and raise it too.
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+#include <QVariantMap>
+#include <functional>
+
+namespace dayward {
+
+class SingleInstance final : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    static constexpr const char* kService = "org.dayward.Dayward";
+    static constexpr const char* kPath = "/org/dayward/Dayward";
+    /// The action by which a later start hands over its arguments.
+    static constexpr const char* kStartAction = "start";
+
+    enum class Role { first, later };
+
+    /// Takes the name, or hands the arguments over where another has it.
+    Role begin(const QStringList& arguments);
+    /// Called with the arguments of each later start, none for a mere raise; those that came before are
+    /// handed over now.
+    void setHandler(std::function<void(const QStringList& arguments)> handler);
+
+public slots:
+    // Called over the bus.
+    void Activate(const QVariantMap& platformData);
+    void Open(const QStringList& uris, const QVariantMap& platformData);
+    void ActivateAction(const QString& name, const QVariantList& parameter, const QVariantMap& platformData);
+
+private:
+    void start(const QStringList& arguments);
+
+    std::function<void(const QStringList& arguments)> handler_;
+    QList<QStringList> waiting_;
+};
+
+}  // namespace dayward

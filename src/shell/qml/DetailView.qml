@@ -1,0 +1,170 @@
+import QtQuick
+import Dayward
+
+// An event at full size: its picture, its icon, name, date, countdown, the distance in each unit, and its
+// note. The same item is drawn out of sight for a picture to share.
+FocusScope {
+    id: view
+
+    property detailLook look
+    property int topSpace: 16
+    property int bottomSpace: 16
+    property bool interactive: false
+    signal noteTapped
+
+    readonly property bool ready: background.status !== Image.Loading && icon.status !== Image.Loading
+    readonly property color clear: Qt.rgba(look.scrim.r, look.scrim.g, look.scrim.b, look.scrim.a * 0.85)
+    readonly property bool roomy: height > 520
+    readonly property int columnWidth: Math.min(width - 40, 620)
+
+    activeFocusOnTab: interactive
+    Accessible.role: Accessible.StaticText
+    Accessible.name: look.spoken
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.card
+    }
+    Picture {
+        id: background
+        anchors.fill: parent
+        key: view.look.background
+    }
+    Rectangle {
+        anchors.fill: parent
+        gradient: Gradient {
+            GradientStop {
+                position: 0
+                color: view.look.scrim
+            }
+            GradientStop {
+                position: 1
+                color: view.look.scrim
+            }
+        }
+    }
+    Flickable {
+        id: scroll
+        anchors.fill: parent
+        contentHeight: Math.max(height, column.implicitHeight + view.topSpace + view.bottomSpace)
+        interactive: view.interactive && contentHeight > height
+        boundsBehavior: Flickable.StopAtBounds
+
+        Column {
+            id: column
+            x: (scroll.width - width) / 2
+            y: view.topSpace + Math.max(0, (scroll.contentHeight - view.topSpace - view.bottomSpace - implicitHeight) * 0.42)
+            width: view.columnWidth
+            spacing: view.roomy ? 14 : 8
+
+            Picture {
+                id: icon
+                anchors.horizontalCenter: parent.horizontalCenter
+                width: Math.min(132, Math.max(64, view.height * 0.15))
+                height: width
+                whole: true
+                key: view.look.icon
+            }
+            FittedText {
+                width: parent.width
+                text: view.look.name
+                fontName: view.look.fontName
+                sizes: view.look.nameSizes
+                color: view.look.textColor
+            }
+            UiText {
+                width: parent.width
+                text: view.look.date
+                font: Appearance.font(view.look.fontName, Theme.headline)
+                color: view.look.textColor
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+            }
+            Item {
+                width: 1
+                height: view.roomy ? 10 : 2
+            }
+            FittedText {
+                width: parent.width
+                text: view.look.countdown
+                fontName: view.look.fontName
+                sizes: view.look.countdownSizes
+                color: view.look.textColor
+            }
+            Item {
+                width: 1
+                height: view.roomy ? 6 : 0
+            }
+            Column {
+                id: units
+                anchors.horizontalCenter: parent.horizontalCenter
+                visible: !view.look.noteOpened || view.height > 900
+                spacing: 3
+                readonly property real labelWidth: Math.min(parent.width * 0.5, 220)
+                Repeater {
+                    model: view.look.unitLabels.length
+                    delegate: Row {
+                        id: unit
+                        required property int index
+                        spacing: 14
+                        UiText {
+                            width: units.labelWidth
+                            text: view.look.unitLabels[unit.index] ?? ""
+                            horizontalAlignment: Text.AlignRight
+                            color: view.look.textColor
+                            opacity: 0.92
+                        }
+                        UiText {
+                            width: units.labelWidth
+                            text: view.look.unitValues[unit.index] ?? ""
+                            font.weight: Font.DemiBold
+                            color: view.look.textColor
+                        }
+                    }
+                }
+            }
+            Item {
+                id: note
+                visible: view.look.note.length > 0
+                width: parent.width
+                height: noteText.height + 24
+                activeFocusOnTab: view.interactive && visible
+                Keys.onReturnPressed: view.noteTapped()
+                Keys.onSpacePressed: view.noteTapped()
+                Accessible.role: Accessible.Button
+                Accessible.name: view.look.note
+                Rectangle {
+                    anchors.fill: parent
+                    radius: Theme.radius
+                    color: view.look.textColor.hslLightness > 0.5 ? "#40000000" : "#66ffffff"
+                    FocusRing {
+                        target: note
+                    }
+                }
+                UiText {
+                    id: noteText
+                    x: 16
+                    y: 12
+                    width: parent.width - 32
+                    text: view.look.note
+                    color: view.look.textColor
+                    wrapMode: Text.Wrap
+                    maximumLineCount: view.look.noteOpened ? 1000 : 2
+                    elide: Text.ElideRight
+                }
+                Behavior on height {
+                    enabled: view.interactive
+                    NumberAnimation {
+                        duration: Theme.calm
+                        easing.type: Easing.OutCubic
+                    }
+                }
+                clip: true
+                TapHandler {
+                    enabled: view.interactive
+                    onTapped: view.noteTapped()
+                }
+            }
+        }
+    }
+}

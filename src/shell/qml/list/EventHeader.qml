@@ -1,0 +1,26 @@
+import QtQuick
+import Dayward
+
+// What stands above the events of one section, such as "Tomorrow".
+Item {
+    required property string header
+    readonly property bool isHeader: true
+
+    width: ListView.view?.width ?? 0
+    height: caption.implicitHeight + 20
+
+    UiText {
+        id: caption
+        x: 22
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 6
+        width: parent.width - 44
+        text: parent.header
+        font.pixelSize: Theme.small
+        font.weight: Font.DemiBold
+        color: Theme.secondaryText
+        elide: Text.ElideRight
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
+}

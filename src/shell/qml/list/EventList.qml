@@ -1,0 +1,143 @@
+import QtQuick
+import QtQuick.Controls
+import Qt.labs.qmlmodels
+import Dayward
+
+// The events, each a row with its picture; changes are animated, the keyboard goes from row to row.
+ListView {
+    id: list
+
+    required property EventListModel rows
+    required property ListItem screen
+    readonly property int rowHeight: Math.round(76 * Theme.scale)
+    readonly property int inset: 12
+    // The row that is being dragged stands where the finger has it.
+    property int draggedFrom: -1
+
+    function step(by: int): bool {
+        let next = currentIndex + by
+        while (next >= 0 && next < count && itemAtIndex(next)?.isHeader)
+            next += by
+        if (next < 0 || next >= count)
+            return false
+        currentIndex = next
+        positionViewAtIndex(next, ListView.Contain)
+        return true
+    }
+
+    model: rows
+    clip: true
+    cacheBuffer: 300
+    currentIndex: -1
+    keyNavigationEnabled: false
+    activeFocusOnTab: true
+    bottomMargin: 88
+    boundsBehavior: Flickable.DragOverBounds
+    highlightFollowsCurrentItem: false
+
+    Binding {
+        target: list.rows
+        property: "rowSize"
+        value: Qt.size(Math.round((list.width - 2 * list.inset) * Screen.devicePixelRatio), Math.round(list.rowHeight * Screen.devicePixelRatio))
+        when: list.width > 100
+    }
+    onContentYChanged: rows.offset = contentY - originY
+    onDragEnded: screen.endDrag(flicking)
+    onActiveFocusChanged: if (activeFocus && currentIndex < 0)
+        step(1)
+    Keys.onPressed: event => {
+        const row = itemAtIndex(currentIndex)
+        if (event.key === Qt.Key_Down && (event.modifiers & Qt.AltModifier))
+            rows.stepRow(currentIndex, true) && ++currentIndex
+        else if (event.key === Qt.Key_Up && (event.modifiers & Qt.AltModifier))
+            rows.stepRow(currentIndex, false) && --currentIndex
+        else if (event.key === Qt.Key_Down)
+            event.accepted = step(1)
+        else if (event.key === Qt.Key_Up)
+            event.accepted = step(-1)
+        else if (event.key === Qt.Key_Home)
+            event.accepted = (currentIndex = -1, step(1))
+        else if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter || event.key === Qt.Key_Space)
+            rows.select(currentIndex)
+        else if (event.key === Qt.Key_Delete)
+            rows.removeRow(currentIndex)
+        else
+            return
+        if (row || event.accepted)
+            event.accepted = true
+    }
+
+    ScrollBar.vertical: ScrollBar {}
+
+    header: Item {
+        width: list.width
+        height: 0
+        UiText {
+            anchors.bottom: parent.top
+            anchors.bottomMargin: 24
+            anchors.horizontalCenter: parent.horizontalCenter
+            opacity: Math.min(1, Math.max(0, (-list.contentY + list.originY - 40) / 80))
+            text: Theme.tr(list.contentY - list.originY < -150 ? "Release to clear" : "Pull to clear")
+            color: Theme.secondaryText
+            font.pixelSize: Theme.small
+        }
+    }
+
+    add: Transition {
+        NumberAnimation {
+            property: "opacity"
+            from: 0
+            to: 1
+            duration: Theme.calm
+        }
+        NumberAnimation {
+            property: "scale"
+            from: 0.96
+            to: 1
+            duration: Theme.calm
+            easing.type: Easing.OutCubic
+        }
+    }
+    remove: Transition {
+        NumberAnimation {
+            property: "opacity"
+            to: 0
+            duration: Theme.quick
+        }
+        NumberAnimation {
+            property: "x"
+            to: -60
+            duration: Theme.calm
+            easing.type: Easing.InCubic
+        }
+    }
+    component Motion: Transition {
+        NumberAnimation {
+            properties: "y"
+            duration: Theme.calm
+            easing.type: Easing.OutCubic
+        }
+        NumberAnimation {
+            properties: "opacity,scale"
+            to: 1
+            duration: Theme.quick
+        }
+    }
+    move: Motion {}
+    displaced: Motion {}
+    moveDisplaced: Motion {}
+
+    delegate: DelegateChooser {
+        role: "kind"
+        DelegateChoice {
+            roleValue: "header"
+            EventHeader {}
+        }
+        DelegateChoice {
+            roleValue: "event"
+            EventRow {
+                list: list
+            }
+        }
+    }
+}
