@@ -18,7 +18,7 @@ PictureDrawing::PictureDrawing(QQuickItem& item, QQuickWindow& window, QSize pix
 
 void PictureDrawing::beginWhenReady() {
     if (!item_.property("ready").toBool() || std::exchange(hasBegun_, true)) return;
-    result_ = std::shared_ptr<QQuickItemGrabResult>(item_.grabToImage(pixels_));
+    result_ = item_.grabToImage(pixels_);
     if (!result_) return finish();
     connect(result_.get(), &QQuickItemGrabResult::ready, this, &PictureDrawing::finish);
 }

@@ -4,9 +4,9 @@
 
 #include <QImage>
 #include <QObject>
+#include <QSharedPointer>
 #include <QSize>
 #include <functional>
-#include <memory>
 
 class QQuickItem;
 class QQuickItemGrabResult;
@@ -33,7 +33,7 @@ private:
     QQuickItem& item_;
     const QSize pixels_;
     const Completion completion_;
-    std::shared_ptr<QQuickItemGrabResult> result_;
+    QSharedPointer<QQuickItemGrabResult> result_;
     bool hasBegun_ = false;
 };
 

@@ -14,11 +14,13 @@
 #include "cli/ProgramVersion.h"
 #include "platform/FileSystem.h"
 #include "platform/Strings.h"
+#include "platform/UserDefaults.h"
 #include "platform/linux/AsioQueues.h"
 #include "platform/linux/LinuxEnvironment.h"
 #include "shell/Life.h"
 #include "shell/QtAudioDevice.h"
 #include "shell/QtMainLoop.h"
+#include "shell/QtWindow.h"
 #include "shell/SelfTest.h"
 #include "shell/SingleInstance.h"
 

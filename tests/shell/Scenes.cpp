@@ -4,27 +4,29 @@
 
 #include "Classes/Event/EventLocalStore.h"
 #include "Classes/Interface/Edit/EventEditViewController.h"
+#include "Classes/Interface/Events/EventDetailViewController.h"
 #include "Classes/Interface/Info/SettingsViewController.h"
 #include "Classes/Interface/Screens/TableScreen.h"
+#include "Classes/Settings/AppSettings.h"
 
 namespace dayward {
 
 namespace {
 
-TableScreen& top(Shell& shell) { return dynamic_cast<TableScreen&>(*shell.navigation().topScreen()); }
+TableScreen& top(Stage& stage) { return dynamic_cast<TableScreen&>(*stage.shell.navigation().topScreen()); }
 
-void tap(Shell& shell, const std::string& row) {
-    const auto path = top(shell).pathOfRow(row);
-    if (!path) throw std::runtime_error("no row " + row + " on the screen " + top(shell).title());
-    top(shell).select(*path);
+void tap(Stage& stage, const std::string& row) {
+    const auto path = top(stage).pathOfRow(row);
+    if (!path) throw std::runtime_error("no row " + row + " on the screen " + top(stage).title());
+    top(stage).select(*path);
 }
 
 /// A screen that is reached from the editor or the settings by taps on rows.
 template <class Root, class... Arguments>
-std::function<void(Shell&)> path(std::vector<std::string> rows, Arguments... arguments) {
-    return [rows = std::move(rows), arguments...](Shell& shell) {
-        shell.navigation().present(std::make_shared<Root>(arguments...));
-        for (const std::string& row : rows) tap(shell, row);
+std::function<void(Stage&)> path(std::vector<std::string> rows, Arguments... arguments) {
+    return [rows = std::move(rows), arguments...](Stage& stage) {
+        stage.shell.navigation().present(std::make_shared<Root>(arguments...));
+        for (const std::string& row : rows) tap(stage, row);
     };
 }
 
@@ -36,10 +38,39 @@ Scene settings(const std::string& name, std::vector<std::string> rows) {
     return {name, path<SettingsViewController>(std::move(rows), SettingsViewController::Services{})};
 }
 
+Scene list(const std::string& name, EventSortType order) {
+    return {name, [order](Stage& stage) {
+                AppSettings::setTableSortType(static_cast<std::int64_t>(order));
+                stage.list.configureDataSources();
+            }};
+}
+
+/// The detail of the event at that place of the list.
+Scene detail(const std::string& name, std::size_t place, bool shares = false) {
+    return {name, [place, shares](Stage& stage) {
+                const auto events = EventLocalStore::shared().allEvents();
+                stage.list.presentDetailsForEventAtIdentifier(events.at(place % events.size())->identifier());
+                const auto& screens = stage.shell.navigation().screens(
+                    stage.shell.hasDetailPane() ? StackId::detail : StackId::root);
+                auto* const shown = dynamic_cast<EventDetailViewController*>(screens.back().get());
+                if (shares && shown != nullptr) shown->shareToolbar()->imageAction();
+            }};
+}
+
 }  // namespace
 
 std::vector<Scene> scenes() {
     return {
+        list("list-by-name", EventSortType::byName),
+        list("list-by-hand", EventSortType::byCustom),
+        list("list", EventSortType::byDate),
+        {"list-search", [](Stage& stage) { stage.list.setSearchText("a"); }},
+        {"list-search-nothing", [](Stage& stage) { stage.list.setSearchText("xyzzy"); }},
+        {"list-editing", [](Stage& stage) { stage.list.setEditing(true); }},
+        detail("detail", 0),
+        detail("detail-2", 2),
+        detail("detail-3", 4),
+        detail("share", 1, true),
         settings("settings", {}),
         settings("settings-defaults", {"defaultValues"}),
         settings("settings-theme", {"theme"}),
@@ -56,15 +87,15 @@ std::vector<Scene> scenes() {
         editor("editor-color", {"textColor"}),
         editor("editor-note", {"note"}),
         {"editor-icon",
-         [](Shell& shell) {
-             shell.navigation().present(std::make_shared<EventEditViewController>());
-             TableScreen& screen = top(shell);
+         [](Stage& stage) {
+             stage.shell.navigation().present(std::make_shared<EventEditViewController>());
+             TableScreen& screen = top(stage);
              screen.tapItem(*screen.pathOfRow("header"), EventHeaderContent::iconPart);
          }},
         {"editor-category",
-         [](Shell& shell) {
-             shell.navigation().present(std::make_shared<EventEditViewController>());
-             TableScreen& screen = top(shell);
+         [](Stage& stage) {
+             stage.shell.navigation().present(std::make_shared<EventEditViewController>());
+             TableScreen& screen = top(stage);
              screen.tapItem(*screen.pathOfRow("header"), EventHeaderContent::categoryPart);
          }},
     };

@@ -5,13 +5,20 @@
 #include <string>
 #include <vector>
 
+#include "Classes/Interface/Events/HHSplitViewController.h"
 #include "shell/Shell.h"
 
 namespace dayward {
 
+/// What the scenes play on.
+struct Stage {
+    Shell& shell;
+    EventListViewController& list;
+};
+
 struct Scene {
     std::string name;
-    std::function<void(Shell&)> show;
+    std::function<void(Stage&)> show;
 };
 
 std::vector<Scene> scenes();

@@ -11,9 +11,8 @@
 #include <iostream>
 
 #include "Classes/App/ArchiveRegistration.h"
-#include "Classes/App/FirstLaunch.h"
-#include "Classes/Interface/Screens/TableScreen.h"
-#include "Classes/Settings/InterfaceSettings.h"
+#include "Classes/App/AppInfo.h"
+#include "Classes/App/AppManager.h"
 #include "intervals/ISODate.h"
 #include "platform/linux/AsioQueues.h"
 #include "platform/linux/LinuxEnvironment.h"
@@ -44,19 +43,22 @@ void settle() {
 }
 
 /// Takes every modal stack away and goes back to the root.
-void reset(Shell& shell) {
+void reset(Stage& stage) {
+    Shell& shell = stage.shell;
+    stage.list.setEditing(false);
+    stage.list.endSearch();
     while (!shell.navigation().modalStacks().empty()) {
         shell.navigation().dismiss(*shell.navigation().screens(shell.navigation().modalStacks().front()).front());
     }
     while (shell.navigation().screens(StackId::root).size() > 1) shell.goBack();
 }
 
-void take(Window& window, const Scene& scene, const std::string& path) {
-    scene.show(window.shell());
+void take(Stage& stage, QtWindow& window, const Scene& scene, const std::string& path) {
+    reset(stage);
+    settle();
+    scene.show(stage);
     settle();
     window.quickWindow()->grabWindow().save(QString::fromStdString(path));
-    reset(window.shell());
-    settle();
 }
 
 LinuxOptions optionsFor(const std::string& home, const std::string& language, std::shared_ptr<Queues> queues) {
@@ -73,7 +75,7 @@ LinuxOptions optionsFor(const std::string& home, const std::string& language, st
     return options;
 }
 
-void takeAll(Window& window, const Wanted& wanted, const std::string& language) {
+void takeAll(Stage& stage, QtWindow& window, const Wanted& wanted, const std::string& language) {
     for (const std::string& size : wanted.sizes) {
         const auto cross = size.find('x');
         window.quickWindow()->resize(std::stoi(size.substr(0, cross)), std::stoi(size.substr(cross + 1)));
@@ -81,7 +83,7 @@ void takeAll(Window& window, const Wanted& wanted, const std::string& language) 
             window.appearance().setDark(theme == "dark");
             for (const Scene& scene : scenes()) {
                 if (!wanted.only.empty() && scene.name.find(wanted.only) == std::string::npos) continue;
-                take(window, scene,
+                take(stage, window, scene,
                      wanted.directory + "/" + size + "-" + theme + "-" + language + "-" + scene.name + ".png");
             }
         }
@@ -96,18 +98,23 @@ void takeLanguage(const Wanted& wanted, const std::string& language) {
     Environment environment(std::move(*services));
     const EnvironmentScope scope(&environment);
     const QtMainLoop loop(queues->mainLoop());
-    CCApp::Information information;
-    information.bundleIdentifier = "dayward";
-    if (const auto launched = performFirstLaunchIfNeeded(environment, information); !launched) {
+    CCApp::setInformation(AppInfo::information("0.1.0"));
+    if (const auto launched = AppManager::performFirstLaunch(); !launched) {
         throw std::runtime_error(launched.error().description());
     }
-    Window window(environment);
+    Shell shell(environment);
+    QtWindow window(environment, shell);
     if (window.quickWindow() == nullptr) throw std::runtime_error("the window cannot be loaded");
     window.appearance().setTextScale(wanted.textScale);
-    window.shell().navigation().setRoot(std::make_shared<ViewController>());
-    window.quickWindow()->show();
+    EventScreensServices screens;
+    screens.share = &shell.shareServices();
+    const HHSplitViewController split(shell.navigation(), screens);
+    window.setRootViewController(split.master());
+    window.makeKeyAndVisible();
     settle();
-    takeAll(window, wanted, language);
+    settle();
+    Stage stage{shell, *split.master()};
+    takeAll(stage, window, wanted, language);
 }
 
 int run(int argc, char** argv) {

@@ -37,7 +37,7 @@ FocusScope {
         height: wantedHeight + radius
         y: sheet.height - wantedHeight * shownPart
         radius: 20
-        color: Theme.raised
+        color: Theme.window
         Loader {
             id: body
             active: false

@@ -5,7 +5,7 @@ import Dayward
 
 // The events, each a row with its picture; changes are animated, the keyboard goes from row to row.
 ListView {
-    id: list
+    id: rowsView
 
     required property EventListModel rows
     required property ListItem screen
@@ -36,10 +36,10 @@ ListView {
     highlightFollowsCurrentItem: false
 
     Binding {
-        target: list.rows
+        target: rowsView.rows
         property: "rowSize"
-        value: Qt.size(Math.round((list.width - 2 * list.inset) * Screen.devicePixelRatio), Math.round(list.rowHeight * Screen.devicePixelRatio))
-        when: list.width > 100
+        value: Qt.size(Math.round((rowsView.width - 2 * rowsView.inset) * Screen.devicePixelRatio), Math.round(rowsView.rowHeight * Screen.devicePixelRatio))
+        when: rowsView.width > 100
     }
     onContentYChanged: rows.offset = contentY - originY
     onDragEnded: screen.endDrag(flicking)
@@ -70,14 +70,14 @@ ListView {
     ScrollBar.vertical: ScrollBar {}
 
     header: Item {
-        width: list.width
+        width: rowsView.width
         height: 0
         UiText {
             anchors.bottom: parent.top
             anchors.bottomMargin: 24
             anchors.horizontalCenter: parent.horizontalCenter
-            opacity: Math.min(1, Math.max(0, (-list.contentY + list.originY - 40) / 80))
-            text: Theme.tr(list.contentY - list.originY < -150 ? "Release to clear" : "Pull to clear")
+            opacity: Math.min(1, Math.max(0, (-rowsView.contentY + rowsView.originY - 40) / 80))
+            text: Theme.tr(rowsView.contentY - rowsView.originY < -150 ? "Release to clear" : "Pull to clear")
             color: Theme.secondaryText
             font.pixelSize: Theme.small
         }
@@ -136,7 +136,7 @@ ListView {
         DelegateChoice {
             roleValue: "event"
             EventRow {
-                list: list
+                list: rowsView
             }
         }
     }

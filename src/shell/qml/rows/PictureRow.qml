@@ -1,15 +1,41 @@
 import QtQuick
+import QtQuick.Controls
 import Dayward
 
-// A label with a picture.
+// A label with a picture; without a label the picture alone, large.
 RowFrame {
     id: frame
+    showsHead: row.label.length > 0
+    takesFocus: row.tappable
     trailing: Component {
         Picture {
             width: 56
             height: 40
             radius: 8
             key: frame.row.content.picture ?? ""
+            Rectangle {
+                anchors.fill: parent
+                radius: 8
+                color: "transparent"
+                border.width: 1
+                border.color: Theme.separator
+            }
+        }
+    }
+    Item {
+        visible: !frame.showsHead
+        width: parent.width
+        height: visible ? 240 : 0
+        Picture {
+            anchors.fill: parent
+            anchors.topMargin: 12
+            whole: true
+            key: parent.visible ? (frame.row.content.picture ?? "") : ""
+        }
+        BusyIndicator {
+            anchors.centerIn: parent
+            running: visible
+            visible: parent.visible && (frame.row.content.picture ?? "").length === 0
         }
     }
 }
