@@ -74,7 +74,9 @@ bool Appearance::isRightToLeft() const { return QLocale(localeName()).textDirect
 
 QString Appearance::family() const { return QString::fromLatin1(kInterfaceFamily); }
 
-QFont Appearance::font(const QString& name, int pixelSize) const { return fontNamed(name.toStdString(), pixelSize); }
+QFont Appearance::font(const QString& name, int pixelSize, const QString& forText) const {
+    return fontNamed(name.toStdString(), pixelSize, forText);
+}
 
 QString Appearance::text(const QString& english) const { return qtText(localized(english.toStdString())); }
 

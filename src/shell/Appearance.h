@@ -49,8 +49,8 @@ public:
     void setDark(bool dark);
     void setTextScale(qreal scale);
 
-    /// A font of the gallery by its name; the interface's own for an empty one.
-    Q_INVOKABLE QFont font(const QString& name, int pixelSize) const;
+    /// A font of the gallery by its name, able to write the text; the interface's own for an empty one.
+    Q_INVOKABLE QFont font(const QString& name, int pixelSize, const QString& forText = {}) const;
     /// A text of the interface in the user's language, by its English one.
     Q_INVOKABLE QString text(const QString& english) const;
 

@@ -37,7 +37,10 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
         return role == KindRole ? QVariant(data.kind) : QVariant::fromValue(data);
     }
     const TableRow& row = section.rows[static_cast<std::size_t>(place.row)];
-    if (role == KindRole) return nameOfKind(row.kind);
+    if (role == KindRole) {
+        kinds_[row.id] = row.kind;
+        return nameOfKind(row.kind);
+    }
     return QVariant::fromValue(TableRowData(row, pictures_));
 }
 
@@ -91,6 +94,14 @@ void TableModel::dragRow(int from, int to) {
     const IndexPath target = *pathAt(to);
     moveItems(from, 1, to, [&] { screen_.moveRow(source, target); });
     edgesDidChange(source.section);
+}
+
+void TableModel::reloadRow(IndexPath path) {
+    const TableRow& row = screen_.row(path);
+    const auto drawn = kinds_.find(row.id);
+    if (drawn == kinds_.end() || drawn->second == row.kind) return rowDidChange(path, {RowRole});
+    rowDeleted(path);
+    rowInserted(path);
 }
 
 int TableModel::placeOfRow(const QString& rowId) const {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
+#include <map>
+#include <string>
 
 #include "Classes/Interface/Screens/TableScreen.h"
 #include "shell/SectionedModel.h"
@@ -17,7 +19,7 @@ class TableModel final : public SectionedModelOf<TableUpdates> {
 public:
     enum Role {
         RowRole = Qt::UserRole,  ///< TableRowData
-        KindRole,                ///< its kind, which stays
+        KindRole,                ///< its kind, which stays while the row does
         FirstRole,               ///< first of its section
         LastRole,                ///< last of its section
     };
@@ -42,8 +44,8 @@ public:
     /// The place of the row with that id; -1 where there is none.
     Q_INVOKABLE [[nodiscard]] int placeOfRow(const QString& rowId) const;
 
-    /// The row's kind, and so what draws it, stays.
-    void reloadRow(IndexPath path) override { rowDidChange(path, {RowRole}); }
+    /// A row of another kind than before comes as a new one: something else draws it.
+    void reloadRow(IndexPath path) override;
 
 private:
     [[nodiscard]] std::vector<int> countRows() const override;
@@ -51,6 +53,7 @@ private:
 
     TableScreen& screen_;
     Pictures& pictures_;
+    mutable std::map<std::string, RowKind> kinds_;  ///< of the rows that are drawn, by their ids
 };
 
 }  // namespace dayward

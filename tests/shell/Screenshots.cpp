@@ -50,6 +50,9 @@ void reset(Stage& stage) {
     while (!shell.navigation().modalStacks().empty()) {
         shell.navigation().dismiss(*shell.navigation().screens(shell.navigation().modalStacks().front()).front());
     }
+    for (const StackId stack : {StackId::root, StackId::detail}) {
+        if (const auto panel = shell.navigation().panel(stack)) shell.navigation().dismissPanel(*panel);
+    }
     while (shell.navigation().screens(StackId::root).size() > 1) shell.goBack();
 }
 

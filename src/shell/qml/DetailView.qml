@@ -12,7 +12,7 @@ FocusScope {
     property bool interactive: false
     signal noteTapped
 
-    readonly property bool ready: background.status !== Image.Loading && icon.status !== Image.Loading
+    readonly property bool ready: background.loaded && icon.loaded
     readonly property color clear: Qt.rgba(look.scrim.r, look.scrim.g, look.scrim.b, look.scrim.a * 0.85)
     readonly property bool roomy: height > 520
     readonly property int columnWidth: Math.min(width - 40, 620)
@@ -28,6 +28,7 @@ FocusScope {
     Picture {
         id: background
         anchors.fill: parent
+        fades: view.interactive
         key: view.look.background
     }
     Rectangle {
@@ -63,6 +64,7 @@ FocusScope {
                 width: Math.min(132, Math.max(64, view.height * 0.15))
                 height: width
                 whole: true
+                fades: view.interactive
                 key: view.look.icon
             }
             FittedText {
@@ -75,7 +77,7 @@ FocusScope {
             UiText {
                 width: parent.width
                 text: view.look.date
-                font: Appearance.font(view.look.fontName, Theme.headline)
+                font: Appearance.font(view.look.fontName, Theme.headline, view.look.date)
                 color: view.look.textColor
                 horizontalAlignment: Text.AlignHCenter
                 wrapMode: Text.Wrap

@@ -93,7 +93,7 @@ Item {
             UiText {
                 width: parent.width
                 text: look.title
-                font: Appearance.font(look.fontName, Theme.headline)
+                font: Appearance.font(look.fontName, Theme.headline, look.title)
                 color: look.textColor
                 elide: Text.ElideRight
                 maximumLineCount: 1

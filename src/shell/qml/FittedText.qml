@@ -14,7 +14,7 @@ Item {
 
     function fittingSize(): int {
         for (const size of sizes) {
-            metrics.font = Appearance.font(fontName, size * Theme.scale)
+            metrics.font = Appearance.font(fontName, size * Theme.scale, text)
             if (metrics.boundingRect(text).width <= width)
                 return size * Theme.scale
         }
@@ -29,7 +29,7 @@ Item {
         width: parent.width
         text: root.text
         color: root.color
-        font: Appearance.font(root.fontName, root.fitted)
+        font: Appearance.font(root.fontName, root.fitted, root.text)
         horizontalAlignment: Text.AlignHCenter
         wrapMode: Text.Wrap
     }

@@ -3,9 +3,13 @@ import Dayward
 
 // A picture by the key that its row gives, cut to its place (or kept whole in it), with round corners.
 Image {
+    id: root
+
     property string key
     property int radius: 0
     property bool whole: false
+    property bool fades: true
+    readonly property bool loaded: key.length === 0 || status === Image.Ready || status === Image.Error
 
     readonly property real ratio: Screen.devicePixelRatio
     readonly property bool hasSize: width >= 1 && height >= 1
@@ -16,6 +20,7 @@ Image {
     fillMode: Image.Stretch
     opacity: status === Image.Ready ? 1 : 0
     Behavior on opacity {
+        enabled: root.fades
         NumberAnimation {
             duration: Theme.quick
         }

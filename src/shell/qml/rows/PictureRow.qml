@@ -2,10 +2,11 @@ import QtQuick
 import QtQuick.Controls
 import Dayward
 
-// A label with a picture; without a label the picture alone, large.
+// A label with a picture: small beside a label that does something, else large below it.
 RowFrame {
     id: frame
-    showsHead: row.label.length > 0
+    showsHead: !large
+    readonly property bool large: !row.tappable
     takesFocus: row.tappable
     trailing: Component {
         Picture {
@@ -23,7 +24,7 @@ RowFrame {
         }
     }
     Item {
-        visible: !frame.showsHead
+        visible: frame.large
         width: parent.width
         height: visible ? 240 : 0
         Picture {
