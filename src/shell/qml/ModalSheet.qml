@@ -35,6 +35,7 @@ Popup {
     }
     contentItem: ScreenStack {
         stack: sheet.stack
+        radius: sheet.isPage ? 0 : 18
         focus: true
         // Pages are cut to the sheet's round corners.
         clip: true

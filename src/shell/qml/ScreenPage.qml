@@ -8,6 +8,7 @@ FocusScope {
     required property ScreenItem screen
     property bool canGoBack: false
     property bool isPanel: false
+    property int radius: 0
 
     // A page that fills the whole of the screen draws its bar itself.
     readonly property bool ownsBar: screen.page === "detail"
@@ -22,6 +23,7 @@ FocusScope {
         anchors.fill: parent
         color: Theme.window
         visible: !page.isPanel
+        radius: page.radius
     }
     Loader {
         id: body

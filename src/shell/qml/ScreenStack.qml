@@ -7,8 +7,8 @@ FocusScope {
     id: root
 
     required property StackItem stack
-    // A stack whose lowest screen can be left by Back as well.
-    property bool rootCanGoBack: false
+    // Of the pages' corners.
+    property int radius: 0
 
     function sync() {
         const wanted = root.stack.screens
@@ -31,7 +31,8 @@ FocusScope {
             const animated = view.depth > 0 && index === wanted.length - 1
             view.push(page, {
                 "screen": wanted[index],
-                "canGoBack": index > 0 || root.rootCanGoBack
+                "canGoBack": index > 0,
+                "radius": Qt.binding(() => root.radius)
             }, animated ? StackView.PushTransition : StackView.Immediate)
         }
     }

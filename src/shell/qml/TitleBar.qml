@@ -85,9 +85,13 @@ FocusScope {
         }
         UiText {
             id: caption
-            readonly property real side: Math.max(leading.width, trailing.width) + 8
-            anchors.centerIn: parent
-            width: parent.width - 2 * side
+            // In the middle of the bar, or of what the buttons leave where that is too narrow.
+            readonly property real left: leading.width + 8
+            readonly property real right: parent.width - trailing.width - 8
+            readonly property bool fits: implicitWidth <= parent.width - 2 * Math.max(left, parent.width - right)
+            anchors.verticalCenter: parent.verticalCenter
+            width: Math.min(Math.ceil(implicitWidth), right - left)
+            x: fits ? (parent.width - width) / 2 : left + (right - left - width) / 2
             text: bar.title
             color: Theme.text
             font.pixelSize: Theme.headline

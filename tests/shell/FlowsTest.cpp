@@ -1,0 +1,167 @@
+// What a user does with the window, by mouse and keyboard, drawn without a display.
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+
+#include "Classes/Event/EventLocalStore.h"
+#include "Classes/Interface/Edit/EventEditViewController.h"
+#include "Classes/Interface/Info/SettingsViewController.h"
+#include "shell/ListItem.h"
+#include "shell/SelfTest.h"
+#include "shell/ShellFixture.h"
+
+namespace dayward {
+
+class Flows : public ShellFixture {
+protected:
+    Flows() : shell(*environment), window(*environment, shell), split(shell.navigation()) {
+        quick = window.quickWindow();
+        if (quick == nullptr) throw std::runtime_error("the window cannot be loaded");
+        quick->resize(400, 800);
+        window.setRootViewController(split.master());
+        window.makeKeyAndVisible();
+        EXPECT_TRUE(until([&] { return quick->isExposed(); }));
+    }
+
+    /// A visible item in the window that is spoken or labelled so.
+    [[nodiscard]] QQuickItem* item(const QString& text) const { return itemIn(quick->contentItem(), text); }
+    static QQuickItem* itemIn(QQuickItem* parent, const QString& text) {
+        // What lies on top comes last.
+        const QList<QQuickItem*> children = parent->childItems();
+        for (auto child = children.crbegin(); child != children.crend(); ++child) {
+            if (!(*child)->isVisible()) continue;
+            if (QQuickItem* found = itemIn(*child, text)) return found;
+            if ((*child)->property("text").toString() == text && (*child)->width() > 0) return *child;
+        }
+        return nullptr;
+    }
+    void click(const QString& text) {
+        ASSERT_TRUE(until([&] { return item(text) != nullptr; })) << text.toStdString();
+        settle();
+        QQuickItem* const target = item(text);
+        const QPointF middle = target->mapToScene({target->width() / 2, target->height() / 2});
+        QTest::mouseClick(quick, Qt::LeftButton, {}, middle.toPoint());
+    }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(quick, key, modifiers); }
+    void type(const QString& text) {
+        for (const QChar letter : text) QTest::keyClick(quick, letter.toLatin1());
+    }
+    /// Lets the moves of pages and rows end.
+    static void settle() { QTest::qWait(350); }
+    [[nodiscard]] static std::vector<std::string> names() {
+        std::vector<std::string> all;
+        for (const auto& event : EventLocalStore::shared().allEvents()) all.push_back(event->name().value_or(""));
+        return all;
+    }
+    bool topIs(const std::string& title) {
+        return until([&] { return shell.navigation().topScreen()->title() == title; });
+    }
+    void addEvent(const QString& name) {
+        press(Qt::Key_N, Qt::ControlModifier);
+        EXPECT_TRUE(topIs("New event"));
+        settle();
+        click(QStringLiteral("Event name"));
+        type(name);
+        click(QStringLiteral("Done"));
+        EXPECT_TRUE(until([&] { return shell.navigation().modalStacks().empty(); }));
+    }
+
+    Shell shell;
+    QtWindow window;
+    HHSplitViewController split;
+    QQuickWindow* quick = nullptr;
+};
+
+TEST_F(Flows, addsAnEventByTyping) {
+    addEvent(QStringLiteral("Concert"));
+    EXPECT_EQ(names(), std::vector<std::string>{"Concert"});
+    // The new event is shown, and Back leads to its row.
+    EXPECT_TRUE(until([&] { return shell.navigation().screens(StackId::root).size() == 2; }));
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(topIs("Events"));
+    EXPECT_TRUE(until([&] { return item(QStringLiteral("Concert")) != nullptr; }));
+}
+
+TEST_F(Flows, cancelsWithEscapeAndChangesNothing) {
+    press(Qt::Key_N, Qt::ControlModifier);
+    ASSERT_TRUE(topIs("New event"));
+    settle();
+    click(QStringLiteral("Event name"));
+    type(QStringLiteral("Nothing"));
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(until([&] { return shell.navigation().modalStacks().empty(); }));
+    EXPECT_TRUE(names().empty());
+}
+
+TEST_F(Flows, deletesByKeyboardAndTakesItBack) {
+    addEvent(QStringLiteral("Concert"));
+    settle();
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(topIs("Events"));
+    settle();
+    press(Qt::Key_Down);
+    press(Qt::Key_Delete);
+    ASSERT_TRUE(until([&] { return names().empty(); }));
+    settle();
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(until([&] { return names() == std::vector<std::string>{"Concert"}; }));
+}
+
+TEST_F(Flows, searchesFromTheKeyboard) {
+    addEvent(QStringLiteral("Concert"));
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(topIs("Events"));
+    settle();
+    press(Qt::Key_F, Qt::ControlModifier);
+    type(QStringLiteral("zzz"));
+    EXPECT_EQ(split.master()->searchText(), "zzz");
+    EXPECT_TRUE(split.master()->emptyAdvice().has_value());
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(split.master()->isSearching());
+}
+
+TEST_F(Flows, opensAScreenOfSettingsAndGoesBackByMouse) {
+    press(Qt::Key_Comma, Qt::ControlModifier);
+    ASSERT_TRUE(topIs("Settings"));
+    settle();
+    click(QStringLiteral("Theme"));
+    ASSERT_TRUE(topIs("Theme"));
+    settle();
+    click(QStringLiteral("Dark"));
+    EXPECT_TRUE(window.appearance().isDark());
+    click(QStringLiteral("Back"));
+    ASSERT_TRUE(topIs("Settings"));
+    settle();
+    click(QStringLiteral("Done"));
+    EXPECT_TRUE(topIs("Events"));
+}
+
+TEST_F(Flows, putsListAndDetailSideBySideInAWideWindow) {
+    addEvent(QStringLiteral("Concert"));
+    ASSERT_TRUE(until([&] { return shell.navigation().screens(StackId::root).size() == 2; }));
+    quick->resize(1200, 800);
+    ASSERT_TRUE(until([&] { return shell.hasDetailPane(); }));
+    EXPECT_EQ(shell.navigation().screens(StackId::root).size(), 1U);
+    EXPECT_EQ(shell.navigation().screens(StackId::detail).size(), 1U);
+    settle();
+    quick->resize(400, 800);
+    ASSERT_TRUE(until([&] { return !shell.hasDetailPane(); }));
+    EXPECT_EQ(shell.navigation().screens(StackId::root).size(), 2U);
+}
+
+TEST_F(Flows, asksAndTakesTheAnswer) {
+    int answered = 0;
+    shell.navigation().alert({"Delete event?",
+                              "It cannot be undone.",
+                              {{"Cancel", AlertButton::Role::cancel, [&] { answered = 1; }},
+                               {"Delete", AlertButton::Role::destructive, [&] { answered = 2; }}}});
+    settle();
+    click(QStringLiteral("Delete"));
+    EXPECT_TRUE(until([&] { return answered == 2; }));
+    shell.navigation().alert({"Again?", "", {{"Cancel", AlertButton::Role::cancel, [&] { answered = 3; }}}});
+    settle();
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(until([&] { return answered == 3; }));
+}
+
+}  // namespace dayward

@@ -1,0 +1,73 @@
+// Pictures fitted to their places, and fonts that have the letters.
+#include <QFontInfo>
+#include <QGuiApplication>
+
+#include "shell/Fonts.h"
+#include "shell/QtImages.h"
+#include "shell/ShellFixture.h"
+
+namespace dayward {
+
+namespace {
+
+/// Red on the left half, blue on the right.
+std::shared_ptr<const Image> halves(int width, int height) {
+    Data bytes;
+    for (int pixel = 0; pixel < width * height; ++pixel) {
+        const bool isLeft = pixel % width < width / 2;
+        for (const int part : {isLeft ? 255 : 0, 0, isLeft ? 0 : 255, 255}) {
+            bytes.push_back(static_cast<std::uint8_t>(part));
+        }
+    }
+    return std::make_shared<const Image>(width, height, std::move(bytes));
+}
+
+}  // namespace
+
+class PicturesOfTheShell : public ShellFixture {};
+
+TEST_F(PicturesOfTheShell, fillTheirPlaceOrStandWholeInIt) {
+    Pictures pictures;
+    ASSERT_EQ(pictures.add({"a/b c", [] { return halves(400, 100); }}), "a%2Fb%20c");
+    const QImage filled = pictures.picture("a/b c", {{50, 50}, Pictures::Fit::fill, 0});
+    EXPECT_EQ(filled.size(), QSize(50, 50));
+    EXPECT_EQ(filled.pixelColor(2, 2), QColor(Qt::red));
+    EXPECT_EQ(filled.pixelColor(47, 47), QColor(Qt::blue));
+    const QImage whole = pictures.picture("a/b c", {{50, 50}, Pictures::Fit::inside, 0});
+    EXPECT_EQ(whole.pixelColor(25, 2).alpha(), 0);
+    EXPECT_EQ(whole.pixelColor(4, 25), QColor(Qt::red));
+    const QImage rounded = pictures.picture("a/b c", {{50, 50}, Pictures::Fit::fill, 20});
+    EXPECT_EQ(rounded.pixelColor(0, 0).alpha(), 0);
+    EXPECT_EQ(rounded.pixelColor(10, 25), QColor(Qt::red));
+}
+
+TEST_F(PicturesOfTheShell, areReadOnceForAPlaceAndAreNothingWhereTheyCannotBe) {
+    Pictures pictures;
+    int reads = 0;
+    pictures.add({"a", [&reads] { return ++reads, halves(10, 10); }});
+    pictures.add({"broken", [] { return std::shared_ptr<const Image>(); }});
+    EXPECT_EQ(pictures.picture("a", {{5, 5}}), pictures.picture("a", {{5, 5}}));
+    EXPECT_EQ(reads, 1);
+    pictures.remove("a");
+    EXPECT_TRUE(pictures.picture("a", {{5, 5}}).isNull());
+    EXPECT_TRUE(pictures.picture("broken", {{5, 5}}).isNull());
+    EXPECT_TRUE(pictures.picture("unknown", {{5, 5}}).isNull());
+    EXPECT_TRUE(pictures.add({"", {}}).isEmpty());
+}
+
+TEST_F(PicturesOfTheShell, keepTheirPixelsOnTheWayToQtAndBack) {
+    const auto image = halves(3, 2);
+    EXPECT_EQ(coreImage(qtImage(*image)), *image);
+    EXPECT_TRUE(qtImage(Image()).isNull());
+}
+
+TEST_F(PicturesOfTheShell, fontsChangeForLettersThatTheyDoNotHave) {
+    const QStringList latin = fontNamed("ChalkboardSE-Bold", 20, "Birthday").families();
+    const QStringList cyrillic = fontNamed("ChalkboardSE-Bold", 20, "День").families();
+    EXPECT_EQ(latin.front(), "Comic Neue");
+    EXPECT_NE(cyrillic.front(), "Comic Neue");
+    EXPECT_EQ(fontNamed("", 20).family(), kInterfaceFamily);
+    EXPECT_EQ(fontNamed("no such font", 0).pixelSize(), 1);
+}
+
+}  // namespace dayward
