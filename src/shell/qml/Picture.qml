@@ -15,7 +15,7 @@ Image {
     readonly property bool hasSize: width >= 1 && height >= 1
 
     asynchronous: true
-    sourceSize: hasSize ? Qt.size(Math.ceil(width), Math.ceil(height)) : Qt.size(1, 1)
+    sourceSize: Qt.size(Math.ceil(width), Math.ceil(height))
     source: key.length > 0 && hasSize ? "image://pictures/" + (whole ? "inside" : "fill") + "/" + Math.round(radius * ratio) + "/" + key : ""
     fillMode: Image.Stretch
     opacity: status === Image.Ready ? 1 : 0

@@ -35,6 +35,7 @@ FocusScope {
     Component {
         id: table
         TableBody {
+            focus: true
             rows: page.screen.rows
             compact: page.isPanel
         }
@@ -42,12 +43,14 @@ FocusScope {
     Component {
         id: list
         ListPage {
+            focus: true
             screen: page.screen as ListItem
         }
     }
     Component {
         id: detail
         DetailPage {
+            focus: true
             screen: page.screen as DetailItem
             canGoBack: page.canGoBack
         }

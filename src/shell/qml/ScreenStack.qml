@@ -11,6 +11,8 @@ FocusScope {
     property int radius: 0
 
     function sync() {
+        if (!root.stack)
+            return
         const wanted = root.stack.screens
         let common = 0
         while (common < view.depth && common < wanted.length && view.get(common, StackView.ForceLoad).screen === wanted[common])
@@ -89,6 +91,6 @@ FocusScope {
     }
     PanelSheet {
         anchors.fill: parent
-        panel: root.stack.panel
+        panel: root.stack?.panel ?? null
     }
 }

@@ -86,12 +86,12 @@ FocusScope {
         UiText {
             id: caption
             // In the middle of the bar, or of what the buttons leave where that is too narrow.
-            readonly property real left: leading.width + 8
-            readonly property real right: parent.width - trailing.width - 8
-            readonly property bool fits: implicitWidth <= parent.width - 2 * Math.max(left, parent.width - right)
+            readonly property real start: leading.width + 8
+            readonly property real end: parent.width - trailing.width - 8
+            readonly property bool fits: implicitWidth <= parent.width - 2 * Math.max(start, parent.width - end)
             anchors.verticalCenter: parent.verticalCenter
-            width: Math.min(Math.ceil(implicitWidth), right - left)
-            x: fits ? (parent.width - width) / 2 : left + (right - left - width) / 2
+            width: Math.min(Math.ceil(implicitWidth), end - start)
+            x: fits ? (parent.width - width) / 2 : start + (end - start - width) / 2
             text: bar.title
             color: Theme.text
             font.pixelSize: Theme.headline
