@@ -25,7 +25,8 @@ namespace dayward {
 namespace {
 
 constexpr const char* kNow = "2026-03-10T12:00:00";
-constexpr int kSettleMilliseconds = 500;
+constexpr int kQuietMilliseconds = 250;
+constexpr int kLongestMilliseconds = 8000;
 
 struct Wanted {
     std::string directory;
@@ -36,10 +37,17 @@ struct Wanted {
     double textScale = 1;
 };
 
-void settle() {
+/// Until nothing has been drawn anew for a while: the moves are over and the pictures there.
+void settle(QQuickWindow& window) {
     QElapsedTimer clock;
     clock.start();
-    while (clock.elapsed() < kSettleMilliseconds) QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    qint64 lastFrame = 0;
+    const auto frames =
+        QObject::connect(&window, &QQuickWindow::frameSwapped, &window, [&] { lastFrame = clock.elapsed(); });
+    while (clock.elapsed() - lastFrame < kQuietMilliseconds && clock.elapsed() < kLongestMilliseconds) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    }
+    QObject::disconnect(frames);
 }
 
 /// Takes every modal stack away and goes back to the root.
@@ -58,9 +66,9 @@ void reset(Stage& stage) {
 
 void take(Stage& stage, QtWindow& window, const Scene& scene, const std::string& path) {
     reset(stage);
-    settle();
+    settle(*window.quickWindow());
     scene.show(stage);
-    settle();
+    settle(*window.quickWindow());
     window.quickWindow()->grabWindow().save(QString::fromStdString(path));
 }
 
@@ -114,8 +122,7 @@ void takeLanguage(const Wanted& wanted, const std::string& language) {
     const HHSplitViewController split(shell.navigation(), screens);
     window.setRootViewController(split.master());
     window.makeKeyAndVisible();
-    settle();
-    settle();
+    settle(*window.quickWindow());
     Stage stage{shell, *split.master()};
     takeAll(stage, window, wanted, language);
 }

@@ -72,7 +72,7 @@ Item {
                 text: head.row.detail
                 font: head.row.fontName.length > 0 ? Appearance.font(head.row.fontName, Theme.body) : Qt.font({
                     "family": Theme.family,
-                    "pixelSize": head.stacked ? Theme.small : Theme.body
+                    "pixelSize": Theme.body
                 })
                 color: Theme.secondaryText
                 wrapMode: Text.Wrap
