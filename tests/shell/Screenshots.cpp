@@ -25,7 +25,8 @@ namespace dayward {
 namespace {
 
 constexpr const char* kNow = "2026-03-10T12:00:00";
-constexpr int kQuietMilliseconds = 250;
+constexpr int kShortestMilliseconds = 800;
+constexpr int kQuietMilliseconds = 300;
 constexpr int kLongestMilliseconds = 8000;
 
 struct Wanted {
@@ -44,7 +45,8 @@ void settle(QQuickWindow& window) {
     qint64 lastFrame = 0;
     const auto frames =
         QObject::connect(&window, &QQuickWindow::frameSwapped, &window, [&] { lastFrame = clock.elapsed(); });
-    while (clock.elapsed() - lastFrame < kQuietMilliseconds && clock.elapsed() < kLongestMilliseconds) {
+    const auto isQuiet = [&] { return clock.elapsed() - lastFrame > kQuietMilliseconds; };
+    while (clock.elapsed() < kShortestMilliseconds || (!isQuiet() && clock.elapsed() < kLongestMilliseconds)) {
         QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
     }
     QObject::disconnect(frames);

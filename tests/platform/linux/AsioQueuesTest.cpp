@@ -124,6 +124,28 @@ TEST_F(RealQueues, theMainQueueRunsInTheLoopOfItsThread) {
     EXPECT_THAT(seen, ElementsAre(std::this_thread::get_id(), std::this_thread::get_id()));
 }
 
+TEST(AsioQueues, wakeALoopOfTheMainThreadsOwn) {
+    AsioQueues queues;
+    int wakes = 0, runs = 0;
+    queues.main().async([&] { ++runs; });
+    queues.mainLoop().setWake([&] { ++wakes; });
+    EXPECT_EQ(wakes, 1) << "what waited before";
+    queues.main().async([&] {
+        ++runs;
+        queues.main().async([&] { ++runs; });
+        queues.mainLoop().runQueued();
+        EXPECT_EQ(runs, 2) << "not from within a block";
+    });
+    EXPECT_EQ(wakes, 2);
+    queues.mainLoop().runQueued();
+    EXPECT_EQ(runs, 3);
+    queues.mainLoop().setWake(nullptr);
+    const int before = wakes;
+    queues.main().async([] {});
+    EXPECT_EQ(wakes, before);
+    queues.mainLoop().runQueued();
+}
+
 TEST_F(RealQueues, delaysPassBeforeTheirBlocksRunAlsoWhileThePoolIsBusy) {
     const auto begun = std::chrono::steady_clock::now();
     std::promise<void> second;
