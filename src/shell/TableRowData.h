@@ -21,7 +21,7 @@ class TableRowData {
     Q_PROPERTY(QString detail MEMBER detail)
     Q_PROPERTY(QString fontName MEMBER fontName)
     Q_PROPERTY(QString spoken MEMBER spoken)
-    Q_PROPERTY(QVariantMap content MEMBER content)
+    Q_PROPERTY(QVariant content MEMBER content)
     Q_PROPERTY(bool hasSwitch MEMBER hasSwitch)
     Q_PROPERTY(bool on MEMBER on)
     Q_PROPERTY(bool canOpen MEMBER canOpen)
@@ -42,7 +42,7 @@ public:
     TableRowData(QString itsKind, const std::string& text);
 
     QString kind, rowId, label, detail, fontName, spoken;
-    QVariantMap content;  ///< by the kind
+    QVariant content = QVariantMap();  ///< a map, by the kind
     bool hasSwitch = false, on = false, canOpen = false, open = false, checked = false, emphasized = false,
          inherited = false, enabled = true, tappable = false, opensScreen = false, canDelete = false, canMove = false;
 };

@@ -9,7 +9,8 @@ Item {
 
     required property eventRow row
     required property int index
-    required property ListView list
+    // The list that shows it; its own type would refer to this one.
+    required property var list
 
     readonly property bool isHeader: false
     readonly property bool selected: list.screen.selectedKey.length > 0 && list.screen.selectedKey === row.eventKey
