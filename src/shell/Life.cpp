@@ -12,6 +12,7 @@
 #include "platform/Log.h"
 #include "shell/QtWindow.h"
 #include "shell/SingleInstance.h"
+#include "shell/TerminationSignals.h"
 
 namespace dayward {
 
@@ -34,6 +35,7 @@ bool Life::run(Environment& environment, const LaunchOptions& launch, SingleInst
     const auto delegate = std::make_shared<AppDelegate>(AppServices{}, [&split] { return split.master(); });
     delegate->setWindow(&window);
     followWindow();
+    const TerminationSignals termination([this] { close(); });
     application_.launch(delegate, launch);
     instance.setHandler([this](const QStringList& arguments) { takeStart(arguments); });
     QCoreApplication::exec();
@@ -47,8 +49,9 @@ void Life::followWindow() {
     QQuickWindow* const window = window_->quickWindow();
     connect(window, &QWindow::visibilityChanged, this, [this](QWindow::Visibility visibility) {
         const bool shown = visibility != QWindow::Hidden && visibility != QWindow::Minimized;
-        if (std::exchange(isShown_, shown) == shown) return;
-        shown ? application_.windowDidShow() : application_.windowDidHide();
+        if (std::exchange(isShown_, shown) != shown) {
+            shown ? application_.windowDidShow() : application_.windowDidHide();
+        }
         if (visibility == QWindow::Hidden) end();
     });
 }
@@ -58,6 +61,12 @@ void Life::end() {
     application_.whenBackgroundTasksEnd([this] {
         if (!isShown_) QCoreApplication::quit();
     });
+}
+
+/// Asked to end from outside, the program goes the way of a closed window.
+void Life::close() {
+    if (!window_->quickWindow()->isVisible()) return end();
+    window_->quickWindow()->hide();
 }
 
 void Life::takeStart(const QStringList& arguments) {

@@ -36,6 +36,7 @@ private slots:
 private:
     void followWindow();
     void takeStart(const QStringList& arguments);
+    void close();
     void end();
 
     DesktopApplication application_;
