@@ -1,0 +1,141 @@
+#!/usr/bin/python3
+"""The application as a user has it: a window on a display, a session bus, keys from a keyboard, the command
+line beside it on the same home.
+
+Use: test_whole_program.py DAYWARD-APP DAYWARD. Ends with 77 where there is no display server or bus to start."""
+import array
+import collections
+import json
+import os
+import pathlib
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+NEEDED = ("Xvfb", "xvfb-run", "dbus-run-session", "xdotool")
+PATIENCE = 20
+APPLICATION = PROGRAM = None
+
+
+def wait_for(what, condition):
+    end = time.monotonic() + PATIENCE
+    while True:
+        found = condition()
+        if found:
+            return found
+        if time.monotonic() > end:
+            raise AssertionError(f"{what}: not after {PATIENCE} s")
+        time.sleep(0.1)
+
+
+def output(*command):
+    return subprocess.run(command, capture_output=True, timeout=PATIENCE).stdout
+
+
+class WholeProgram(unittest.TestCase):
+    def setUp(self):
+        directory = tempfile.TemporaryDirectory(prefix="dayward-test-")
+        self.addCleanup(directory.cleanup)
+        self.home = pathlib.Path(directory.name) / "home"
+        self.started = []
+        self.addCleanup(self.end_all)
+        self.application = self.start()
+        self.window = wait_for("the window", self.visible_window)
+        wait_for("the first picture", lambda: len(self.colors()) > 200)
+
+    def end_all(self):
+        for process in self.started:
+            process.kill()
+            process.communicate()
+
+    def start(self, *arguments):
+        process = subprocess.Popen([APPLICATION, "--home", str(self.home), *arguments], text=True,
+                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        self.started.append(process)
+        return process
+
+    def visible_window(self):
+        found = output("xdotool", "search", "--onlyvisible", "--name", "^Dayward$").split()
+        return found[0] if found else None
+
+    def colors(self):
+        """How many pixels of each colour the display shows."""
+        screen = pathlib.Path(os.environ["DAYWARD_TEST_SCREEN"], "Xvfb_screen0").read_bytes()
+        return collections.Counter(array.array("I", screen[:len(screen) // 4 * 4]))
+
+    def settle(self):
+        before = None
+        while before != (before := self.colors()):
+            time.sleep(0.15)
+
+    def magenta(self):
+        """How many pixels are between white and pure magenta, where the row's gradient puts them."""
+        channels = ((color >> 16 & 255, color >> 8 & 255, color & 255, count) for color, count in self.colors().items())
+        return sum(count for red, green, blue, count in channels if red == blue and red > green + 40)
+
+    def command(self, *arguments):
+        done = subprocess.run([PROGRAM, "--home", str(self.home), "--json", *arguments], capture_output=True,
+                              text=True, timeout=PATIENCE)
+        self.assertEqual((done.returncode, done.stderr), (0, ""), arguments)
+        return json.loads(done.stdout)
+
+    def event(self, name):
+        sections = self.command("list")["sections"]
+        return next((event for section in sections for event in section["events"] if event["name"] == name), None)
+
+    def keys(self, *keys):
+        output("xdotool", "windowfocus", "--sync", self.window)
+        output("xdotool", "key", "--delay", "60", *keys)
+
+    def click(self, x, y):
+        output("xdotool", "mousemove", "--window", self.window, str(x), str(y), "click", "1")
+
+    def test_from_start_to_end(self):
+        self.settle()
+        list_shown = self.colors()
+        self.keys("ctrl+n")
+        wait_for("the editor", lambda: self.colors() != list_shown)
+        time.sleep(0.5)
+        self.settle()
+        self.click(200, 100)  # the name
+        output("xdotool", "type", "--delay", "40", "Picnic")
+        self.click(387, 28)  # "Done"
+        added = wait_for("the new event in the store", lambda: self.event("Picnic"))
+        self.settle()
+        self.assertLess(self.magenta(), 1000)
+
+        self.command("edit", added["identifier"], "--background", "#ff00ff")
+        wait_for("the row in its new colour", lambda: self.magenta() > 10000)
+
+        self.assertEqual(self.start().wait(PATIENCE), 0)
+        self.assertEqual(self.visible_window(), self.window)
+        self.assertIsNone(self.application.poll())
+
+        self.application.send_signal(signal.SIGTERM)
+        self.assertEqual(self.application.wait(PATIENCE), 0)
+        self.assertIsNotNone(self.event("Picnic"))
+
+
+def main():
+    global APPLICATION, PROGRAM
+    if "--inside" not in sys.argv:
+        missing = [program for program in NEEDED if not shutil.which(program)]
+        if missing:
+            print("skipped: without " + ", ".join(missing))
+            sys.exit(77)
+        with tempfile.TemporaryDirectory(prefix="dayward-run-") as runtime:
+            kept = {name: value for name, value in os.environ.items()
+                    if not name.startswith(("DAYWARD", "XDG", "QT_", "WAYLAND", "DBUS"))}
+            kept |= {"XDG_RUNTIME_DIR": runtime, "DAYWARD_TEST_SCREEN": runtime, "LC_ALL": "C.UTF-8", "QT_QPA_PLATFORM": "xcb"}
+            sys.exit(subprocess.run(["xvfb-run", "-a", "-s", f"-screen 0 600x900x24 -fbdir {runtime}", "dbus-run-session", "--",
+                                     *sys.argv, "--inside"], env=kept).returncode)
+    APPLICATION, PROGRAM = sys.argv[1:3]
+    unittest.main(argv=sys.argv[:1])
+
+
+if __name__ == "__main__":
+    main()
