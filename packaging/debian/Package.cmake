@@ -2,15 +2,15 @@
 set(DAYWARD_PACKAGE_CONTACT "The Dayward developers <developers@dayward.example.org>" CACHE STRING
     "Who maintains the package: a name and an address")
 
-# What no library of the programs says: zones, and for the application the QML modules and fonts that are
-# marked "app" among the packages that building needs.
+# What no library of the programs says: zones, and for the application the QML modules, plug-ins and fonts
+# that are marked "app" among the packages that building needs.
 set(DEPENDS tzdata)
 if(TARGET dayward-app)
     set_property(DIRECTORY ${CMAKE_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS packaging/packages.txt)
     file(STRINGS ${CMAKE_CURRENT_SOURCE_DIR}/packages.txt NEEDED REGEX "^[^#]+ app( |$)")
     list(TRANSFORM NEEDED REPLACE " .*" "")
     list(APPEND DEPENDS ${NEEDED})
-    set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "default-dbus-session-bus | dbus-session-bus")
+    set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-noto-color-emoji, default-dbus-session-bus | dbus-session-bus")
 endif()
 list(JOIN DEPENDS ", " CPACK_DEBIAN_PACKAGE_DEPENDS)
 
