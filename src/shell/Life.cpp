@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "Classes/App/AppDelegate.h"
+#include "Classes/App/AppManager.h"
 #include "Classes/App/LaunchArguments.h"
 #include "Classes/Interface/Events/HHSplitViewController.h"
 #include "platform/Log.h"
@@ -31,6 +32,7 @@ bool Life::run(Environment& environment, const LaunchOptions& launch, SingleInst
     window_ = &window;
     EventScreensServices services;
     services.share = &shell.shareServices();
+    services.handleFirstLaunch = [] { AppManager::handleFirstLaunch(); };
     const HHSplitViewController split(shell.navigation(), services);
     const auto delegate = std::make_shared<AppDelegate>(AppServices{}, [&split] { return split.master(); });
     delegate->setWindow(&window);
