@@ -14,6 +14,7 @@ namespace dayward {
 struct LaunchOptions {
     std::optional<LocalNotification> localNotification;  ///< the one that the user tapped
     std::vector<std::string> urls;                       ///< to be opened
+    bool newEvent = false;                               ///< a new event is to be made
 };
 
 class ApplicationDelegate {

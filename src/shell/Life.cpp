@@ -39,6 +39,7 @@ bool Life::run(Environment& environment, const LaunchOptions& launch, SingleInst
     followWindow();
     const TerminationSignals termination([this] { close(); });
     application_.launch(delegate, launch);
+    if (launch.newEvent) AppManager::presentNewEvent();
     instance.setHandler([this](const QStringList& arguments) { takeStart(arguments); });
     QCoreApplication::exec();
     instance.setHandler(nullptr);
@@ -77,6 +78,7 @@ void Life::takeStart(const QStringList& arguments) {
     const auto options = launchOptionsFromArguments(given);
     if (!options) logError("a later start: " + options.error().description());
     application_.open(options.value_or(LaunchOptions{}));
+    if (options && options->newEvent) AppManager::presentNewEvent();
 }
 
 void Life::prepareForSleep(bool begins) {

@@ -51,6 +51,8 @@ void SingleInstance::ActivateAction(const QString& name, const QVariantList& par
     QStringList arguments;
     if (name == QLatin1String(kStartAction)) {
         for (const QVariant& argument : parameter) arguments.append(argument.toString());
+    } else {
+        arguments.append(QStringLiteral("--") + name);  // an action of the desktop entry
     }
     start(arguments);
 }

@@ -121,6 +121,14 @@ void AppManager::presentEventAtIdentifier(const std::optional<std::string>& iden
     }
 }
 
+void AppManager::presentNewEvent() {
+    EventListPresenting* list = getListViewController();
+    if (list == nullptr)
+        shared().isNewEventPending_ = true;
+    else if (shared().window_->navigation().modalStacks().empty())
+        list->presentNewEvent();
+}
+
 EventListPresenting* AppManager::getListViewController() {
     const Window* window = shared().window_;
     if (window == nullptr) return nullptr;
@@ -137,6 +145,7 @@ void AppManager::eventListDidAppear(const Notification& notification) {
     self.listHasAppeared_ = true;
     const auto identifier = std::exchange(self.pendingEventIdentifier_, std::nullopt);
     if (identifier) list->presentDetailsForEventAtIdentifier(*identifier);
+    if (std::exchange(self.isNewEventPending_, false)) list->presentNewEvent();
 }
 
 }  // namespace dayward

@@ -39,6 +39,9 @@ public:
 
     /// Shows the event in the list. Without a list, keeps it until one appears, in place of an earlier one.
     static void presentEventAtIdentifier(const std::optional<std::string>& identifier);
+    /// Opens the editor of a new event from the list; without a list, as soon as one appears. Does nothing
+    /// over a modal stack, which holds what is not committed yet.
+    static void presentNewEvent();
     /// Null where the window does not show one yet.
     static EventListPresenting* getListViewController();
     /// Whether somebody took the URL.
@@ -61,6 +64,7 @@ private:
     Window* window_ = nullptr;
     std::shared_ptr<SiblingImportService> siblingImport_;
     std::optional<std::string> pendingEventIdentifier_;
+    bool isNewEventPending_ = false;
     ImportOffer importOffer_ = ImportOffer::notMade;
     bool defaultEventsAdded_ = false;
     bool wasAway_ = false;  ///< in the background, with a list that had appeared

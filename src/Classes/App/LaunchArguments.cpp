@@ -10,6 +10,8 @@ Result<LaunchOptions> launchOptionsFromArguments(const std::vector<std::string>&
         if (*argument == "--event") {
             if (++argument == arguments.end()) return failure("--event: an event's identifier is missing");
             setEventIdentifier(options.localNotification.emplace(), *argument);
+        } else if (*argument == "--new-event") {
+            options.newEvent = true;
         } else if (argument->find("://") != std::string::npos && !argument->starts_with("-")) {
             options.urls.push_back(*argument);
         } else {

@@ -9,7 +9,7 @@
 
 namespace dayward {
 
-/// "--event IDENTIFIER", as a tapped notification starts the program, and URLs. Fails on anything else.
+/// "--event IDENTIFIER", as a tapped notification starts the program, "--new-event", and URLs. Fails on anything else.
 Result<LaunchOptions> launchOptionsFromArguments(const std::vector<std::string>& arguments);
 
 }  // namespace dayward

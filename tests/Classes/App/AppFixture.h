@@ -96,6 +96,7 @@ public:
     void presentDetailsForEventAtIdentifier(const std::string& identifier) override {
         trace_.push_back("present " + identifier);
     }
+    void presentNewEvent() override { trace_.push_back("new event"); }
 
 private:
     Trace& trace_;

@@ -139,6 +139,19 @@ TEST_F(AppManagerTest, AnEventWaitsForTheListAndOnlyTheLastOneIsShownOnce) {
                  "does not say which");
 }
 
+TEST_F(AppManagerTest, ANewEventWaitsForTheListAndForNothingHalfDone) {
+    AppProcess app(files);
+    app.services->updatesAtOnce = false;
+    app.application.launch();
+    AppManager::presentNewEvent();
+    app.take();
+    app.services->updated(true);
+    EXPECT_THAT(app.take(), testing::IsSupersetOf({"list", "new event"}));
+    AppManager::presentNewEvent();
+    EXPECT_THAT(app.take(), ElementsAre("new event"));
+    EXPECT_TRUE(launchOptionsFromArguments({"--new-event"})->newEvent);
+}
+
 TEST(LaunchArguments, NameAnEventOrURLs) {
     const auto options = launchOptionsFromArguments({"dayward://import?v=2", "--event", "birthday"});
     ASSERT_TRUE(options);

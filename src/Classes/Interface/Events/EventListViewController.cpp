@@ -104,6 +104,8 @@ void EventListViewController::infoAction() {
 
 void EventListViewController::addAction() { presenter().present(std::make_shared<EventEditViewController>()); }
 
+void EventListViewController::presentNewEvent() { addAction(); }
+
 void EventListViewController::sortAction() { presenter().push(*this, EventsSortViewController::forSettings()); }
 
 // Rows

@@ -120,6 +120,7 @@ public:
 
     /// Shows the event in the detail pane, or on a screen of its own. An unknown key changes nothing.
     void presentDetailsForEventAtIdentifier(const std::string& identifier) override;
+    void presentNewEvent() override;
     /// The window's detail screen made to show that event: the one that is there, else a new one that
     /// stands in no stack yet.
     [[nodiscard]] std::shared_ptr<EventDetailViewController> detailShowing(const std::optional<std::string>& key);

@@ -17,6 +17,8 @@ public:
     virtual ~EventListPresenting() = default;
     /// Shows the event: in the detail pane where there is one, else over the list.
     virtual void presentDetailsForEventAtIdentifier(const std::string& identifier) = 0;
+    /// Opens the editor of a new event.
+    virtual void presentNewEvent() = 0;
 
     /// The list that posted EventListDidAppearNotification. Null where the notification has no object.
     static EventListPresenting* listOf(const Notification& notification) {
