@@ -30,6 +30,7 @@ class AudioDevice;
 class DirectoryWatcher;
 class FileCoordinator;
 class FileSystem;
+class LocalNotifications;
 class Log;
 class NotificationCenter;
 class Queues;
@@ -44,6 +45,7 @@ public:
         std::shared_ptr<FileCoordinator> coordinator;
         std::shared_ptr<DirectoryWatcher> watcher;  ///< may be null: then nothing is watched
         std::shared_ptr<AudioDevice> audio;         ///< may be null: then nothing is heard
+        std::shared_ptr<LocalNotifications> localNotifications;  ///< may be null: then nothing is scheduled
         std::shared_ptr<Queues> queues;
         std::shared_ptr<NotificationCenter> notifications;
         std::shared_ptr<UserDefaults> standardDefaults;
@@ -72,6 +74,7 @@ public:
     [[nodiscard]] FileCoordinator& coordinator() const { return *services_.coordinator; }
     [[nodiscard]] DirectoryWatcher* watcher() const { return services_.watcher.get(); }
     [[nodiscard]] AudioDevice* audio() const { return services_.audio.get(); }
+    [[nodiscard]] LocalNotifications* localNotifications() const { return services_.localNotifications.get(); }
     [[nodiscard]] Queues& queues() const { return *services_.queues; }
     [[nodiscard]] NotificationCenter& notifications() const { return *services_.notifications; }
     [[nodiscard]] UserDefaults& standardDefaults() const { return *services_.standardDefaults; }

@@ -1,4 +1,7 @@
 // A notification that the device gives at a moment, whether the program runs or not. Plain value.
+//
+// With a zone, the fire date stands for that zone's wall clock: it fires when the clock of the zone in which
+// the device then is shows the same fields. Without one it is an instant.
 #pragma once
 
 #include <cstdint>
@@ -12,6 +15,8 @@ namespace dayward {
 
 struct LocalNotification {
     std::optional<Date> fireDate;
+    std::optional<std::string> timeZone;                     ///< the identifier of the fire date's zone
+    std::optional<std::string> alertAction;                  ///< what the button that opens it says
     std::optional<std::string> alertBody;                    ///< absent: it is silent
     std::optional<std::string> soundName;                    ///< a file of the program's resources
     std::optional<std::int64_t> applicationIconBadgeNumber;  ///< absent: the badge stays as it is

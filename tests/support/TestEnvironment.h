@@ -30,6 +30,7 @@ private:
 
 class AudioDevice;
 class DirectoryWatcher;
+class LocalNotifications;
 
 class TestEnvironment {
 public:
@@ -45,6 +46,7 @@ public:
         std::shared_ptr<const ArchiveClasses> archiveClasses = {};  ///< null: the platform's own classes only
         std::string resources = {};                                 ///< empty: those of the source tree
         std::shared_ptr<AudioDevice> audio = {};                    ///< null: nothing is heard
+        std::shared_ptr<LocalNotifications> localNotifications = {};  ///< null: nothing is scheduled
     };
 
     TestEnvironment();

@@ -1,0 +1,41 @@
+// The device's schedule of notifications: it outlives the process and is one for all processes of a home.
+// It keeps at most kMaximumCount; what is scheduled beyond that is refused, latest first.
+//
+// Any thread, any process. A failure is logged with its reason and changes nothing.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "platform/LocalNotification.h"
+
+namespace dayward {
+
+/// What notifications may do; the platform's numbers, combined by "or".
+enum class UserNotificationTypes : unsigned { none = 0, badge = 1, sound = 2, alert = 4 };
+
+class LocalNotifications {
+public:
+    static constexpr std::size_t kMaximumCount = 64;
+
+    virtual ~LocalNotifications() = default;
+
+    /// Asks for the permission to notify, where the device wants to be asked.
+    virtual void registerUserNotificationSettings(UserNotificationTypes types) = 0;
+    /// What is still to fire, by fire date.
+    [[nodiscard]] virtual std::vector<LocalNotification> scheduledLocalNotifications() = 0;
+    /// One that equals a scheduled one changes nothing.
+    virtual void scheduleLocalNotification(const LocalNotification& notification) = 0;
+    /// It no longer fires, and goes out of sight if it has fired.
+    virtual void cancelLocalNotification(const LocalNotification& notification) = 0;
+    /// Cancels and schedules several as one change, which other processes see whole or not at all.
+    virtual void change(const std::vector<LocalNotification>& cancelled,
+                        const std::vector<LocalNotification>& scheduled) = 0;
+
+    /// The number on the program's icon; 0 is none.
+    [[nodiscard]] virtual std::int64_t applicationIconBadgeNumber() = 0;
+    virtual void setApplicationIconBadgeNumber(std::int64_t number) = 0;
+};
+
+}  // namespace dayward

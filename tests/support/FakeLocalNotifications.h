@@ -1,0 +1,68 @@
+// A device's schedule in memory that counts what it is asked to do.
+#pragma once
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/LocalNotifications.h"
+#include "platform/Mutex.h"
+
+namespace dayward {
+
+class FakeLocalNotifications final : public LocalNotifications {
+public:
+    void registerUserNotificationSettings(UserNotificationTypes types) override {
+        const Lock lock(mutex_);
+        registered_.push_back(types);
+    }
+    std::vector<LocalNotification> scheduledLocalNotifications() override {
+        const Lock lock(mutex_);
+        return scheduled_;
+    }
+    void scheduleLocalNotification(const LocalNotification& notification) override { change({}, {notification}); }
+    void cancelLocalNotification(const LocalNotification& notification) override { change({notification}, {}); }
+    void change(const std::vector<LocalNotification>& cancelled,
+                const std::vector<LocalNotification>& scheduled) override {
+        const Lock lock(mutex_);
+        for (const LocalNotification& one : cancelled) std::erase(scheduled_, one);
+        for (const LocalNotification& one : scheduled) {
+            if (std::ranges::find(scheduled_, one) == scheduled_.end()) scheduled_.push_back(one);
+        }
+        std::ranges::stable_sort(scheduled_, {}, &LocalNotification::fireDate);
+        if (scheduled_.size() > kMaximumCount) scheduled_.resize(kMaximumCount);
+        ++changes_;
+    }
+    std::int64_t applicationIconBadgeNumber() override {
+        const Lock lock(mutex_);
+        return badge_;
+    }
+    void setApplicationIconBadgeNumber(std::int64_t number) override {
+        const Lock lock(mutex_);
+        badge_ = number;
+        ++changes_;
+    }
+
+    /// What has fired leaves the schedule.
+    void fireUntil(Date now) {
+        const Lock lock(mutex_);
+        std::erase_if(scheduled_, [&](const LocalNotification& one) { return one.fireDate && *one.fireDate <= now; });
+    }
+    [[nodiscard]] std::vector<UserNotificationTypes> registered() const {
+        const Lock lock(mutex_);
+        return registered_;
+    }
+    /// Calls that change something: a refresh without a difference makes none.
+    [[nodiscard]] int changes() const {
+        const Lock lock(mutex_);
+        return changes_;
+    }
+
+private:
+    mutable Mutex mutex_;
+    std::vector<UserNotificationTypes> registered_ DAYWARD_GUARDED_BY(mutex_);
+    std::vector<LocalNotification> scheduled_ DAYWARD_GUARDED_BY(mutex_);
+    std::int64_t badge_ DAYWARD_GUARDED_BY(mutex_) = 0;
+    int changes_ DAYWARD_GUARDED_BY(mutex_) = 0;
+};
+
+}  // namespace dayward
