@@ -13,6 +13,7 @@
 #include "platform/KeyedArchiver.h"
 #include "platform/KeyedUnarchiver.h"
 #include "platform/PropertyList.h"
+#include "support/TestPaths.h"
 
 namespace dayward {
 
@@ -70,7 +71,7 @@ inline ArchiveClasses testClasses() {
 }
 
 inline Data storedArchive(const std::string& name) {
-    std::ifstream file(std::string(DAYWARD_TEST_DATA) + "/archives/" + name, std::ios::binary);
+    std::ifstream file(testData() + "/archives/" + name, std::ios::binary);
     EXPECT_TRUE(file) << name;
     return Data(std::istreambuf_iterator<char>(file), {});
 }

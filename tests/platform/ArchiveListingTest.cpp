@@ -8,6 +8,7 @@
 
 #include "platform/ArchiveDump.h"
 #include "platform/ArchiveFixture.h"
+#include "support/TestPaths.h"
 
 namespace dayward {
 namespace {
@@ -17,7 +18,7 @@ using Json = nlohmann::ordered_json;
 /// What Python lists of the file.
 Json listed(const std::string& path) {
     const std::string command =
-        "/usr/bin/python3 " + std::string(DAYWARD_TEST_DATA) + "/archives/list-archive.py '" + path + "'";
+        "/usr/bin/python3 " + testData() + "/archives/list-archive.py '" + path + "'";
     std::FILE* pipe = popen(command.c_str(), "r");
     std::string output;
     char part[4096];
@@ -73,7 +74,7 @@ TEST(ArchiveListing, ourListingIsPythons) {
                              "good-two-entries.plist"}) {
         const auto json = archiveAsJSON(storedArchive(name));
         ASSERT_TRUE(json) << name << ": " << json.error().description();
-        const Json expected = listed(std::string(DAYWARD_TEST_DATA) + "/archives/" + name)["root"];
+        const Json expected = listed(testData() + "/archives/" + name)["root"];
         EXPECT_EQ(Json::parse(*json), expected) << name << "\n" << *json;
     }
 }
@@ -82,7 +83,7 @@ TEST(ArchiveListing, ourListingIsPythons) {
 TEST(ArchiveListing, nothingIsLostOnTheWay) {
     for (const char* name : {"good-values.plist", "good-number-keys.plist", "good-grey.plist", "good-nested.plist"}) {
         const Data again = KeyedArchiver::archivedDataWithRootObject(rootOf(storedArchive(name)));
-        const Json before = listed(std::string(DAYWARD_TEST_DATA) + "/archives/" + name)["root"];
+        const Json before = listed(testData() + "/archives/" + name)["root"];
         const Json after = listed(again)["root"];
         EXPECT_EQ(nlohmann::json(after), nlohmann::json(before)) << name;
         EXPECT_EQ(Json::parse(*archiveAsJSON(again)), after) << name;

@@ -1,4 +1,5 @@
 #include "platform/Image.h"
+#include "support/TestPaths.h"
 
 #include <gmock/gmock.h>
 
@@ -34,7 +35,7 @@ int largestDifference(const Image& a, const Image& b) {
 }
 
 Data storedImage(const std::string& name) {
-    std::ifstream file(std::string(DAYWARD_TEST_DATA) + "/images/" + name, std::ios::binary);
+    std::ifstream file(testData() + "/images/" + name, std::ios::binary);
     EXPECT_TRUE(file) << name;
     return Data(std::istreambuf_iterator<char>(file), {});
 }

@@ -13,6 +13,7 @@
 #include "recurrence/XELDateInterval.h"
 #include "recurrence/XELUpdater.h"
 #include "support/TestEnvironment.h"
+#include "support/TestPaths.h"
 
 namespace dayward {
 namespace {
@@ -25,7 +26,7 @@ protected:
     }
 
     [[nodiscard]] Object readStored(const std::string& name) const {
-        std::ifstream file(std::string(DAYWARD_TEST_DATA) + "/recurrence/" + name, std::ios::binary);
+        std::ifstream file(testData() + "/recurrence/" + name, std::ios::binary);
         const Data data((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
         return KeyedUnarchiver::unarchiveObjectWithData(data, classes_).value_or(Object());
     }

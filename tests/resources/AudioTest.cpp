@@ -5,6 +5,7 @@
 #include "resources/HHSound.h"
 #include "resources/XELAudioManager.h"
 #include "support/TestEnvironment.h"
+#include "support/TestPaths.h"
 
 namespace dayward {
 namespace {
@@ -32,7 +33,7 @@ public:
 class Audio : public testing::Test {
 protected:
     std::shared_ptr<RecordingDevice> device = std::make_shared<RecordingDevice>();
-    TestEnvironment environment{{.resources = DAYWARD_TEST_DATA "/resources", .audio = device}};
+    TestEnvironment environment{{.resources = testData() + "/resources", .audio = device}};
 
     std::vector<std::string> logOf(const std::optional<std::string>& name) {
         device->log->clear();
@@ -62,7 +63,7 @@ TEST_F(Audio, OneSoundPlaysAtATime) {
 }
 
 TEST(AudioWithoutDevice, PlaysNothing) {
-    TestEnvironment environment({.resources = DAYWARD_TEST_DATA "/resources"});
+    TestEnvironment environment({.resources = testData() + "/resources"});
     HHSound::playSound("Soft_Bell.wav");
     HHSound::stopSound();
 }

@@ -6,6 +6,7 @@
 #include "resources/Gallery.h"
 #include "resources/ImageCache.h"
 #include "support/TestEnvironment.h"
+#include "support/TestPaths.h"
 
 namespace dayward {
 namespace {
@@ -20,7 +21,7 @@ TestEnvironment::Options withResources(const std::string& resources) {
 }
 
 TEST(HHResources, CataloguesLeaveOutWhatHasNoFile) {
-    TestEnvironment environment(withResources(DAYWARD_TEST_DATA "/resources"));
+    TestEnvironment environment(withResources(testData() + "/resources"));
     EXPECT_THAT(HHResources::icons(), ElementsAre("heart4.png", "remind.png"));
     EXPECT_THAT(HHResources::backgrounds(), ElementsAre("bg-37.jpg", "bg-38.jpg"));
     EXPECT_THAT(environment.log->errors(), ElementsAre(HasSubstr("not icon file: "), HasSubstr("not icon file: "),
@@ -29,13 +30,13 @@ TEST(HHResources, CataloguesLeaveOutWhatHasNoFile) {
 
 TEST(HHResources, MissingAndBrokenCataloguesGiveWhatTheyCan) {
     {
-        TestEnvironment environment(withResources(DAYWARD_TEST_DATA "/documents"));
+        TestEnvironment environment(withResources(testData() + "/documents"));
         EXPECT_TRUE(HHResources::icons().empty());
         EXPECT_TRUE(HHResources::backgrounds().empty());
         EXPECT_TRUE(HHResources::fonts().empty());
         EXPECT_TRUE(Gallery::icons().empty());
     }
-    TestEnvironment environment(withResources(DAYWARD_TEST_DATA "/resources"));
+    TestEnvironment environment(withResources(testData() + "/resources"));
     EXPECT_THAT(HHResources::fonts(), ElementsAre("Futura-Medium", "Georgia"));
     EXPECT_EQ(FontLook::named("Georgia")->weight, 400);
     ASSERT_EQ(Gallery::icons().size(), 1U);
@@ -62,7 +63,7 @@ TEST(HHResources, FixedCatalogues) {
 }
 
 TEST(HHResources, AnImageIsDecodedOnce) {
-    TestEnvironment environment(withResources(DAYWARD_TEST_DATA "/resources"));
+    TestEnvironment environment(withResources(testData() + "/resources"));
     EXPECT_EQ(HHResources::image("heart4.png"), HHResources::image("heart4.png"));
     EXPECT_EQ(HHResources::image("bg-37.jpg")->width(), 4);
 }

@@ -5,6 +5,7 @@
 #include <map>
 #include <nlohmann/json.hpp>
 #include <set>
+#include "support/TestPaths.h"
 
 namespace dayward {
 namespace {
@@ -12,7 +13,7 @@ namespace {
 using Table = std::map<std::string, std::string>;
 
 Table readTable(const std::string& language, const std::string& name) {
-    std::ifstream file(DAYWARD_TEST_RESOURCES "/strings/" + language + "/" + name + ".json");
+    std::ifstream file(testResources() + "/strings/" + language + "/" + name + ".json");
     return nlohmann::json::parse(file).get<Table>();
 }
 

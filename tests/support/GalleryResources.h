@@ -9,6 +9,7 @@
 
 #include "Classes/App/ArchiveRegistration.h"
 #include "support/TestEnvironment.h"
+#include "support/TestPaths.h"
 
 namespace dayward {
 
@@ -18,7 +19,7 @@ public:
         namespace fs = std::filesystem;
         directory = (fs::temp_directory_path() / ("gallery-resources-" + std::to_string(::getpid()))).string();
         fs::remove_all(directory);
-        fs::copy(DAYWARD_TEST_DATA "/resources", directory, fs::copy_options::recursive);
+        fs::copy(testData() + "/resources", directory, fs::copy_options::recursive);
         write("iconGroups", R"([{"name": "Love", "items": [{"file": "heart4.png", "name": "Heart"},
                                                            {"file": "remind.png", "name": "Bell"}]}])");
         write("backgroundGroups", R"([{"name": "Sky", "items": [{"file": "bg-37.jpg", "name": "Dusk"},

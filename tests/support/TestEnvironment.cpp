@@ -1,4 +1,5 @@
 #include "support/TestEnvironment.h"
+#include "support/TestPaths.h"
 
 #include <cstdio>
 #include <filesystem>
@@ -59,7 +60,7 @@ std::shared_ptr<const Strings> loadStrings(const Locale& locale) {
     auto& known = loaded[locale.languageCode()];
     if (known) return known;
     const LinuxFileSystem files;
-    auto strings = Strings::load(files, joinPath(DAYWARD_TEST_RESOURCES, "strings"), locale.languageCode());
+    auto strings = Strings::load(files, joinPath(testResources(), "strings"), locale.languageCode());
     return known = strings ? *strings : std::make_shared<const Strings>();
 }
 
@@ -116,10 +117,11 @@ TestEnvironment::TestEnvironment(Options options) : home(options.home), log(std:
     services.clock = options.clock ? options.clock : fixedClock;
     services.watcher = options.watcher;
     services.audio = options.audio;
+    services.localNotifications = options.localNotifications;
     services.queues = options.queues ? options.queues : queues;
     services.files = options.files ? options.files : std::make_shared<LinuxFileSystem>();
     services.archiveClasses = options.archiveClasses ? options.archiveClasses : platformClasses();
-    services.paths = Paths::resolve(home, options.resources.empty() ? DAYWARD_TEST_RESOURCES : options.resources);
+    services.paths = Paths::resolve(home, options.resources.empty() ? testResources() : options.resources);
     services.coordinator = std::make_shared<FileCoordinator>(services.files, joinPath(services.paths.state, "locks"));
     services.notifications = std::make_shared<NotificationCenter>();
     services.log = log;

@@ -14,6 +14,7 @@
 #include "Classes/Category/PictureTestSupport.h"
 #include "Classes/Category/RColorEventBackgroundTemplate.h"
 #include "Classes/Category/RNamedEventBackgroundTemplate.h"
+#include "support/TestPaths.h"
 
 namespace dayward {
 namespace {
@@ -93,7 +94,7 @@ TEST_F(OlderRecordsTest, AppImageTakesTheFirstImageThatThereIs) {
     const auto named = HHAppImage::named("heart4.png");
     EXPECT_EQ(named->getImage()->width(), 2);
     EXPECT_TRUE(NamedEventIconPicture("heart4.png").isEqual(*named->updatedPicture()));
-    EXPECT_EQ(HHAppImage::contentsOfFile(DAYWARD_TEST_DATA "/resources/heart4.png")->source(), "heart4.png");
+    EXPECT_EQ(HHAppImage::contentsOfFile(testData() + "/resources/heart4.png")->source(), "heart4.png");
     const auto nothing = HHAppImage::withData(dataOf("none"));
     EXPECT_TRUE(nothing->getImage()->isEmpty());
     EXPECT_FALSE(nothing->updatedPicture());

@@ -14,6 +14,7 @@
 #include "platform/KeyedArchiver.h"
 #include "platform/KeyedUnarchiver.h"
 #include "support/TestEnvironment.h"
+#include "support/TestPaths.h"
 #include "sync/CCSyncItemVersion.h"
 
 namespace dayward {
@@ -29,13 +30,13 @@ inline std::shared_ptr<ArchiveClasses> pictureClasses() {
 inline TestEnvironment::Options pictureOptions() {
     TestEnvironment::Options options;
     options.archiveClasses = pictureClasses();
-    options.resources = DAYWARD_TEST_DATA "/resources";
+    options.resources = testData() + "/resources";
     return options;
 }
 
 /// An archive made by tests/data/documents/make_documents.py.
 inline Data storedArchive(const std::string& name) {
-    std::ifstream file(DAYWARD_TEST_DATA "/documents/" + name + ".t", std::ios::binary);
+    std::ifstream file(testData() + "/documents/" + name + ".t", std::ios::binary);
     EXPECT_TRUE(file) << name;
     return Data(std::istreambuf_iterator<char>(file), {});
 }

@@ -15,6 +15,7 @@
 #include "Classes/Event/LoadEventBackgroundPicture.h"
 #include "Classes/Event/LoadEventIconPicture.h"
 #include "platform/ArchiveDump.h"
+#include "support/TestPaths.h"
 
 namespace dayward {
 namespace {
@@ -144,7 +145,7 @@ TEST_F(DocumentShapesTest, AnotherReaderOfTheFormatListsTheSame) {
     const auto archive = KeyedArchiver::archivedDataWithRootObject(readStored<DocumentData>("full"));
     const auto path = joinPath(environment_.home, "general.t");
     ASSERT_TRUE(writeFileAtomically(environment_->files(), path, archive));
-    const auto command = std::string("/usr/bin/python3 " DAYWARD_TEST_DATA "/documents/list_archive.py ") + path;
+    const auto command = "/usr/bin/python3 " + testData() + "/documents/list_archive.py " + path;
     FILE* output = popen(command.c_str(), "r");
     ASSERT_TRUE(output);
     std::string listed;

@@ -9,6 +9,7 @@
 #include "Submodules/CorpLibrary2/Foundation/AESCrypt.h"
 #include "Classes/Event/LoadEventIconPicture.h"
 #include "Classes/Event/RandomEvents.h"
+#include "support/TestPaths.h"
 
 namespace dayward {
 namespace {
@@ -69,7 +70,7 @@ TEST_F(EventJSONTest, ComputedFields) {
 }
 
 TEST_F(EventJSONTest, PicturesOfEveryKind) {
-    const std::string file = DAYWARD_TEST_DATA "/resources/";
+    const std::string file = testData() + "/resources/";
     const auto event = *eventFromJSON(R"({"identifier": "i", "icon": {"kind": "image", "file": ")" + file +
                                       R"(heart4.png"}, "background": {"kind": "image", "file": ")" + file +
                                       R"(bg-37.jpg", "source": "me"}})");

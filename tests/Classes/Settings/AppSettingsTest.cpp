@@ -12,6 +12,7 @@
 #include "platform/linux/LinuxFileSystem.h"
 #include "support/FaultFileSystem.h"
 #include "support/TestEnvironment.h"
+#include "support/TestPaths.h"
 
 namespace dayward {
 namespace {
@@ -52,7 +53,7 @@ protected:
         Analytics::setReporter(spy);
     }
     static Data archived(const std::string& name) {
-        return LinuxFileSystem().readFile(joinPath(DAYWARD_TEST_DATA, "settings/" + name)).value();
+        return LinuxFileSystem().readFile(joinPath(testData(), "settings/" + name)).value();
     }
     void store(const char* fileName, const std::string& archive) { files->store(pathOf(fileName), archived(archive)); }
     std::string pathOf(const char* fileName) { return joinPath((*device)->paths().applicationSupport, fileName); }

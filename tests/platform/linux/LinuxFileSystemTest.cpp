@@ -10,6 +10,7 @@
 #include "platform/linux/LinuxEnvironment.h"
 #include "platform/linux/SpdlogLog.h"
 #include "support/TestEnvironment.h"
+#include "support/TestPaths.h"
 
 namespace dayward {
 
@@ -127,7 +128,7 @@ TEST_F(RealFiles, errorsThatAFullDiskKeepsFromTheLogAreToldOnStandardError) {
 
 TEST_F(RealFiles, anEnvironmentWithoutItsPlaceOrZoneIsAnError) {
     LinuxOptions options;
-    options.resources = DAYWARD_TEST_RESOURCES;
+    options.resources = testResources();
     options.home = "/proc/none";
     EXPECT_EQ(makeLinuxServices(options).error().domain, "file");
     options.home = path("home");

@@ -12,6 +12,7 @@
 #include "platform/linux/LinuxFileSystem.h"
 #include "support/FaultFileSystem.h"
 #include "support/TestEnvironment.h"
+#include "support/TestPaths.h"
 
 namespace dayward {
 
@@ -26,7 +27,7 @@ inline TestEnvironment::Options withFoundationClasses(std::shared_ptr<FileSystem
 
 inline Data storedArchive(const std::string& name) {
     const LinuxFileSystem files;
-    auto bytes = files.readFile(joinPath(DAYWARD_TEST_DATA, "foundation/" + name));
+    auto bytes = files.readFile(joinPath(testData(), "foundation/" + name));
     return bytes ? *bytes : Data();
 }
 
