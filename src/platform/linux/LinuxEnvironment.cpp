@@ -9,6 +9,7 @@
 #include "platform/linux/AsioQueues.h"
 #include "platform/linux/InotifyWatcher.h"
 #include "platform/linux/LinuxFileSystem.h"
+#include "platform/linux/ScheduledNotifications.h"
 #include "platform/linux/SpdlogLog.h"
 
 namespace dayward {
@@ -54,6 +55,8 @@ Result<Environment::Services> makeLinuxServices(const LinuxOptions& options) {
                                                                joinPath(services.paths.config, "standard.defaults"));
     services.groupDefaults = std::make_shared<UserDefaults>(services.files, services.archiveClasses,
                                                             joinPath(services.paths.group, "group.defaults"));
+    services.localNotifications = std::make_shared<ScheduledNotifications>(
+        NotificationSchedule(services.files, services.archiveClasses, services.paths.state));
     services.log = std::make_shared<SpdlogLog>(SpdlogLog::Options{
         joinPath(services.paths.state, options.logName + ".log"), options.errorsToStandardError, options.debugLog});
     services.queues = options.queues ? options.queues : std::make_shared<AsioQueues>();

@@ -1,0 +1,186 @@
+#include "platform/NotificationSchedule.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "platform/FileSystem.h"
+#include "platform/KeyedArchiver.h"
+#include "platform/KeyedUnarchiver.h"
+#include "platform/LocalNotifications.h"
+#include "platform/Log.h"
+#include "platform/UnreadableFiles.h"
+
+namespace dayward {
+
+namespace {
+
+namespace Keys {
+constexpr const char* version = "version";
+constexpr const char* scheduled = "scheduled";
+constexpr const char* snoozed = "snoozed";
+constexpr const char* withdrawn = "withdrawn";
+constexpr const char* badgeNumber = "badgeNumber";
+constexpr const char* needsRebuild = "needsRebuild";
+constexpr const char* fireDate = "fireDate";
+constexpr const char* timeZone = "timeZone";
+constexpr const char* alertAction = "alertAction";
+constexpr const char* alertBody = "alertBody";
+constexpr const char* soundName = "soundName";
+constexpr const char* applicationIconBadgeNumber = "applicationIconBadgeNumber";
+constexpr const char* userInfo = "userInfo";
+}  // namespace Keys
+
+double order(const LocalNotification& notification) {
+    return notification.fireDate ? notification.fireDate->secondsSinceReference()
+                                 : std::numeric_limits<double>::infinity();
+}
+
+void put(Dictionary& dictionary, const char* key, Object value) {
+    if (!value.isNull()) dictionary.emplace(key, std::move(value));
+}
+
+Object encoded(const LocalNotification& notification) {
+    Dictionary fields;
+    put(fields, Keys::fireDate, notification.fireDate);
+    put(fields, Keys::timeZone, notification.timeZone);
+    put(fields, Keys::alertAction, notification.alertAction);
+    put(fields, Keys::alertBody, notification.alertBody);
+    put(fields, Keys::soundName, notification.soundName);
+    put(fields, Keys::applicationIconBadgeNumber, notification.applicationIconBadgeNumber);
+    fields.emplace(Keys::userInfo, notification.userInfo);
+    return fields;
+}
+
+Object encoded(const std::vector<LocalNotification>& notifications) {
+    Array list;
+    for (const LocalNotification& notification : notifications) list.push_back(encoded(notification));
+    return list;
+}
+
+Object valueOf(const Dictionary& dictionary, const char* key) {
+    const auto found = dictionary.find(key);
+    return found == dictionary.end() ? Object() : found->second;
+}
+
+LocalNotification decodedNotification(const Dictionary& fields) {
+    LocalNotification notification;
+    notification.fireDate = valueOf(fields, Keys::fireDate).date();
+    notification.timeZone = valueOf(fields, Keys::timeZone).stringValue();
+    notification.alertAction = valueOf(fields, Keys::alertAction).stringValue();
+    notification.alertBody = valueOf(fields, Keys::alertBody).stringValue();
+    notification.soundName = valueOf(fields, Keys::soundName).stringValue();
+    notification.applicationIconBadgeNumber = valueOf(fields, Keys::applicationIconBadgeNumber).integer();
+    const Object userInfo = valueOf(fields, Keys::userInfo);
+    if (userInfo.dictionary() != nullptr) notification.userInfo = *userInfo.dictionary();
+    return notification;
+}
+
+std::vector<LocalNotification> decodedList(const Dictionary& dictionary, const char* key) {
+    std::vector<LocalNotification> list;
+    const Object stored = valueOf(dictionary, key);
+    if (stored.array() == nullptr) return list;
+    for (const Object& entry : *stored.array()) {
+        if (entry.dictionary() != nullptr) list.push_back(decodedNotification(*entry.dictionary()));
+    }
+    return list;
+}
+
+}  // namespace
+
+void NotificationSchedule::Content::schedule(const LocalNotification& notification) {
+    if (std::ranges::find(scheduled, notification) != scheduled.end()) return;
+    scheduled.insert(std::ranges::upper_bound(scheduled, order(notification), {}, order), notification);
+}
+
+void NotificationSchedule::Content::cancel(const LocalNotification& notification) {
+    const auto isMeant = [&](const LocalNotification& other) {
+        return notification.fireDate ? other == notification : other.userInfo == notification.userInfo;
+    };
+    const std::size_t removed = std::erase_if(scheduled, isMeant);
+    if (!notification.fireDate) std::erase_if(snoozed, isMeant);
+    if (notification.fireDate && removed > 0) return;
+    if (std::ranges::find(withdrawn, notification) == withdrawn.end()) withdrawn.push_back(notification);
+}
+
+void NotificationSchedule::Content::limit() {
+    std::ranges::stable_sort(scheduled, {}, order);
+    std::ranges::stable_sort(snoozed, {}, order);
+    constexpr std::size_t kMost = LocalNotifications::kMaximumCount;
+    if (snoozed.size() > kMost) snoozed.resize(kMost);
+    if (scheduled.size() > kMost - snoozed.size()) scheduled.resize(kMost - snoozed.size());
+    if (withdrawn.size() > kMost) withdrawn.erase(withdrawn.begin(), withdrawn.end() - kMost);
+}
+
+NotificationSchedule::NotificationSchedule(std::shared_ptr<FileSystem> files,
+                                           std::shared_ptr<const ArchiveClasses> classes, std::string directory)
+    : files_(std::move(files)),
+      classes_(std::move(classes)),
+      path_(joinPath(directory, kFileName)),
+      copy_(joinPath(directory, kCopyName)),
+      lock_(joinPath(directory, kLockName)) {}
+
+Result<NotificationSchedule::Content> NotificationSchedule::decode(const std::string& path) const {
+    const Data bytes = TRY(files_->readFile(path));
+    const Object root =
+        TRY(KeyedUnarchiver::unarchiveObjectWithData(bytes, *classes_, KeyedUnarchiver::OnRefusal::fail));
+    const Dictionary* const fields = root.dictionary();
+    if (fields == nullptr || valueOf(*fields, Keys::version).integer() != kVersion) {
+        return failure("notification schedule", 0, {{"path", path}, {"reason", "not of a known version"}});
+    }
+    Content content;
+    content.scheduled = decodedList(*fields, Keys::scheduled);
+    content.snoozed = decodedList(*fields, Keys::snoozed);
+    content.withdrawn = decodedList(*fields, Keys::withdrawn);
+    content.badgeNumber = valueOf(*fields, Keys::badgeNumber).integer().value_or(0);
+    content.needsRebuild = valueOf(*fields, Keys::needsRebuild).boolean().value_or(false);
+    content.limit();
+    return content;
+}
+
+Result<NotificationSchedule::Found> NotificationSchedule::find() const {
+    const bool isThere = TRY(files_->status(path_)).has_value();
+    if (isThere) {
+        auto content = decode(path_);
+        if (content) return Found{*std::move(content), false};
+        // A device that cannot be read now may be read later: the file must not be taken for a broken one.
+        if (content.error().domain == "file") return std::unexpected(content.error());
+        logError("notifications: " + path_ + " is unreadable: " + content.error().description());
+    }
+    Found found{{}, isThere};
+    const bool hasCopy = TRY(files_->status(copy_)).has_value();
+    if (hasCopy) {
+        if (auto copy = decode(copy_)) found.content = *std::move(copy);
+    }
+    found.content.needsRebuild = isThere || hasCopy;
+    return found;
+}
+
+Result<NotificationSchedule::Content> NotificationSchedule::read() const { return TRY(find()).content; }
+
+Result<> NotificationSchedule::change(const std::function<void(Content&)>& edit) {
+    const auto held = TRY(files_->lock(lock_, true));
+    const Found found = TRY(find());
+    Content changed = found.content;
+    edit(changed);
+    changed.limit();
+    if (changed == found.content && !found.content.needsRebuild) return {};
+    if (found.fileIsDamaged) TRY_VOID(files_->rename(path_, unreadableCopyPath(path_, 1)));
+    return store(changed);
+}
+
+Result<> NotificationSchedule::store(const Content& content) {
+    Dictionary fields;
+    fields.emplace(Keys::version, kVersion);
+    fields.emplace(Keys::scheduled, encoded(content.scheduled));
+    fields.emplace(Keys::snoozed, encoded(content.snoozed));
+    fields.emplace(Keys::withdrawn, encoded(content.withdrawn));
+    fields.emplace(Keys::badgeNumber, content.badgeNumber);
+    fields.emplace(Keys::needsRebuild, content.needsRebuild);
+    const Data bytes = KeyedArchiver::archivedDataWithRootObject(fields);
+    TRY_VOID(writeFileAtomically(*files_, path_, bytes));
+    const auto copied = writeFileAtomically(*files_, copy_, bytes);
+    if (!copied) logError("notifications: the copy stays old: " + copied.error().description());
+    return {};
+}
+
+}  // namespace dayward

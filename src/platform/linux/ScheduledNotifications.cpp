@@ -1,0 +1,35 @@
+#include "platform/linux/ScheduledNotifications.h"
+
+#include "platform/Log.h"
+
+namespace dayward {
+
+NotificationSchedule::Content ScheduledNotifications::content() const {
+    auto read = schedule_.read();
+    if (read) return *std::move(read);
+    logError("notifications: " + read.error().description());
+    return {};
+}
+
+void ScheduledNotifications::edit(const std::function<void(NotificationSchedule::Content&)>& change) {
+    const auto changed = schedule_.change(change);
+    if (!changed) logError("notifications: " + changed.error().description());
+}
+
+std::vector<LocalNotification> ScheduledNotifications::scheduledLocalNotifications() { return content().scheduled; }
+
+void ScheduledNotifications::change(const std::vector<LocalNotification>& cancelled,
+                                    const std::vector<LocalNotification>& scheduled) {
+    edit([&](NotificationSchedule::Content& content) {
+        for (const LocalNotification& notification : cancelled) content.cancel(notification);
+        for (const LocalNotification& notification : scheduled) content.schedule(notification);
+    });
+}
+
+std::int64_t ScheduledNotifications::applicationIconBadgeNumber() { return content().badgeNumber; }
+
+void ScheduledNotifications::setApplicationIconBadgeNumber(std::int64_t number) {
+    edit([&](NotificationSchedule::Content& content) { content.badgeNumber = number; });
+}
+
+}  // namespace dayward
