@@ -13,7 +13,8 @@ FocusScope {
     signal noteTapped
 
     readonly property bool ready: background.loaded && icon.loaded
-    readonly property color clear: Qt.rgba(look.scrim.r, look.scrim.g, look.scrim.b, look.scrim.a * 0.85)
+    // What stands between the picture and the texts is full in the middle and weaker above and below.
+    readonly property color edge: Qt.rgba(look.scrim.r, look.scrim.g, look.scrim.b, look.scrim.a * 0.8)
     readonly property bool roomy: height > 520
     readonly property int columnWidth: Math.min(width - 40, 620)
 
@@ -23,7 +24,8 @@ FocusScope {
 
     Rectangle {
         anchors.fill: parent
-        color: Theme.card
+        // White shows through a transparent picture, as the scrim reckons.
+        color: background.status === Image.Ready && background.opacity === 1 ? "#ffffff" : Theme.card
     }
     Picture {
         id: background
@@ -36,11 +38,19 @@ FocusScope {
         gradient: Gradient {
             GradientStop {
                 position: 0
+                color: view.edge
+            }
+            GradientStop {
+                position: 0.2
+                color: view.look.scrim
+            }
+            GradientStop {
+                position: 0.8
                 color: view.look.scrim
             }
             GradientStop {
                 position: 1
-                color: view.look.scrim
+                color: view.edge
             }
         }
     }
@@ -114,7 +124,6 @@ FocusScope {
                             text: view.look.unitLabels[unit.index] ?? ""
                             horizontalAlignment: Text.AlignRight
                             color: view.look.textColor
-                            opacity: 0.92
                         }
                         UiText {
                             width: units.labelWidth

@@ -20,6 +20,8 @@ Item {
     // What stands between the picture and the texts.
     property color scrim: textColor.hslLightness > 0.5 ? "#8c000000" : "#a6ffffff"
 
+    readonly property color edge: Qt.rgba(scrim.r, scrim.g, scrim.b, scrim.a * 0.6)
+
     implicitHeight: Math.round(76 * Theme.scale)
 
     Rectangle {
@@ -37,15 +39,23 @@ Item {
     Rectangle {
         anchors.fill: picture
         radius: look.radius
+        // Full behind the lines of text, weaker towards the edges.
         gradient: Gradient {
-            orientation: Gradient.Horizontal
             GradientStop {
                 position: 0
+                color: look.edge
+            }
+            GradientStop {
+                position: 0.24
+                color: look.scrim
+            }
+            GradientStop {
+                position: 0.8
                 color: look.scrim
             }
             GradientStop {
                 position: 1
-                color: look.scrim
+                color: look.edge
             }
         }
     }

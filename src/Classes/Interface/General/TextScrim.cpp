@@ -11,6 +11,10 @@ namespace dayward {
 namespace {
 
 constexpr double kReadableShare = 0.98;
+/// Text of this contrast is read without effort.
+constexpr double kComfortableContrast = 7;
+/// A scrim for comfort alone leaves at least as much of the picture as it covers.
+constexpr double kMostAlphaForComfort = 0.55;
 constexpr std::size_t kChannels = 4;
 constexpr std::size_t kMostSamples = 4096;
 constexpr int kHalvings = 8;  ///< the alpha is as exact as a picture's channel
@@ -43,10 +47,10 @@ class Demand {
 public:
     /// Dark text needs a bright scrim and bright grounds, light text dark ones. Nothing where even the
     /// scrim alone would not do.
-    static std::optional<Demand> of(const Color& text, const Color& scrim) {
+    static std::optional<Demand> of(const Color& text, const Color& scrim, double contrast) {
         const bool bright = scrim == Color::white();
         const double own = relativeLuminance(text) + 0.05;
-        const double limit = (bright ? own * kLeastTextContrast : own / kLeastTextContrast) - 0.05;
+        const double limit = (bright ? own * contrast : own / contrast) - 0.05;
         if (bright ? limit > 1 : limit < 0) return std::nullopt;
         return Demand(scrim, bright, limit);
     }
@@ -74,16 +78,20 @@ private:
     double limit_;
 };
 
-/// The scrim of the smaller alpha, which `alphaFor` tells for a demand.
+/// The scrim of the smaller alpha, which `alphaFor` tells for a demand; of more where that makes the text
+/// comfortable to read.
 template <class AlphaFor>
-Color leastScrim(const Color& text, const AlphaFor& alphaFor) {
-    Color least{0, 0, 0, 2};  // black or white does for any text
-    for (const Color& scrim : {Color::black(), Color::white()}) {
-        const auto demand = Demand::of(text, scrim);
-        const double alpha = demand ? alphaFor(*demand) : least.alpha;
-        if (alpha < least.alpha) least = {scrim.red, scrim.green, scrim.blue, alpha};
+Color scrimFor(const Color& text, const AlphaFor& alphaFor) {
+    Color scrim{0, 0, 0, 2};  // black or white does for any text
+    for (const Color& color : {Color::black(), Color::white()}) {
+        const auto demand = Demand::of(text, color, kLeastTextContrast);
+        const double alpha = demand ? alphaFor(*demand) : scrim.alpha;
+        if (alpha < scrim.alpha) scrim = {color.red, color.green, color.blue, alpha};
     }
-    return least;
+    const auto comfort = Demand::of(text, {scrim.red, scrim.green, scrim.blue, 1}, kComfortableContrast);
+    const double wanted = comfort ? alphaFor(*comfort) : 1;
+    scrim.alpha = std::max(scrim.alpha, std::min(wanted, kMostAlphaForComfort));
+    return scrim;
 }
 
 }  // namespace
@@ -99,7 +107,7 @@ double contrastRatio(const Color& a, const Color& b) {
 
 Color textScrim(const Color& text, const Image& onPicture) {
     const auto grounds = onPicture.isEmpty() ? std::vector{Color::white()} : samplesOf(onPicture);
-    return leastScrim(text, [&](const Demand& demand) {
+    return scrimFor(text, [&](const Demand& demand) {
         std::vector<double> alphas;
         for (const Color& ground : grounds) alphas.push_back(demand.alphaOn(ground));
         const auto readable = static_cast<std::ptrdiff_t>(kReadableShare * static_cast<double>(alphas.size() - 1));
@@ -109,7 +117,7 @@ Color textScrim(const Color& text, const Image& onPicture) {
 }
 
 Color textScrim(const Color& text) {
-    return leastScrim(text, [](const Demand& demand) {
+    return scrimFor(text, [](const Demand& demand) {
         return demand.alphaOn(demand.scrim() == Color::white() ? Color::black() : Color::white());
     });
 }

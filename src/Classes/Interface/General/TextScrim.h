@@ -1,5 +1,5 @@
 // What lies between a picture and the text on it, so that the text can be read: one colour, of as little
-// alpha as will do. The contrast is that of WCAG 2.1, from 1 to 21. Pure functions; any thread.
+// alpha as makes the text readable, and of more, up to about a half, where that makes it comfortable. The contrast is that of WCAG 2.1, from 1 to 21. Pure functions; any thread.
 #pragma once
 
 #include "platform/Color.h"

@@ -56,6 +56,19 @@ private:
     std::unordered_map<std::string, Color> scrims_ DAYWARD_GUARDED_BY(mutex_);
 };
 
+/// What shows through a transparent picture is what its scrim is measured on.
+Image onWhite(Image image) {
+    Data pixels = image.rgba();
+    for (std::size_t at = 0; at + 3 < pixels.size(); at += 4) {
+        const unsigned alpha = pixels[at + 3];
+        for (std::size_t channel = at; channel < at + 3; ++channel) {
+            pixels[channel] = static_cast<std::uint8_t>((pixels[channel] * alpha + 255 * (255 - alpha) + 127) / 255);
+        }
+        pixels[at + 3] = 255;
+    }
+    return {image.width(), image.height(), std::move(pixels)};
+}
+
 std::string cacheKey(const HHEvent& event, PixelSize size) {
     return eventBackground(event).key + "|" + std::to_string(size.width) + "x" + std::to_string(size.height);
 }
@@ -87,7 +100,7 @@ void EventTableViewHelper::getBackgroundImageCellForEvent(const HHEvent& event, 
 
 std::shared_ptr<const Image> EventTableViewHelper::createBackgroundImageCellForPicture(
     const EventBackgroundPicture& picture, PixelSize size) {
-    return std::make_shared<const Image>(scaledToFill(*picture.getImage(), size));
+    return std::make_shared<const Image>(onWhite(scaledToFill(*picture.getImage(), size)));
 }
 
 }  // namespace dayward

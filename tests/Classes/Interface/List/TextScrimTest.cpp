@@ -48,6 +48,16 @@ TEST(TextScrim, LeavesAReadablePictureAlone) {
     EXPECT_NEAR(contrastRatio(Color::white(), Color::black()), 21, 1e-9);
 }
 
+TEST(TextScrim, AddsComfortWhileMostOfThePictureStays) {
+    const Color grey{0.5, 0.5, 0.5, 1};
+    const Color dark{0.1, 0.12, 0.2, 1};
+    const Color onGrey = textScrim(Color::black(), filled(grey));
+    EXPECT_GE(contrastRatio(Color::black(), under(grey, onGrey)), 6.9) << "little is needed, and given";
+    const Color onDark = textScrim(Color::black(), filled(dark));
+    EXPECT_LE(onDark.alpha, 0.55);
+    EXPECT_GT(contrastRatio(Color::black(), under(dark, onDark)), kLeastTextContrast);
+}
+
 TEST(ScaledToFill, TakesTheMiddleInTheShapeOfTheSize) {
     Data wide;
     for (const int grey : {10, 20, 30, 40})
