@@ -38,6 +38,12 @@ Scene settings(const std::string& name, std::vector<std::string> rows) {
     return {name, path<SettingsViewController>(std::move(rows), SettingsViewController::Services{})};
 }
 
+/// Something that is found in any language.
+std::string firstWordOfAnEvent() {
+    const std::string name = EventLocalStore::shared().allEvents().front()->name().value_or("");
+    return name.substr(0, name.find(' '));
+}
+
 Scene list(const std::string& name, EventSortType order) {
     return {name, [order](Stage& stage) {
                 AppSettings::setTableSortType(static_cast<std::int64_t>(order));
@@ -64,7 +70,7 @@ std::vector<Scene> scenes() {
         list("list-by-name", EventSortType::byName),
         list("list-by-hand", EventSortType::byCustom),
         list("list", EventSortType::byDate),
-        {"list-search", [](Stage& stage) { stage.list.setSearchText("a"); }},
+        {"list-search", [](Stage& stage) { stage.list.setSearchText(firstWordOfAnEvent()); }},
         {"list-search-nothing", [](Stage& stage) { stage.list.setSearchText("xyzzy"); }},
         {"list-editing", [](Stage& stage) { stage.list.setEditing(true); }},
         detail("detail", 0),

@@ -1,11 +1,14 @@
 // Takes pictures of the screens: dayward-screenshots DIR [--only SCENE] [--size WxH] [--language L] [--theme T]
 //
-// From a fixed clock and a prepared home, into DIR/SIZE-THEME-LANGUAGE-SCENE.png. Needs a display.
+// From a fixed clock and a prepared home, into DIR/SIZE-THEME-LANGUAGE-SCENE.png, and all of a size on
+// DIR/sheet-SIZE.jpg. Needs a display.
 #include <CLI/CLI.hpp>
+#include <QCursor>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QQuickWindow>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <filesystem>
 #include <iostream>
@@ -16,6 +19,7 @@
 #include "intervals/ISODate.h"
 #include "platform/linux/AsioQueues.h"
 #include "platform/linux/LinuxEnvironment.h"
+#include "shell/ContactSheet.h"
 #include "shell/QtMainLoop.h"
 #include "shell/Scenes.h"
 #include "shell/QtWindow.h"
@@ -25,7 +29,7 @@ namespace dayward {
 namespace {
 
 constexpr const char* kNow = "2026-03-10T12:00:00";
-constexpr int kShortestMilliseconds = 800;
+constexpr int kShortestMilliseconds = 500;
 constexpr int kQuietMilliseconds = 300;
 constexpr int kLongestMilliseconds = 8000;
 
@@ -103,6 +107,17 @@ void takeAll(Stage& stage, QtWindow& window, const Wanted& wanted, const std::st
     }
 }
 
+void writeSheets(const Wanted& wanted) {
+    const QDir directory(QString::fromStdString(wanted.directory));
+    for (const std::string& size : wanted.sizes) {
+        std::vector<std::string> files;
+        for (const QString& name : directory.entryList({QString::fromStdString(size + "-*.png")}, QDir::Files)) {
+            files.push_back(directory.filePath(name).toStdString());
+        }
+        writeContactSheet(files, wanted.directory + "/sheet-" + size + ".jpg");
+    }
+}
+
 void takeLanguage(const Wanted& wanted, const std::string& language) {
     const QTemporaryDir home;
     const auto queues = std::make_shared<AsioQueues>();
@@ -142,7 +157,10 @@ int run(int argc, char** argv) {
     QGuiApplication application(argc, argv);
     CLI11_PARSE(options, argc, argv);
     QDir().mkpath(QString::fromStdString(wanted.directory));
+    // In the corner of the display the pointer is over nothing.
+    QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
     for (const std::string& language : wanted.languages) takeLanguage(wanted, language);
+    writeSheets(wanted);
     return 0;
 }
 
