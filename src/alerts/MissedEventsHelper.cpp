@@ -1,9 +1,33 @@
 #include "alerts/MissedEventsHelper.h"
 
+#include <algorithm>
+
+#include "alerts/EventNotification.h"
+#include "alerts/NotificationArchive.h"
 #include "platform/Environment.h"
+#include "platform/LocalNotifications.h"
+#include "platform/NotificationCenter.h"
 #include "platform/UserDefaults.h"
 
 namespace dayward {
+
+namespace {
+
+bool isSame(const LocalNotification& a, const LocalNotification& b) {
+    return a.fireDate == b.fireDate && a.alertBody == b.alertBody && eventIdentifier(a) == eventIdentifier(b);
+}
+
+/// The moment at which it fires where the device is now.
+std::optional<Date> dueDate(const LocalNotification& notification, const Calendar& here) {
+    if (!notification.fireDate || !notification.timeZone || *notification.timeZone == here.timeZone().name()) {
+        return notification.fireDate;
+    }
+    const auto zone = TimeZone::named(*notification.timeZone);
+    if (!zone) return notification.fireDate;
+    return here.date(Calendar(*zone).fields(*notification.fireDate));
+}
+
+}  // namespace
 
 MissedEventsHelper::MissedEventsHelper(Environment& environment) : environment_(environment) {
     const Lock lock(mutex_);
@@ -23,6 +47,18 @@ void MissedEventsHelper::load() {
     known_.insert(identifiers_.begin(), identifiers_.end());
 }
 
+void MissedEventsHelper::store(const std::vector<std::string>& identifiers) {
+    UserDefaults& defaults = environment_.standardDefaults();
+    defaults.setObject(identifiers.empty() ? Object() : Object(Array(identifiers.begin(), identifiers.end())),
+                       kMissedEventsKey);
+    (void)defaults.synchronize();  // a failure is logged there, and the change waits for the next one
+    load();
+}
+
+void MissedEventsHelper::tellIfOther(const std::vector<std::string>& before) {
+    if (missedEvents() != before) environment_.notifications().post(kDidUpdateNotification, nullptr);
+}
+
 std::vector<std::string> MissedEventsHelper::missedEvents() {
     MissedEventsHelper& self = shared();
     const Lock lock(self.mutex_);
@@ -31,12 +67,12 @@ std::vector<std::string> MissedEventsHelper::missedEvents() {
 
 void MissedEventsHelper::setMissedEvents(const std::vector<std::string>& identifiers) {
     MissedEventsHelper& self = shared();
-    const Lock lock(self.mutex_);
-    UserDefaults& defaults = self.environment_.standardDefaults();
-    defaults.setObject(identifiers.empty() ? Object() : Object(Array(identifiers.begin(), identifiers.end())),
-                       kMissedEventsKey);
-    (void)defaults.synchronize();  // a failure is logged there, and the change waits for the next one
-    self.load();
+    const std::vector<std::string> before = missedEvents();
+    {
+        const Lock lock(self.mutex_);
+        self.store(identifiers);
+    }
+    self.tellIfOther(before);
 }
 
 bool MissedEventsHelper::isMissed(const std::string& identifier) {
@@ -47,8 +83,94 @@ bool MissedEventsHelper::isMissed(const std::string& identifier) {
 
 void MissedEventsHelper::reload() {
     MissedEventsHelper& self = shared();
+    const std::vector<std::string> before = missedEvents();
+    {
+        const Lock lock(self.mutex_);
+        self.load();
+    }
+    self.tellIfOther(before);
+}
+
+// The last notifications
+
+std::vector<LocalNotification> MissedEventsHelper::readLast() const {
+    std::vector<LocalNotification> notifications;
+    const Object stored = environment_.standardDefaults().unarchiveObjectForKey(kLastNotificationsKey);
+    if (stored.array() == nullptr) return notifications;
+    for (const Object& entry : *stored.array()) {
+        if (auto notification = notificationOfObject(entry)) notifications.push_back(*std::move(notification));
+    }
+    return notifications;
+}
+
+void MissedEventsHelper::storeLast(const std::vector<LocalNotification>& notifications) {
+    UserDefaults& defaults = environment_.standardDefaults();
+    if (notifications.empty()) return defaults.removeObjectForKey(kLastNotificationsKey);
+    Array objects;
+    for (const LocalNotification& notification : notifications) objects.push_back(objectOfNotification(notification));
+    defaults.archiveObject(std::move(objects), kLastNotificationsKey);
+}
+
+std::vector<LocalNotification> MissedEventsHelper::lastNotifications() { return shared().readLast(); }
+
+void MissedEventsHelper::setLastNotifications(const std::vector<LocalNotification>& notifications) {
+    MissedEventsHelper& self = shared();
+    const Lock lock(self.mutex_);
+    self.storeLast(notifications);
+    (void)self.environment_.standardDefaults().synchronize();
+}
+
+void MissedEventsHelper::saveState() {
+    LocalNotifications* schedule = shared().environment_.localNotifications();
+    if (schedule != nullptr) setLastNotifications(schedule->scheduledLocalNotifications());
+}
+
+// Finding
+
+MissedEventsHelper::Found MissedEventsHelper::compare() const {
+    Found found{identifiers_, {}, false};
+    const std::vector<LocalNotification> last = readLast();
+    if (last.empty() || environment_.localNotifications() == nullptr) return found;
+    const auto scheduled = environment_.localNotifications()->scheduledLocalNotifications();
+    const auto calendar = environment_.calendar();
+    const Date now = environment_.now();
+    for (const LocalNotification& notification : last) {
+        const auto due = dueDate(notification, *calendar);
+        const auto isThis = [&](const LocalNotification& other) { return isSame(notification, other); };
+        if (!due || *due > now || std::ranges::any_of(scheduled, isThis)) {
+            found.rest.push_back(notification);
+            continue;
+        }
+        found.isAny = true;
+        const auto identifier = eventIdentifier(notification);
+        if (identifier && std::ranges::find(found.missed, *identifier) == found.missed.end()) {
+            found.missed.push_back(*identifier);
+        }
+    }
+    return found;
+}
+
+void MissedEventsHelper::find() {
+    MissedEventsHelper& self = shared();
+    const std::vector<std::string> before = missedEvents();
+    (void)self.environment_.standardDefaults().synchronize();
+    {
+        const Lock lock(self.mutex_);
+        self.load();
+        const Found found = self.compare();
+        if (found.isAny) {
+            self.storeLast(found.rest);
+            self.store(found.missed);
+        }
+    }
+    self.tellIfOther(before);
+}
+
+std::vector<std::string> MissedEventsHelper::missedEventsIfFound() {
+    MissedEventsHelper& self = shared();
     const Lock lock(self.mutex_);
     self.load();
+    return self.compare().missed;
 }
 
 }  // namespace dayward

@@ -1,11 +1,18 @@
-// Which events' alerts fired while the user was away: the list of their identifiers, kept in the
-// standard user defaults under "k002". Class operations act on the current environment. Any thread.
+// Which events' alerts fired while the user was away.
+//
+// The device does not tell what fired. So saveState() keeps a copy of its schedule, and find() compares:
+// what has left the schedule, and whose time has come, has fired. Both lists are in the standard user
+// defaults: the copy under "k001", the identifiers of the events found under "k002".
+//
+// Class operations act on the current environment. Any thread, and several processes of a home: find(),
+// saveState() and the setters take in what the others stored.
 #pragma once
 
 #include <string>
 #include <unordered_set>
 #include <vector>
 
+#include "platform/LocalNotification.h"
 #include "platform/Mutex.h"
 
 namespace dayward {
@@ -14,7 +21,15 @@ class Environment;
 
 class MissedEventsHelper {
 public:
+    static constexpr const char* kLastNotificationsKey = "k001";
     static constexpr const char* kMissedEventsKey = "k002";
+    /// Posted without object and user info when the list of missed events is another, by any thread.
+    static constexpr const char* kDidUpdateNotification = "MissedEventsDidUpdateNotification";
+
+    /// The schedule as it was last kept; empty where none was, or where it cannot be read.
+    static std::vector<LocalNotification> lastNotifications();
+    /// Stores it and writes the defaults through; an empty one removes the key.
+    static void setLastNotifications(const std::vector<LocalNotification>& notifications);
 
     /// Identifiers in the order in which they were found. Anything else in the defaults reads as empty.
     static std::vector<std::string> missedEvents();
@@ -25,12 +40,32 @@ public:
     /// Takes in what another process stored; call it after the defaults were synchronized.
     static void reload();
 
+    /// Keeps the device's present schedule as lastNotifications().
+    static void saveState();
+    /// Adds the events whose notifications fired since saveState() to missedEvents(). What was found
+    /// leaves lastNotifications(), so that it does not come back once the list was cleared.
+    static void find();
+    /// missedEvents() as find() would leave them now; stores nothing.
+    static std::vector<std::string> missedEventsIfFound();
+
     /// Use the class operations.
     explicit MissedEventsHelper(Environment& environment);
 
 private:
+    /// What find() comes to.
+    struct Found {
+        std::vector<std::string> missed;
+        std::vector<LocalNotification> rest;  ///< of the last notifications
+        bool isAny = false;
+    };
+
     static MissedEventsHelper& shared();
     void load() DAYWARD_REQUIRES(mutex_);
+    void store(const std::vector<std::string>& identifiers) DAYWARD_REQUIRES(mutex_);
+    [[nodiscard]] std::vector<LocalNotification> readLast() const;
+    void storeLast(const std::vector<LocalNotification>& notifications);
+    [[nodiscard]] Found compare() const DAYWARD_REQUIRES(mutex_);
+    void tellIfOther(const std::vector<std::string>& before);
 
     Environment& environment_;
     Mutex mutex_;

@@ -2,6 +2,8 @@
 // MissedEventsHelper.
 #pragma once
 
+#include "alerts/MissedEventsHelper.h"
+
 namespace dayward {
 
 class MissedEventsService {
@@ -18,6 +20,13 @@ class NoMissedEvents final : public MissedEventsService {
 public:
     void find() override {}
     void saveState() override {}
+};
+
+/// The device's schedule and the defaults.
+class ScheduleMissedEvents final : public MissedEventsService {
+public:
+    void find() override { MissedEventsHelper::find(); }
+    void saveState() override { MissedEventsHelper::saveState(); }
 };
 
 }  // namespace dayward

@@ -34,7 +34,9 @@ bool Life::run(Environment& environment, const LaunchOptions& launch, SingleInst
     services.share = &shell.shareServices();
     services.handleFirstLaunch = [] { AppManager::handleFirstLaunch(); };
     const HHSplitViewController split(shell.navigation(), services);
-    const auto delegate = std::make_shared<AppDelegate>(AppServices{}, [&split] { return split.master(); });
+    AppServices connected;
+    connected.missedEvents = std::make_shared<ScheduleMissedEvents>();
+    const auto delegate = std::make_shared<AppDelegate>(std::move(connected), [&split] { return split.master(); });
     delegate->setWindow(&window);
     followWindow();
     const TerminationSignals termination([this] { close(); });

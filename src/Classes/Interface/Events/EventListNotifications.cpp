@@ -7,6 +7,7 @@
 #include "Classes/Interface/Events/EventListViewController.h"
 #include "Classes/Interface/List/EventSearch.h"
 #include "Classes/Settings/AppSettings.h"
+#include "alerts/MissedEventsHelper.h"
 #include "platform/Application.h"
 #include "sync/CCUbiquityKeyStoreProgressInfo.h"
 
@@ -43,6 +44,8 @@ void EventListViewController::observeStores() {
     observe(EventEditDidCreateItemNotification, &Self::eventEditDidCreateItem);
     observe(AppSettings::kTableSortDidUpdateNotification, &Self::settingsTableSortDidUpdate);
     observe(Application::kWillEnterForegroundNotification, &Self::applicationWillEnterForeground);
+    observer_.observe(MissedEventsHelper::kDidUpdateNotification,
+                      [this](const Notification&) { startReload(Reload::order); });
 }
 
 void EventListViewController::observeTimer() {

@@ -257,6 +257,19 @@ TEST_F(EventList, PicturesOfARowArriveLate) {
     EXPECT_FALSE(MissedEventsHelper::isMissed("a"));
 }
 
+TEST_F(EventList, WhatIsMissedHasItsSectionAsSoonAsItIsFound) {
+    store({"a", "2026-03-20", "A"});
+    store({"b", "2026-03-01", "B"});
+    start();
+    EXPECT_THAT(rows(list().table()), ElementsAre("[March 2026]", "a", "[Passed]", "b"));
+    MissedEventsHelper::setMissedEvents({"b"});
+    settle();
+    EXPECT_THAT(rows(list().table()), ElementsAre("[Missed]", "b", "[March 2026]", "a"));
+    view.offset = -200;
+    list().scrollViewDidEndDragging(true);
+    EXPECT_THAT(rows(list().table()), ElementsAre("[March 2026]", "a", "[Passed]", "b"));
+}
+
 TEST_F(EventList, EditingReplacesTheBarAndEndsTheSearch) {
     store({"a", "2026-03-20", "A"});
     start();
