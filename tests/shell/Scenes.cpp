@@ -1,8 +1,10 @@
 #include "shell/Scenes.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "Classes/Event/EventLocalStore.h"
+#include "Classes/Event/HHEvent.h"
 #include "Classes/Interface/Edit/EventEditViewController.h"
 #include "Classes/Interface/Events/EventDetailViewController.h"
 #include "Classes/Interface/Info/SettingsViewController.h"
@@ -38,9 +40,16 @@ Scene settings(const std::string& name, std::vector<std::string> rows) {
     return {name, path<SettingsViewController>(std::move(rows), SettingsViewController::Services{})};
 }
 
+/// The same in each run.
+std::vector<std::shared_ptr<HHEvent>> eventsByDate() {
+    auto events = EventLocalStore::shared().allEvents();
+    std::ranges::sort(events, {}, [](const auto& event) { return event->nextDate(); });
+    return events;
+}
+
 /// Something that is found in any language.
 std::string firstWordOfAnEvent() {
-    const std::string name = EventLocalStore::shared().allEvents().front()->name().value_or("");
+    const std::string name = eventsByDate().front()->name().value_or("");
     return name.substr(0, name.find(' '));
 }
 
@@ -51,10 +60,10 @@ Scene list(const std::string& name, EventSortType order) {
             }};
 }
 
-/// The detail of the event at that place of the list.
+/// The detail of the event at that place of the list by date.
 Scene detail(const std::string& name, std::size_t place, bool shares = false) {
     return {name, [place, shares](Stage& stage) {
-                const auto events = EventLocalStore::shared().allEvents();
+                const auto events = eventsByDate();
                 stage.list.presentDetailsForEventAtIdentifier(events.at(place % events.size())->identifier());
                 const auto& screens = stage.shell.navigation().screens(
                     stage.shell.hasDetailPane() ? StackId::detail : StackId::root);
