@@ -164,4 +164,45 @@ TEST_F(Flows, asksAndTakesTheAnswer) {
     EXPECT_TRUE(until([&] { return answered == 3; }));
 }
 
+TEST_F(Flows, rowsThatScrolledAwayAndCameBackAreLive) {
+    std::vector<std::shared_ptr<HHEvent>> events;
+    for (int number = 10; number < 70; ++number) {
+        auto event = std::make_shared<HHEvent>();
+        event->setName("Event " + std::to_string(number));
+        event->setDate(environment->now() + TimeInterval(86400.0 * number));
+        events.push_back(event);
+    }
+    EventLocalStore::shared().updateEvents(events);
+    ASSERT_TRUE(until([&] { return item(QStringLiteral("Event 10")) != nullptr; }));
+    QQuickItem* list = item(QStringLiteral("Event 10"));
+    while (list != nullptr && !list->inherits("QQuickListView")) list = list->parentItem();
+    ASSERT_NE(list, nullptr);
+    const auto scroll = [&](double to) { list->setProperty("contentY", list->property("originY").toDouble() + to); };
+    for (double at = 0; at <= 60; ++at) {
+        scroll(84 * at);
+        QCoreApplication::processEvents();
+    }
+    EXPECT_EQ(item(QStringLiteral("Event 10")), nullptr);
+    for (double at = 60; at >= 0; --at) {
+        scroll(84 * at);
+        QCoreApplication::processEvents();
+    }
+    ASSERT_TRUE(until([&] { return item(QStringLiteral("Event 10")) != nullptr; }));
+    events.front()->setName("Renamed");
+    EventLocalStore::shared().updateEvent(events.front());
+    EXPECT_TRUE(until([&] { return item(QStringLiteral("Renamed")) != nullptr; }));
+}
+
+TEST_F(Flows, offersTheActionsOfARowByTheRightButton) {
+    addEvent(QStringLiteral("Concert"));
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(topIs("Events"));
+    settle();
+    QQuickItem* const row = item(QStringLiteral("Concert"));
+    ASSERT_NE(row, nullptr);
+    QTest::mouseClick(quick, Qt::RightButton, {}, row->mapToScene({4, 4}).toPoint());
+    click(QStringLiteral("Delete"));
+    EXPECT_TRUE(until([&] { return names().empty(); }));
+}
+
 }  // namespace dayward

@@ -25,8 +25,16 @@ ListView {
         return true
     }
 
+    // What a long press or the right button offers for a row.
+    function offerActions(eventKey: string) {
+        actions.createObject(rowsView, {
+            "eventKey": eventKey
+        }).popup()
+    }
+
     model: rows
     clip: true
+    reuseItems: true
     cacheBuffer: 300
     currentIndex: -1
     keyNavigationEnabled: false
@@ -80,6 +88,23 @@ ListView {
             text: Theme.tr(rowsView.contentY - rowsView.originY < -150 ? "Release to clear" : "Pull to clear")
             color: Theme.secondaryText
             font.pixelSize: Theme.small
+        }
+    }
+
+    Component {
+        id: actions
+        Menu {
+            id: menu
+            required property string eventKey
+            onClosed: destroy()
+            MenuItem {
+                text: Theme.tr("Open")
+                onTriggered: rowsView.rows.select(rowsView.rows.placeOfEvent(menu.eventKey))
+            }
+            MenuItem {
+                text: Theme.tr("Delete")
+                onTriggered: rowsView.rows.removeRow(rowsView.rows.placeOfEvent(menu.eventKey))
+            }
         }
     }
 

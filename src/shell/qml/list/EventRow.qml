@@ -32,6 +32,17 @@ Item {
         list.rows.show(shownKey)
     }
     Component.onDestruction: list?.rows?.hide(shownKey)
+    ListView.onPooled: {
+        list.rows.hide(shownKey)
+        shownKey = ""
+        swiped = 0
+    }
+    ListView.onReused: {
+        opacity = 1
+        scale = 1
+        shownKey = row.eventKey
+        list.rows.show(shownKey)
+    }
     onRowChanged: {
         if (shownKey.length === 0 || row.eventKey === shownKey || row.eventKey.length === 0)
             return
@@ -46,20 +57,22 @@ Item {
     Accessible.focusable: true
     Accessible.onPressAction: list.rows.select(index)
 
-    Rectangle {
+    Loader {
         anchors.fill: card
-        radius: Theme.radius
-        color: Theme.destructive
-        visible: card.x < list.inset - 1
-        Symbol {
-            anchors.right: parent.right
-            anchors.rightMargin: 26
-            anchors.verticalCenter: parent.verticalCenter
-            name: "delete"
-            color: "#ffffff"
-        }
-        TapHandler {
-            onTapped: root.remove()
+        active: card.x < root.list.inset - 1
+        sourceComponent: Rectangle {
+            radius: Theme.radius
+            color: Theme.destructive
+            Symbol {
+                anchors.right: parent.right
+                anchors.rightMargin: 26
+                anchors.verticalCenter: parent.verticalCenter
+                name: "delete"
+                color: "#ffffff"
+            }
+            TapHandler {
+                onTapped: root.remove()
+            }
         }
     }
     Item {
@@ -104,15 +117,17 @@ Item {
             border.width: 3
             border.color: Theme.accent
         }
-        BarButton {
+        Loader {
             anchors.right: parent.right
             anchors.rightMargin: 6
             anchors.verticalCenter: parent.verticalCenter
-            visible: root.editing
-            symbol: "delete"
-            tint: root.row.textColor
-            text: Theme.tr("Delete") + ": " + root.row.title
-            onClicked: root.remove()
+            active: root.editing
+            sourceComponent: BarButton {
+                symbol: "delete"
+                tint: root.row.textColor
+                text: Theme.tr("Delete") + ": " + root.row.title
+                onClicked: root.remove()
+            }
         }
         TapHandler {
             id: hand
@@ -125,11 +140,11 @@ Item {
                     root.list.rows.select(root.index)
             }
             onLongPressed: if (!drag.enabled)
-                menu.popup()
+                root.list.offerActions(root.row.eventKey)
         }
         TapHandler {
             acceptedButtons: Qt.RightButton
-            onTapped: menu.popup()
+            onTapped: root.list.offerActions(root.row.eventKey)
         }
         DragHandler {
             id: swipe
@@ -164,17 +179,6 @@ Item {
                 if (over >= 0 && over !== root.index && root.list.rows.canMove(root.index, over))
                     root.list.rows.dragRow(root.index, over)
             }
-        }
-    }
-    Menu {
-        id: menu
-        MenuItem {
-            text: Theme.tr("Open")
-            onTriggered: root.list.rows.select(root.index)
-        }
-        MenuItem {
-            text: Theme.tr("Delete")
-            onTriggered: root.remove()
         }
     }
 }
