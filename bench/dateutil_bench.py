@@ -1,6 +1,7 @@
 """The peer of rule_ten_years: python-dateutil, given the text and the wall-clock times each time.
 
-Use: dateutil_bench.py ROUNDS ROW…; prints {"row/side": [nanoseconds of one question, a number a round]}.
+Use: dateutil_bench.py ROUNDS ROW…; prints {"row/side": {"unit": "ns", "values": [the time of one
+question, a number a round]}}.
 The rules and times are those of kTenYearRules in support/RuleCases.h.
 """
 import json
@@ -23,4 +24,5 @@ def nanoseconds():
 
 
 rounds, rows = int(sys.argv[1]), sys.argv[2:]
-print(json.dumps({f"{ROW}/dateutil": [nanoseconds() for _ in range(rounds)]} if ROW in rows else {}))
+figure = {"unit": "ns", "values": [nanoseconds() for _ in range(rounds)]} if ROW in rows else None
+print(json.dumps({f"{ROW}/dateutil": figure} if figure else {}))

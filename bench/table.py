@@ -83,10 +83,11 @@ def measured_by(program, rows, options):
 
 
 def measured_by_script(script, rows, options):
-    """A script prints {"row/side": [nanoseconds, …]} for the rows that it is given."""
+    """A script prints {"row/side": {"unit": "ns" or "B", "values": […]}} for the rows that it is given."""
     command = [sys.executable, script, "3" if options.quick else "9", *sorted(rows)]
-    printed = json.loads(subprocess.run(command, capture_output=True, text=True, check=True).stdout)
-    return {tuple(name.split("/")): [(value, "ns", "") for value in values] for name, values in printed.items()}
+    figures = json.loads(subprocess.run(command, stdout=subprocess.PIPE, text=True, check=True).stdout)
+    return {tuple(name.split("/")): [(value, figure["unit"], "") for value in figure["values"]]
+            for name, figure in figures.items()}
 
 
 def instructions(program, full_name, iterations):
