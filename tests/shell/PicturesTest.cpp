@@ -1,9 +1,15 @@
 // Pictures fitted to their places, and fonts that have the letters.
 #include <QFontInfo>
 #include <QGuiApplication>
+#include <QQmlComponent>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
 
+#include "Classes/Interface/General/TextScrim.h"
 #include "shell/Fonts.h"
 #include "shell/QtImages.h"
+#include "shell/QtValues.h"
 #include "shell/ShellFixture.h"
 
 namespace dayward {
@@ -20,6 +26,16 @@ std::shared_ptr<const Image> halves(int width, int height) {
         }
     }
     return std::make_shared<const Image>(width, height, std::move(bytes));
+}
+
+Image filled(const Color& color) {
+    Data bytes;
+    for (int pixel = 0; pixel < 64; ++pixel) {
+        for (const double part : {color.red, color.green, color.blue, 1.0}) {
+            bytes.push_back(static_cast<std::uint8_t>(part * 255 + 0.5));
+        }
+    }
+    return {8, 8, std::move(bytes)};
 }
 
 }  // namespace
@@ -68,6 +84,42 @@ TEST_F(PicturesOfTheShell, fontsChangeForLettersThatTheyDoNotHave) {
     EXPECT_NE(cyrillic.front(), "Comic Neue");
     EXPECT_EQ(fontNamed("", 20).family(), kInterfaceFamily);
     EXPECT_EQ(fontNamed("no such font", 0).pixelSize(), 1);
+}
+
+/// The look of an event as a row draws it, without its texts, over each kind of ground.
+TEST_F(PicturesOfTheShell, leaveTextsReadableWhereTheyStand) {
+    Shell shell(*environment);
+    QtWindow window(*environment, shell);
+    ASSERT_NE(window.quickWindow(), nullptr);
+    window.quickWindow()->resize(400, 200);
+    window.quickWindow()->show();
+    QQmlComponent component(&window.engine(), QUrl(QStringLiteral("qrc:/Dayward/EventLook.qml")));
+    const std::unique_ptr<QQuickItem> look(qobject_cast<QQuickItem*>(component.create()));
+    ASSERT_NE(look, nullptr) << component.errorString().toStdString();
+    look->setParentItem(window.quickWindow()->contentItem());
+    look->setSize({400, 76});
+    look->setZ(100);
+    int number = 0;
+    for (const Color& ground : {Color::black(), Color{0.2, 0.25, 0.4, 1}, Color{0.5, 0.5, 0.5, 1},
+                                Color{0.9, 0.5, 0.2, 1}, Color::white()}) {
+        for (const Color& text : {Color::black(), Color::white(), Color{0.67, 0, 0, 1}, Color{0, 0, 0.67, 1}}) {
+            const Image picture = filled(ground);
+            const std::string key = "ground" + std::to_string(++number);
+            shell.pictures().add({key, [picture] { return std::make_shared<const Image>(picture); }});
+            look->setProperty("background", QString::fromStdString(key));
+            look->setProperty("textColor", qtColor(text));
+            look->setProperty("scrim", qtColor(textScrim(text, picture)));
+            QTest::qWait(60);
+            ASSERT_TRUE(until([&] { return look->findChild<QQuickItem*>(QStringLiteral("picture"))->opacity() == 1; }));
+            const QImage drawn = window.quickWindow()->grabWindow();
+            for (const int y : {20, 30, 40, 50, 58}) {
+                const QColor pixel = drawn.pixelColor(200, y);
+                EXPECT_GE(contrastRatio(text, {pixel.redF(), pixel.greenF(), pixel.blueF(), 1}),
+                          kLeastTextContrast - 0.1)
+                    << text.hex() << " on " << ground.hex() << " at " << y;
+            }
+        }
+    }
 }
 
 }  // namespace dayward

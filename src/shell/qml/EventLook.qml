@@ -31,6 +31,7 @@ Item {
     }
     Picture {
         id: picture
+        objectName: "picture"
         anchors.fill: parent
         anchors.topMargin: look.topInset
         key: look.background
