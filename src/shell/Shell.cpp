@@ -53,14 +53,9 @@ void Shell::setWindowWidth(qreal width) {
 bool Shell::goBack() { return navigation_.goBack(); }
 
 bool Shell::press(const QString& role) {
-    const Screen top = navigation_.topScreen();
-    const QList<StackItem*> stacks = QList<StackItem*>{&rootStack_, &detailStack_} + modalStacks_;
-    for (const StackItem* stack : stacks) {
-        for (ScreenItem* item : stack->screens()) {
-            if (item->screen() == top) return item->press(role);
-        }
-    }
-    return false;
+    // The buttons of the list can be reached from all that stands over it in its own stack.
+    if (modalStacks_.isEmpty()) return rootStack_.pressFromTop(role);
+    return modalStacks_.last()->pressTop(role);
 }
 
 StackItem* Shell::stack(StackId id) {
@@ -110,8 +105,7 @@ void Shell::showAlert(Alert alert) {
     for (const AlertButton& button : alert.buttons) {
         buttons.append(QVariantMap{{"title", qtText(button.title)}, {"role", nameOf(button.role)}});
     }
-    const QVariantMap content{
-        {"title", qtText(alert.title)}, {"message", qtText(alert.message)}, {"buttons", buttons}};
+    const QVariantMap content{{"title", qtText(alert.title)}, {"message", qtText(alert.message)}, {"buttons", buttons}};
     const int number = ++lastNumber_;
     alerts_.emplace(number, std::move(alert));
     emit alertWanted(number, content);
@@ -126,7 +120,8 @@ void Shell::answerAlert(int alert, int button) {
 }
 
 void Shell::showNotice(Notice notice) {
-    const QVariantMap content{{"text", qtText(notice.text)}, {"action", qtText(notice.actionTitle)}};
+    const QVariantMap content{
+        {"text", qtText(notice.text)}, {"action", qtText(notice.actionTitle)}, {"seconds", notice.shownFor.seconds()}};
     notice_ = std::move(notice);
     noticeNumber_ = ++lastNumber_;
     emit noticeWanted(noticeNumber_, content);

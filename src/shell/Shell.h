@@ -49,7 +49,8 @@ public:
     Q_INVOKABLE void setWindowWidth(qreal width);
     /// Back or Escape in the uppermost stack; false where there is nothing to go back from.
     Q_INVOKABLE bool goBack();
-    /// Presses a button of the topmost screen; false where it has none.
+    /// Presses a button of the topmost screen, and where no modal stack covers the root stack, of the
+    /// first screen below that has it; false where there is none.
     Q_INVOKABLE bool press(const QString& role);
     /// The user's answer to the alert with that number.
     Q_INVOKABLE void answerAlert(int alert, int button);
@@ -79,7 +80,7 @@ signals:
     void dismissed(dayward::StackItem* stack);
     /// {title, message, buttons: [{title, role}]}
     void alertWanted(int alert, const QVariantMap& content);
-    /// {text, action}
+    /// {text, action, seconds}
     void noticeWanted(int notice, const QVariantMap& content);
     void pictureWanted();
     /// The user wants to search where that can be done.

@@ -42,6 +42,11 @@ void StackItem::retire() {
     deleteLater();
 }
 
+bool StackItem::pressFromTop(const QString& role) {
+    const QList<ScreenItem*> screens = screens_;
+    return std::any_of(screens.crbegin(), screens.crend(), [&](ScreenItem* item) { return item->press(role); });
+}
+
 bool StackItem::goBack() { return navigation_.goBack(id_); }
 
 }  // namespace dayward

@@ -1,9 +1,9 @@
 // A stack of screens as QML sees it; who draws it brings its own pages into line. Main thread only.
 #pragma once
 
+#include <QtQml/qqmlregistration.h>
 #include <QList>
 #include <QObject>
-#include <QtQml/qqmlregistration.h>
 
 #include "Classes/Interface/Screens/Navigation.h"
 #include "shell/ScreenItem.h"
@@ -31,6 +31,13 @@ public:
     void refreshPanel();
     /// The stack is no more; its items go with their pages.
     void retire();
+
+    /// Presses a button of the top screen; false where it has none, and under a panel.
+    bool pressTop(const QString& role) {
+        return !screens_.isEmpty() && panel_ == nullptr && screens_.last()->press(role);
+    }
+    /// Presses it on the uppermost screen that has it.
+    bool pressFromTop(const QString& role);
 
     /// One step back; false where there is nothing to go back from.
     Q_INVOKABLE bool goBack();

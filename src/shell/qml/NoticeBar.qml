@@ -14,6 +14,7 @@ Rectangle {
         number = itsNumber
         text = content.text
         action = content.action
+        life.interval = content.seconds * 1000
         shown = true
         life.restart()
     }
@@ -43,7 +44,6 @@ Rectangle {
 
     Timer {
         id: life
-        interval: 7000
         onTriggered: bar.shown = false
     }
     Row {

@@ -22,6 +22,8 @@ namespace dayward {
 namespace {
 
 constexpr TimeInterval kReloadDelay{0.1};
+/// What is offered is still there when the user takes it in the last moment.
+constexpr TimeInterval kNoticeFades{1};
 
 /// A number for the present day, another one for any other day.
 std::int64_t presentDay() {
@@ -131,7 +133,8 @@ void EventListViewController::reload() {
     if (kind == Reload::everything) activeTable().setObjects(shownEvents());
     if (kind == Reload::order) activeTable().manager()->sortData();
     activeTable().refreshVisibleRows();
-    sortedDay_ = presentDay();
+    const std::int64_t day = presentDay();
+    if (std::exchange(sortedDay_, day) != day) activeTable().refreshHeaders();
     checkSelection();
     tellListObserver();
 }
@@ -151,18 +154,25 @@ void EventListViewController::deleteRow(IndexPath path) {
     const EventRow event = activeTable().event(path);
     removed_.keep(*event);
     activeTable().manager()->commitEditingStyle(EventTableManager::EditingStyle::remove, path);
-    if (!isPresented()) return;
+    offerUndo();
+}
+
+void EventListViewController::offerUndo() {
+    const auto event = removed_.last();
+    const TimeInterval shownFor = removed_.timeLeft() - kNoticeFades;
+    if (!event || shownFor <= TimeInterval(0) || !isPresented()) return;
     const auto undo = [this, weak = weak_from_this()] {
         if (const auto self = weak.lock()) undoDeletion();
     };
     presenter().showNotice(
-        {formatText(localized("Deleted \"%@\""), {shownName(*event)}), localized("Undo"), undo, RemovedEvents::kTime});
+        {formatText(localized("Deleted \"%@\""), {shownName(*event)}), localized("Undo"), undo, shownFor});
 }
 
 bool EventListViewController::undoDeletion() {
     const auto event = removed_.putBack();
     if (!event) return false;
     if (hasDetailPane()) setSelectedEventKey(event->identifier());
+    offerUndo();
     return true;
 }
 
@@ -210,6 +220,7 @@ void EventListViewController::endSearch() {
     if (!std::exchange(isSearching_, false)) return;
     searchText_.clear();
     configureDataSources();
+    checkSelection();
 }
 
 std::optional<EmptyAdvice> EventListViewController::emptyAdvice() {

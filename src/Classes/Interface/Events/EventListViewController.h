@@ -76,7 +76,8 @@ public:
     void selectRow(IndexPath path);
     /// Removes the event at once and for good, and offers to put it back.
     void deleteRow(IndexPath path);
-    /// Puts back what was removed last, while that is offered. False where there is nothing.
+    /// Puts back what was removed last, while that is offered, and offers what was removed before it.
+    /// False where there is nothing.
     bool undoDeletion();
     /// Whether undoDeletion() would do something.
     [[nodiscard]] bool canUndoDeletion() const { return removed_.canPutBack(); }
@@ -148,6 +149,7 @@ private:
     void observeTimer();
     void showBarButtons();
     void tellListObserver() const;
+    void offerUndo();
 
     void applicationWillEnterForeground(const Notification& notification);
     void eventTableManagerDidSelectItem(const Notification& notification);

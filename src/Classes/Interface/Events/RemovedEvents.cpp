@@ -41,8 +41,21 @@ void RemovedEvents::keep(const HHEvent& event) {
     removed_.push_back({copyWithPictures(event), placeInOrder(event.identifier()), Environment::current().now()});
 }
 
-bool RemovedEvents::canPutBack() const {
-    return std::ranges::any_of(removed_, [](const Removed& each) { return isKept(each) && !isStored(*each.event); });
+const RemovedEvents::Removed* RemovedEvents::lastRemoved() const {
+    const auto found = std::ranges::find_if(removed_.rbegin(), removed_.rend(),
+                                            [](const Removed& each) { return isKept(each) && !isStored(*each.event); });
+    return found != removed_.rend() ? &*found : nullptr;
+}
+
+std::shared_ptr<const HHEvent> RemovedEvents::last() const {
+    const Removed* removed = lastRemoved();
+    return removed != nullptr ? removed->event : nullptr;
+}
+
+TimeInterval RemovedEvents::timeLeft() const {
+    const Removed* removed = lastRemoved();
+    if (removed == nullptr) return TimeInterval(0);
+    return std::min(kTime, kTime - (Environment::current().now() - removed->when));  // the clock may have gone back
 }
 
 std::shared_ptr<HHEvent> RemovedEvents::putBack() {

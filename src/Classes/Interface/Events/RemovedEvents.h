@@ -23,7 +23,11 @@ public:
 
     /// To be called before the event is removed from the store.
     void keep(const HHEvent& event);
-    [[nodiscard]] bool canPutBack() const;
+    [[nodiscard]] bool canPutBack() const { return last() != nullptr; }
+    /// What putBack() would put back; null where there is none.
+    [[nodiscard]] std::shared_ptr<const HHEvent> last() const;
+    /// How long last() can still be put back; 0 where there is none.
+    [[nodiscard]] TimeInterval timeLeft() const;
     /// Puts the last one back into the store that is kept and is not there again; null where there is none.
     std::shared_ptr<HHEvent> putBack();
     /// Forgets those whose time is over.
@@ -38,6 +42,7 @@ private:
 
     /// Whether it may still be put back.
     static bool isKept(const Removed& removed);
+    [[nodiscard]] const Removed* lastRemoved() const;
 
     std::vector<Removed> removed_;
 };

@@ -98,6 +98,11 @@ void EventListTable::refreshVisibleRows() {
     for (const auto& [key, row] : rows) reconfigure(row);
 }
 
+void EventListTable::refreshHeaders() {
+    if (view_ == nullptr || isEmpty() || !headerText(0)) return;
+    for (std::size_t section = 0; section < numberOfSections(); ++section) view_->reloadSection(section);
+}
+
 void EventListTable::reconfigure(const Shown& row) {
     const auto path = manager_->indexPathForObject(row.event);
     if (!path) return;

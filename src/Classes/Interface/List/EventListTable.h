@@ -79,6 +79,8 @@ public:
     void hideRow(const std::string& eventKey);
     /// Writes the present content into the cells, and has backgrounds made that are others now.
     void refreshVisibleRows();
+    /// The view is told each section whose header is another text on another day.
+    void refreshHeaders();
     /// Has the pictures of a row made that will soon come into sight.
     void preheat(IndexPath path, PixelSize size) const;
 

@@ -175,7 +175,7 @@ bool Navigation::goBack(StackId id) {
         pop(*top);
         return true;
     }
-    if (id < StackId::firstModal) return false;
+    if (id < StackId::firstModal) return top->press(BarButton::Role::done);
     if (!top->press(BarButton::Role::cancel) && !top->press(BarButton::Role::done)) dismiss(*top);
     return true;
 }

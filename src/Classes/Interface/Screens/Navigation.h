@@ -58,7 +58,8 @@ public:
     /// detail pane, and those pushed over them, move; an empty detail stays out of a narrow window.
     void setHasDetailPane(bool has);
     /// The user's Back or Escape in a stack: closes its panel, else pops its top, else presses Cancel or
-    /// Done of a modal root, else dismisses it. False where there is nothing to go back from.
+    /// Done of a modal root or dismisses it, or presses Done of another root. False where there is nothing
+    /// to go back from.
     bool goBack(StackId stack);
     /// The same in the uppermost stack where there is something to go back from.
     bool goBack();

@@ -86,6 +86,17 @@ TEST_F(EventList, SearchesNamesAndNotesWhileTheListRests) {
     EXPECT_THAT(rows(list().activeTable()), ElementsAre("[March 2026]", "a", "c", "d", "e"));
 }
 
+TEST_F(EventList, TheEndOfASearchSelectsAgain) {
+    store({"a", "2026-03-20", "Party"});
+    store({"b", "2026-03-25", "Work"});
+    start(kWide);
+    list().setSearchText("party");
+    remove("a");
+    EXPECT_EQ(list().selectedEventKey(), std::nullopt) << "nothing that was found is left";
+    list().endSearch();
+    EXPECT_EQ(list().selectedEventKey(), "b");
+}
+
 TEST_F(EventList, ARemovedEventComesBackAsItWas) {
     for (const char* key : {"a", "b", "c"}) store({key, "2026-03-20", key});
     auto picture = store({"b", "2026-03-20", "Picture"});
@@ -113,9 +124,12 @@ TEST_F(EventList, ARemovedEventComesBackAsItWas) {
     EXPECT_FALSE(list().undoDeletion()) << "once is enough";
 
     list().deleteRow({0, 0});
+    environment.clock->advance(TimeInterval(3));
     list().deleteRow({0, 0});
-    EXPECT_TRUE(list().undoDeletion());
-    EXPECT_TRUE(list().undoDeletion());
+    shell.notice.action();
+    EXPECT_EQ(shell.notice.text, "Deleted \"c\"") << "the one before is offered next";
+    EXPECT_EQ(shell.notice.shownFor, RemovedEvents::kTime - TimeInterval(4));
+    shell.notice.action();
     EXPECT_THAT(rows(list().table()), ElementsAre("c", "b", "a"));
     list().deleteRow({0, 0});
     second(9);
@@ -227,6 +241,7 @@ TEST_F(EventList, TheTickWritesVisibleRowsAndMovesNone) {
     second();
     settle();
     EXPECT_THAT(rows(list().table()), ElementsAre("[Passed]", "b", "a")) << "another day sorts the list";
+    EXPECT_THAT(view.take(), Contains("reload section 0")) << "a header may name the day";
 }
 
 TEST_F(EventList, PicturesOfARowArriveLate) {
@@ -280,8 +295,9 @@ TEST_F(EventList, EditingReplacesTheBarAndEndsTheSearch) {
     EXPECT_FALSE(list().press(BarButton::Role::add));
     list().beginSearch();
     EXPECT_FALSE(list().isSearching());
-    shell.press(BarButton::Role::done);
+    shell.back();
     EXPECT_TRUE(list().isSearchBarEnabled());
+    EXPECT_FALSE(shell.navigation.goBack());
     shell.press(BarButton::Role::info);
     EXPECT_THAT(shell.take(), ElementsAre("present Settings"));
 }
