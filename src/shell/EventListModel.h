@@ -40,6 +40,8 @@ public:
     Q_INVOKABLE void show(const QString& eventKey);
     Q_INVOKABLE void hide(const QString& eventKey);
 
+    /// Whether an event stands there, no header.
+    Q_INVOKABLE [[nodiscard]] bool isRow(int place) const { return pathAt(place).has_value(); }
     Q_INVOKABLE void select(int place);
     Q_INVOKABLE void removeRow(int place);
     Q_INVOKABLE [[nodiscard]] bool canMove(int from, int to) const;

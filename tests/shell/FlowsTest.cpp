@@ -1,76 +1,7 @@
-// What a user does with the window, by mouse and keyboard, drawn without a display.
-#include <QQuickItem>
-#include <QQuickWindow>
-#include <QTest>
-
-#include "Classes/Event/EventLocalStore.h"
-#include "Classes/Interface/Edit/EventEditViewController.h"
-#include "Classes/Interface/Info/SettingsViewController.h"
-#include "shell/ListItem.h"
-#include "shell/SelfTest.h"
-#include "shell/ShellFixture.h"
+// What a user does with the window, by mouse and keyboard.
+#include "shell/FlowsFixture.h"
 
 namespace dayward {
-
-class Flows : public ShellFixture {
-protected:
-    Flows() : shell(*environment), window(*environment, shell), split(shell.navigation()) {
-        quick = window.quickWindow();
-        if (quick == nullptr) throw std::runtime_error("the window cannot be loaded");
-        quick->resize(400, 800);
-        window.setRootViewController(split.master());
-        window.makeKeyAndVisible();
-        EXPECT_TRUE(until([&] { return quick->isExposed(); }));
-    }
-
-    /// A visible item in the window that is spoken or labelled so.
-    [[nodiscard]] QQuickItem* item(const QString& text) const { return itemIn(quick->contentItem(), text); }
-    static QQuickItem* itemIn(QQuickItem* parent, const QString& text) {
-        // What lies on top comes last.
-        const QList<QQuickItem*> children = parent->childItems();
-        for (auto child = children.crbegin(); child != children.crend(); ++child) {
-            if (!(*child)->isVisible()) continue;
-            if (QQuickItem* found = itemIn(*child, text)) return found;
-            if ((*child)->property("text").toString() == text && (*child)->width() > 0) return *child;
-        }
-        return nullptr;
-    }
-    void click(const QString& text) {
-        ASSERT_TRUE(until([&] { return item(text) != nullptr; })) << text.toStdString();
-        settle();
-        QQuickItem* const target = item(text);
-        const QPointF middle = target->mapToScene({target->width() / 2, target->height() / 2});
-        QTest::mouseClick(quick, Qt::LeftButton, {}, middle.toPoint());
-    }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(quick, key, modifiers); }
-    void type(const QString& text) {
-        for (const QChar letter : text) QTest::keyClick(quick, letter.toLatin1());
-    }
-    /// Lets the moves of pages and rows end.
-    static void settle() { QTest::qWait(350); }
-    [[nodiscard]] static std::vector<std::string> names() {
-        std::vector<std::string> all;
-        for (const auto& event : EventLocalStore::shared().allEvents()) all.push_back(event->name().value_or(""));
-        return all;
-    }
-    bool topIs(const std::string& title) {
-        return until([&] { return shell.navigation().topScreen()->title() == title; });
-    }
-    void addEvent(const QString& name) {
-        press(Qt::Key_N, Qt::ControlModifier);
-        EXPECT_TRUE(topIs("New event"));
-        settle();
-        click(QStringLiteral("Event name"));
-        type(name);
-        click(QStringLiteral("Done"));
-        EXPECT_TRUE(until([&] { return shell.navigation().modalStacks().empty(); }));
-    }
-
-    Shell shell;
-    QtWindow window;
-    HHSplitViewController split;
-    QQuickWindow* quick = nullptr;
-};
 
 TEST_F(Flows, addsAnEventByTyping) {
     addEvent(QStringLiteral("Concert"));

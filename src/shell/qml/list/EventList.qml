@@ -11,18 +11,34 @@ ListView {
     required property ListItem screen
     readonly property int rowHeight: Math.round(76 * Theme.scale)
     readonly property int inset: 12
-    // The row that is being dragged stands where the finger has it.
-    property int draggedFrom: -1
 
-    function step(by: int): bool {
-        let next = currentIndex + by
-        while (next >= 0 && next < count && itemAtIndex(next)?.isHeader)
+    // The keyboard goes to the first row at or behind that place; false where there is none.
+    function goTo(place: int, by: int): bool {
+        let next = place
+        while (next >= 0 && next < count && !rows.isRow(next))
             next += by
         if (next < 0 || next >= count)
             return false
         currentIndex = next
         positionViewAtIndex(next, ListView.Contain)
         return true
+    }
+    function step(by: int): bool {
+        return goTo(currentIndex + by, by)
+    }
+    function page(by: int): bool {
+        const rowsInSight = Math.max(1, Math.floor(height / (rowHeight + 8)) - 1)
+        const place = Math.max(0, Math.min(count - 1, currentIndex + by * rowsInSight))
+        return goTo(place, by) || goTo(place, -by)
+    }
+    function scrollBy(distance: real) {
+        const end = originY + Math.max(0, contentHeight + bottomMargin - height)
+        contentY = Math.max(originY, Math.min(end, contentY + distance))
+    }
+    // Where the row of the keyboard has gone, the next one takes its place.
+    function stayOnRow() {
+        if (currentIndex >= 0 && !rows.isRow(currentIndex) && !goTo(currentIndex, 1))
+            goTo(currentIndex, -1)
     }
 
     // What a long press or the right button offers for a row.
@@ -50,7 +66,9 @@ ListView {
         when: rowsView.width > 100
     }
     onContentYChanged: rows.offset = contentY - originY
-    onDragEnded: screen.endDrag(flicking)
+    // Let go beyond its top, the list goes on by itself, back to where it belongs.
+    onDragEnded: screen.endDrag(flicking || contentY < originY)
+    onCountChanged: Qt.callLater(stayOnRow)
     onActiveFocusChanged: if (activeFocus && currentIndex < 0)
         step(1)
     Keys.onPressed: event => {
@@ -64,7 +82,13 @@ ListView {
         else if (event.key === Qt.Key_Up)
             event.accepted = step(-1)
         else if (event.key === Qt.Key_Home)
-            event.accepted = (currentIndex = -1, step(1))
+            event.accepted = goTo(0, 1)
+        else if (event.key === Qt.Key_End)
+            event.accepted = goTo(count - 1, -1)
+        else if (event.key === Qt.Key_PageDown)
+            event.accepted = page(1)
+        else if (event.key === Qt.Key_PageUp)
+            event.accepted = page(-1)
         else if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter || event.key === Qt.Key_Space)
             rows.select(currentIndex)
         else if (event.key === Qt.Key_Delete)

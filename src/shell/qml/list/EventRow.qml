@@ -2,8 +2,8 @@ import QtQuick
 import QtQuick.Controls
 import Dayward
 
-// An event of the list: tap opens it, a swipe or a right click offers to delete it, a long press while
-// the order is the user's own drags it.
+// An event of the list: tap opens it, a swipe or a right click offers to delete it. While the list is
+// edited a button does, and a handle moves the row where the order is the user's own.
 Item {
     id: root
 
@@ -16,8 +16,13 @@ Item {
     readonly property bool selected: list.screen.selectedKey.length > 0 && list.screen.selectedKey === row.eventKey
     readonly property bool isCurrent: ListView.isCurrentItem && list.activeFocus && Appearance.keyboardInUse
     readonly property bool editing: list.screen.editing
+    readonly property bool movable: editing && list.rows.canMove(index, index)
+    readonly property RowHandle mover: handle.item as RowHandle
+    readonly property bool dragged: mover?.dragging ?? false
     property string shownKey
+    // How far the card has gone towards the start of the line.
     property real swiped: 0
+    readonly property int way: Theme.rightToLeft ? 1 : -1
 
     function remove() {
         list.rows.removeRow(index)
@@ -25,7 +30,7 @@ Item {
 
     width: ListView.view?.width ?? 0
     height: list.rowHeight + 8
-    z: drag.active ? 2 : 1
+    z: dragged ? 2 : 1
 
     Component.onCompleted: {
         shownKey = row.eventKey
@@ -58,8 +63,12 @@ Item {
     Accessible.onPressAction: list.rows.select(index)
 
     Loader {
-        anchors.fill: card
-        active: card.x < root.list.inset - 1
+        // Under the card, which uncovers it as it goes.
+        x: root.list.inset
+        y: card.y
+        width: card.width
+        height: card.height
+        active: Math.abs(card.x - root.list.inset) > 1
         sourceComponent: Rectangle {
             radius: Theme.radius
             color: Theme.destructive
@@ -70,18 +79,26 @@ Item {
                 name: "delete"
                 color: "#ffffff"
             }
-            TapHandler {
-                onTapped: root.remove()
+            Item {
+                // What is uncovered; a hand on the card is not meant for what lies below.
+                anchors.right: parent.right
+                width: root.swiped
+                height: parent.height
+                TapHandler {
+                    gesturePolicy: TapHandler.ReleaseWithinBounds
+                    onTapped: root.remove()
+                }
             }
         }
     }
     Item {
         id: card
-        x: root.list.inset + root.swiped
-        y: 4
+        x: root.list.inset + root.way * root.swiped
+        // The row that is moved stands where the finger has it, wherever its place is by now.
+        y: 4 + (root.dragged ? root.mover.rowY - root.y : 0)
         width: root.width - 2 * root.list.inset
         height: root.list.rowHeight
-        scale: drag.active ? 1.03 : hand.pressed ? 0.985 : 1
+        scale: root.dragged ? 1.03 : hand.pressed ? 0.985 : 1
         Behavior on scale {
             NumberAnimation {
                 duration: Theme.quick
@@ -106,7 +123,7 @@ Item {
             date: root.row.date
             countdown: root.row.countdown
             missed: root.row.missed
-            trailingSpace: root.editing ? 48 : 0
+            trailingSpace: root.movable ? 96 : root.editing ? 48 : 0
         }
         Rectangle {
             anchors.fill: parent
@@ -118,8 +135,7 @@ Item {
             border.color: Theme.accent
         }
         Loader {
-            anchors.right: parent.right
-            anchors.rightMargin: 6
+            anchors.right: handle.left
             anchors.verticalCenter: parent.verticalCenter
             active: root.editing
             sourceComponent: BarButton {
@@ -129,20 +145,38 @@ Item {
                 onClicked: root.remove()
             }
         }
+        Loader {
+            id: handle
+            anchors.right: parent.right
+            anchors.rightMargin: 6
+            height: parent.height
+            width: active ? Theme.target : 0
+            active: root.movable
+            sourceComponent: RowHandle {
+                row: root
+                list: root.list
+                place: root.index
+                color: root.row.textColor
+            }
+        }
         TapHandler {
             id: hand
             acceptedButtons: Qt.LeftButton
             gesturePolicy: TapHandler.ReleaseWithinBounds
             onTapped: {
-                if (root.swiped !== 0)
+                if (root.swiped !== 0) {
                     root.swiped = 0
-                else
-                    root.list.rows.select(root.index)
+                    return
+                }
+                root.list.currentIndex = root.index
+                root.list.rows.select(root.index)
             }
-            onLongPressed: if (!drag.enabled)
+            onLongPressed: if (!root.editing)
                 root.list.offerActions(root.row.eventKey)
         }
         TapHandler {
+            // A finger has no buttons, and would count as any.
+            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
             acceptedButtons: Qt.RightButton
             onTapped: root.list.offerActions(root.row.eventKey)
         }
@@ -157,28 +191,13 @@ Item {
             onActiveChanged: {
                 if (active)
                     start = root.swiped
-                else if (root.swiped < -root.width * 0.55)
+                else if (root.swiped > root.width * 0.55)
                     root.remove()
                 else
-                    root.swiped = root.swiped < -48 ? -80 : 0
+                    root.swiped = root.swiped > 48 ? 80 : 0
             }
             onActiveTranslationChanged: if (active)
-                root.swiped = Math.min(0, start + activeTranslation.x)
-        }
-        DragHandler {
-            id: drag
-            target: null
-            xAxis.enabled: false
-            enabled: root.editing
-            dragThreshold: 4
-            onCentroidChanged: {
-                if (!active)
-                    return
-                const point = root.list.contentItem.mapFromItem(card, centroid.position.x, centroid.position.y)
-                const over = root.list.indexAt(root.width / 2, point.y)
-                if (over >= 0 && over !== root.index && root.list.rows.canMove(root.index, over))
-                    root.list.rows.dragRow(root.index, over)
-            }
+                root.swiped = Math.max(0, start + root.way * activeTranslation.x)
         }
     }
 }

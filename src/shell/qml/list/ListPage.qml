@@ -7,6 +7,12 @@ FocusScope {
     id: page
 
     required property ListItem screen
+    Keys.onEscapePressed: event => {
+        event.accepted = screen.searching
+        if (screen.searching)
+            screen.endSearch()
+    }
+
     readonly property real contentY: rows.contentY - rows.originY
 
     function find() {
@@ -36,6 +42,7 @@ FocusScope {
             page.screen.endSearch()
             rows.forceActiveFocus()
         }
+        onAbandoned: page.screen.endSearch()
         onDown: rows.forceActiveFocus(Qt.TabFocusReason)
     }
     EventList {

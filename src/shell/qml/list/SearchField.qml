@@ -10,6 +10,8 @@ FocusScope {
     signal began
     signal edited(text: string)
     signal ended
+    // The keyboard has gone elsewhere, and nothing was typed.
+    signal abandoned
     signal down
 
     opacity: enabled ? 1 : 0.45
@@ -43,8 +45,12 @@ FocusScope {
             focus: true
             text: root.text
             placeholder: Theme.tr("Search")
-            onActiveFocusChanged: if (activeFocus && !root.searching)
-                root.began()
+            onActiveFocusChanged: {
+                if (activeFocus && !root.searching)
+                    root.began()
+                else if (!activeFocus && root.searching && root.text.length === 0)
+                    root.abandoned()
+            }
             onEdited: text => root.edited(text)
             Keys.onEscapePressed: root.ended()
             Keys.onDownPressed: root.down()
