@@ -16,7 +16,7 @@ import tempfile
 import time
 import unittest
 
-NEEDED = ("Xvfb", "xvfb-run", "dbus-run-session", "xdotool")
+NEEDED = ("Xvfb", "xvfb-run", "dbus-run-session", "xdotool", "openbox")
 PATIENCE = 20
 APPLICATION = PROGRAM = None
 
@@ -43,6 +43,8 @@ class WholeProgram(unittest.TestCase):
         self.home = pathlib.Path(directory.name) / "home"
         self.started = []
         self.addCleanup(self.end_all)
+        self.run_beside("openbox", "--sm-disable")
+        wait_for("the window manager", lambda: output("xdotool", "get_num_desktops").strip())
         self.application = self.start()
         self.window = wait_for("the window", self.visible_window)
         wait_for("the first picture", lambda: len(self.colors()) > 200)
@@ -57,6 +59,19 @@ class WholeProgram(unittest.TestCase):
                                    stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         self.started.append(process)
         return process
+
+    def run_beside(self, *command, env=None):
+        self.started.append(subprocess.Popen(command, text=True, env=env, stdout=subprocess.PIPE,
+                                             stderr=subprocess.PIPE))
+
+    def active_window(self):
+        return output("xdotool", "getactivewindow").strip()
+
+    def cover_window(self):
+        """Another window, of an application on another home and no bus, takes the keyboard and lies on top."""
+        alone = os.environ | {"DBUS_SESSION_BUS_ADDRESS": "unix:path=/nonexistent"}
+        self.run_beside(APPLICATION, "--home", str(self.home) + "-other", env=alone)
+        wait_for("the window that covers", lambda: self.active_window() not in (b"", self.window))
 
     def visible_window(self):
         found = output("xdotool", "search", "--onlyvisible", "--name", "^Dayward$").split()
@@ -88,7 +103,7 @@ class WholeProgram(unittest.TestCase):
         return next((event for section in sections for event in section["events"] if event["name"] == name), None)
 
     def keys(self, *keys):
-        output("xdotool", "windowfocus", "--sync", self.window)
+        output("xdotool", "windowactivate", "--sync", self.window)
         output("xdotool", "key", "--delay", "60", *keys)
 
     def click(self, x, y):
@@ -111,13 +126,26 @@ class WholeProgram(unittest.TestCase):
         self.command("edit", added["identifier"], "--background", "#ff00ff")
         wait_for("the row in its new colour", lambda: self.magenta() > 10000)
 
+        self.cover_window()
         self.assertEqual(self.start().wait(PATIENCE), 0)
-        self.assertEqual(self.visible_window(), self.window)
+        wait_for("the first window on top", lambda: self.active_window() == self.window)
         self.assertIsNone(self.application.poll())
 
         self.application.send_signal(signal.SIGTERM)
         self.assertEqual(self.application.wait(PATIENCE), 0)
         self.assertIsNotNone(self.event("Picnic"))
+
+    def test_signals_end_it_without_loss(self):
+        before = self.command("list")
+        for ending in (signal.SIGINT, signal.SIGHUP):
+            self.keys("ctrl+n")
+            time.sleep(1)
+            self.application.send_signal(ending)
+            self.assertEqual(self.application.wait(PATIENCE), 0, ending)
+            self.assertEqual(self.command("list"), before, "an editor left open has changed nothing")
+            self.assertEqual(self.command("doctor")["problems"], [])
+            self.application = self.start()
+            self.window = wait_for("the window again", self.visible_window)
 
 
 def main():
