@@ -34,14 +34,8 @@ std::uint64_t withoutSign(std::int64_t value) {
     return value < 0 ? std::uint64_t{0} - bits : bits;
 }
 
-}  // namespace
-
-std::optional<std::string> xidLocaleName(CalendarUnit unit, std::int64_t value, TextStyle style) {
-    const char* word = baseWord(unit);
-    if (value == 0 || style == TextStyle::number || word == nullptr) return std::nullopt;
-    const auto base = baseInStyle(word, style);
-    const auto number = withoutSign(value);
-
+/// Nothing where the table has none of the keys.
+std::optional<std::string> textInTable(const std::string& base, std::uint64_t number) {
     std::vector<std::string> keys{formatText("%@##%lu", {base, std::to_string(number)})};
     if (number >= 2) {
         keys.push_back(formatText("%@##x%lu", {base, std::to_string(number % 10)}));
@@ -50,7 +44,19 @@ std::optional<std::string> xidLocaleName(CalendarUnit unit, std::int64_t value, 
     const auto& strings = Environment::current().strings();
     for (const auto& key : keys)
         if (strings.contains(key, kXIDLocaleTable)) return strings.localized(key, kXIDLocaleTable);
-    return base;
+    return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<std::string> xidLocaleName(CalendarUnit unit, std::int64_t value, TextStyle style, UnitRole role) {
+    const char* word = baseWord(unit);
+    if (value == 0 || style == TextStyle::number || word == nullptr) return std::nullopt;
+    const auto base = baseInStyle(word, style);
+    const auto number = withoutSign(value);
+    const bool isPeriod = role == UnitRole::period && base == word;
+    if (auto text = isPeriod ? textInTable(base + "-period", number) : std::nullopt) return text;
+    return textInTable(base, number).value_or(base);
 }
 
 }  // namespace dayward

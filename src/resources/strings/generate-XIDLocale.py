@@ -30,6 +30,12 @@ RUSSIAN = {  # base: (1, 2 to 4, 5 and more)
     "second": ("секунда", "секунды", "секунд"), "second-short": ("сек.",) * 3, "second-symbol": ("с",) * 3,
 }
 
+# What something happens every … of, where that is another form: "каждую 21 неделю".
+RUSSIAN_PERIODS = {  # base: (1, 2 to 4, 5 and more)
+    "week-period": ("неделю", "недели", "недель"), "minute-period": ("минуту", "минуты", "минут"),
+    "second-period": ("секунду", "секунды", "секунд"),
+}
+
 
 def english(base, one, many):
     return {f"{base}##1": one, f"{base}##plural": many}
@@ -56,7 +62,7 @@ def write(language, texts):
 english_table, russian_table = {}, {}
 for name, forms in ENGLISH.items():
     english_table |= english(name, *forms)
-for name, forms in RUSSIAN.items():
+for name, forms in (RUSSIAN | RUSSIAN_PERIODS).items():
     russian_table |= russian(name, *forms)
 write("en", english_table)
 write("ru", russian_table)

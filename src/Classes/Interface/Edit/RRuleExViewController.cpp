@@ -4,8 +4,9 @@
 #include <numeric>
 #include <utility>
 
-#include "intervals/XDIUnitIntervalFormatter.h"
+#include "intervals/XIDLocaleName.h"
 #include "platform/Environment.h"
+#include "platform/NumberFormatter.h"
 #include "platform/Strings.h"
 
 namespace dayward {
@@ -110,13 +111,12 @@ TableSection RRuleExViewController::frequencyGroup() {
 
 const std::vector<std::string>& RRuleExViewController::intervalTitles() {
     if (std::exchange(titlesFrequency_, state_.frequency) == state_.frequency) return intervalTitles_;
-    XDIUnitIntervalFormatter formatter;
-    formatter.style = TextStyle::full;
-    formatter.setLocale(formatter.locale());
-    formatter.setNumberFormatter(formatter.numberFormatter());
+    const NumberFormatter numbers(Environment::current().locale(), 0, 0);
+    const CalendarUnit unit = unitOf(state_.frequency);
     intervalTitles_.clear();
     for (std::int64_t interval = 1; interval <= RRuleState::kLastInterval; ++interval) {
-        intervalTitles_.push_back(formatter.stringForUnit(unitOf(state_.frequency), static_cast<double>(interval)));
+        intervalTitles_.push_back(numbers.string(static_cast<double>(interval)) + " " +
+                                  xidLocaleName(unit, interval, TextStyle::full).value_or(std::string()));
     }
     return intervalTitles_;
 }

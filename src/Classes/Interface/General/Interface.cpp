@@ -4,12 +4,14 @@
 #include <array>
 
 #include "Classes/Other/Date/HHEventDateFormat.h"
+#include "intervals/UnitAgreement.h"
 #include "intervals/XDIFormatter.h"
 #include "intervals/XELDateTime.h"
 #include "platform/DateFormatter.h"
 #include "platform/Environment.h"
 #include "platform/Strings.h"
 #include "recurrence/XELFormatter.h"
+#include "resources/XELAudioManager.h"
 
 namespace dayward {
 
@@ -38,7 +40,7 @@ std::string joined(const Values& values, Text text) {
 }
 
 std::string intervalText(const XDIDateInterval& interval) {
-    return XDIFormatter::stringForDateInterval(interval, TextStyle::full);
+    return unitsInAgreement(XDIFormatter::stringForDateInterval(interval, TextStyle::full), UnitRole::alone);
 }
 
 std::string lastPathComponentWithoutExtension(std::string_view path) {
@@ -68,8 +70,8 @@ std::string Interface::descriptionDuration(const std::optional<XDIDateInterval>&
 }
 
 std::string Interface::descriptionRRule(const std::optional<std::string>& rrule) {
-    XELFormatter formatter;
-    return (rrule ? formatter.stringForRRule(*rrule) : std::nullopt).value_or(localized("Never"));
+    const auto text = rrule ? XELFormatter().stringForRRule(*rrule) : std::nullopt;
+    return text ? unitsInAgreement(*text, UnitRole::period) : localized("Never");
 }
 
 std::string Interface::descriptionIntervalFormat(const HHEventDateFormat& format) {
@@ -90,11 +92,15 @@ std::string Interface::descriptionAlerts(const std::vector<XDIDateInterval>& ale
 }
 
 std::string Interface::descriptionSound(const std::optional<std::string>& soundName) {
-    if (!soundName || *soundName == kDefaultSound) return localized("Default");
+    if (isDefaultSound(soundName)) return localized("Default");
     if (*soundName == kSilentSound) return localized("No Sound");
     std::string title = lastPathComponentWithoutExtension(*soundName);
     std::ranges::replace(title, '_', ' ');
     return title;
+}
+
+bool Interface::isDefaultSound(const std::optional<std::string>& soundName) {
+    return !soundName || *soundName == kDefaultSound || *soundName == XELAudioManager::kDefaultSoundName;
 }
 
 std::string Interface::nameOfUnit(CalendarUnit unit) {

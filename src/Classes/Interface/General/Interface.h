@@ -1,5 +1,5 @@
 // The texts and small pictures with which the rows of forms tell their values. Class operations in the
-// current environment's locale and zone. Main thread only.
+// current environment's locale and zone; units agree with their numbers. Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -22,8 +22,9 @@ class HHEventDateFormat;
 
 class Interface {
 public:
-    /// The sound's name that means none; no name at all means the default sound, as kDefaultSound does.
+    /// The sound's name that means none.
     static constexpr const char* kSilentSound = "";
+    /// Means the default sound, as no name at all and the platform's own name for it do.
     static constexpr const char* kDefaultSound = "Default";
 
     /// Minutes after midnight: "9:00 AM".
@@ -42,6 +43,7 @@ public:
     /// "None" without alerts.
     static std::string descriptionAlerts(const std::vector<XDIDateInterval>& alerts);
     static std::string descriptionSound(const std::optional<std::string>& soundName);
+    static bool isDefaultSound(const std::optional<std::string>& soundName);
 
     /// "Years" to "Seconds"; empty for any other unit.
     static std::string nameOfUnit(CalendarUnit unit);

@@ -24,8 +24,7 @@ void SoundsViewController::viewWillAppear() {
 void SoundsViewController::viewWillDisappear(Disappearance) {
     HHSound::stopSound();
     if (!std::exchange(isChanged_, false)) return;
-    const bool isFromGallery =
-        *selectedSound_ != Interface::kSilentSound && *selectedSound_ != Interface::kDefaultSound;
+    const bool isFromGallery = *selectedSound_ != Interface::kSilentSound && !Interface::isDefaultSound(selectedSound_);
     if (isFromGallery) Favorites::add(*selectedSound_, Favorites::kSounds);
     completionBlock_(selectedSound_);
 }
@@ -49,7 +48,8 @@ std::vector<TableSection> SoundsViewController::makeSections() {
 }
 
 TableRow SoundsViewController::soundRow(const std::string& sectionId, const std::string& sound, std::string title) {
-    const bool isSelected = selectedSound_.value_or(Interface::kDefaultSound) == sound;
+    const bool isSelected = Interface::isDefaultSound(sound) ? Interface::isDefaultSound(selectedSound_)
+                                                             : selectedSound_ == sound;
     return checkRow(sectionId + ":" + sound, std::move(title), isSelected, [this, sound] { choose(sound); });
 }
 

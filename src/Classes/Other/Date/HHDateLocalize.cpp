@@ -32,6 +32,20 @@ constexpr std::array<const char*, 12> kMonths{"Jan", "Feb", "Mar", "Apr", "May",
                                               "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 constexpr std::array<const char*, 7> kWeekdays{"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
 
+constexpr const char* kOtherForm = "other";
+
+std::map<std::string, std::string, std::less<>> formsIn(const nlohmann::json& name, const char* key) {
+    std::map<std::string, std::string, std::less<>> forms;
+    if (name.is_string()) forms[kOtherForm] = name.get<std::string>();
+    if (name.is_object()) {
+        for (const auto& [form, text] : name.items()) {
+            if (text.is_string()) forms[form] = text.get<std::string>();
+        }
+    }
+    if (!forms.contains(kOtherForm)) fatalError(std::string("a unit's name is no text: ") + key);
+    return forms;
+}
+
 std::string nameKey(CalendarUnit unit, std::string_view style, std::string_view numberWord) {
     return std::to_string(CalendarUnits(unit).mask()) + "_" + std::string(style) + "_" + std::string(numberWord);
 }
@@ -77,28 +91,31 @@ HHDateLocalize::Style HHDateLocalize::styleFromTextStyle(TextStyle style) {
     return Style::unknown;
 }
 
-HHDateLocalize::HHDateLocalize(Environment& environment) {
+HHDateLocalize::HHDateLocalize(Environment& environment) : rules_(environment.locale()) {
     const auto locale = environment.locale();
     for (const auto& [key, unit] : kUnitKeys) {
         const auto styles = nlohmann::json::parse(environment.strings().localized(key), nullptr, false);
         if (!styles.is_object()) fatalError(std::string("the unit names are no JSON object: ") + key);
         for (const auto& [style, names] : styles.items()) {
             for (const auto& [numberWord, name] : names.items()) {
-                if (!name.is_string()) fatalError(std::string("a unit's name is no text: ") + key);
-                const auto text = name.get<std::string>();
-                const bool isSymbol = styleFromString(style) == Style::symbol;
-                names_[nameKey(unit, style, numberWord)] = isSymbol ? text : capitalized(text, locale);
+                auto forms = formsIn(name, key);
+                if (styleFromString(style) != Style::symbol) {
+                    for (auto& [form, text] : forms) text = capitalized(text, locale);
+                }
+                names_[nameKey(unit, style, numberWord)] = std::move(forms);
             }
         }
     }
 }
 
 const std::string& HHDateLocalize::nameForUnit(CalendarUnit unit, double value, Style style) {
-    const auto& names = Environment::current().shared<HHDateLocalize>().names_;
+    const auto& localize = Environment::current().shared<HHDateLocalize>();
     const auto key = nameKey(unit, stringFromStyle(style), value == 1.0 ? "singular" : "plural");
-    const auto found = names.find(key);
-    if (found == names.end()) fatalError("no name for a unit: " + key);
-    return found->second;
+    const auto found = localize.names_.find(key);
+    if (found == localize.names_.end()) fatalError("no name for a unit: " + key);
+    const auto& forms = found->second;
+    const auto form = forms.size() > 1 ? forms.find(localize.rules_.form(value)) : forms.end();
+    return form != forms.end() ? form->second : forms.find(kOtherForm)->second;
 }
 
 std::string HHDateLocalize::nameForUnit(CalendarUnit unit, std::int64_t value) {

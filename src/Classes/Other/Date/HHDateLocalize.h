@@ -2,7 +2,9 @@
 //
 // The unit names are read once for each environment from the main table's texts "DY", "DM", "DW",
 // "DD", "Dh", "Dm" and "Ds": each is a JSON object {"symbol": {…}, "short": {…}, "full": {…}} whose
-// parts have the names "singular" (the value is exactly 1) and "plural". Any thread.
+// parts have the names "singular" (the value is exactly 1) and "plural". A name is a text, or, in a
+// language whose plural has several, an object of them by the forms of PluralRules with "other" among
+// them: {"one": "день", "few": "дня", "many": "дней", "other": "дня"}. Any thread.
 #pragma once
 
 #include <map>
@@ -13,6 +15,7 @@
 
 #include "intervals/TextStyle.h"
 #include "platform/CalendarUnit.h"
+#include "platform/PluralRules.h"
 
 namespace dayward {
 
@@ -42,7 +45,10 @@ public:
     explicit HHDateLocalize(Environment& environment);
 
 private:
-    std::map<std::string, std::string> names_;
+    using Forms = std::map<std::string, std::string, std::less<>>;  ///< one alone is "other"
+
+    std::map<std::string, Forms> names_;
+    const PluralRules rules_;
 };
 
 }  // namespace dayward

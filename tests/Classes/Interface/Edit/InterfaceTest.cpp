@@ -33,6 +33,7 @@ TEST(InterfaceTexts, TellEachValue) {
         {Interface::descriptionAlerts({{}, day(1)}), "On Event, 1 Day"},
         {Interface::descriptionSound({}), "Default"},
         {Interface::descriptionSound("Default"), "Default"},
+        {Interface::descriptionSound("UILocalNotificationDefaultSoundName"), "Default"},
         {Interface::descriptionSound(""), "No Sound"},
         {Interface::descriptionSound("/sounds/wind_chimes.v2.mp3"), "wind chimes.v2"},
     };
@@ -44,6 +45,20 @@ TEST(InterfaceTexts, SpeakRussian) {
     EXPECT_EQ(Interface::descriptionTime(1110), "18:30");
     EXPECT_EQ(Interface::descriptionAlerts({{}, {CalendarUnit::hour, 1}}), "В момент события, 1 Час");
     EXPECT_EQ(Interface::descriptionIntervalFormat({CalendarUnit::day, TextStyle::symbol}), "Дни (Символ)");
+    EXPECT_EQ(Interface::descriptionAlerts({{CalendarUnit::day, 3}, {CalendarUnit::hour, -2}}), "3 Дня, - 2 Часа");
+    EXPECT_EQ(Interface::descriptionDuration(XDIDateInterval(CalendarUnit::minute, 21)), "21 Минута");
+    const std::pair<const char*, const char*> rules[] = {
+        {"FREQ=DAILY;INTERVAL=1", "Каждый день"},
+        {"FREQ=WEEKLY;INTERVAL=2", "Каждые 2 Недели"},
+        {"FREQ=YEARLY;INTERVAL=4", "Каждые 4 Года"},
+        {"FREQ=DAILY;INTERVAL=5", "Каждые 5 Дней"},
+        {"FREQ=MONTHLY;INTERVAL=11", "Каждые 11 Месяцев"},
+        {"FREQ=WEEKLY;INTERVAL=21", "Каждые 21 Неделю"},
+        {"FREQ=DAILY;INTERVAL=22;BYMONTH=3", "Каждые 22 Дня март"},
+        {"FREQ=HOURLY;INTERVAL=25", "Каждые 25 Часов"},
+        {"FREQ=MINUTELY;INTERVAL=111", "Каждые 111 Минут"},
+    };
+    for (const auto& [rule, text] : rules) EXPECT_EQ(Interface::descriptionRRule(rule), text);
 }
 
 }  // namespace

@@ -137,7 +137,7 @@ TEST_F(RepeatEditorsTest, KeepsSelectedMonthsAndWeekdaysInSight) {
 
 TEST_F(RepeatEditorsTest, TellsEachValueInItsRow) {
     openFree("FREQ=MONTHLY;INTERVAL=2;BYMONTHDAY=13,2;BYDAY=-1MO;UNTIL=20270105T090000Z");
-    EXPECT_THAT(shell.rows(), AllOf(Contains("Frequency: Monthly"), Contains("Every: 2 Months"),
+    EXPECT_THAT(shell.rows(), AllOf(Contains("Frequency: Monthly"), Contains("Every: 2 months"),
                                     Contains("Month Days: 2, 13"), Contains("Days of Week: Last Monday *"),
                                     Contains("End Repeat: Jan 5, 2027 *"), Not(Contains(HasSubstr("Months: ")))));
     shell.toggle("customDay", false);
@@ -165,6 +165,23 @@ TEST_F(RepeatEditorsTest, ShowsTheDatesOfTheLastDayOfMonths) {
     EXPECT_THAT(nextDatesShown(),
                 ElementsAre("Tuesday, March 31 at 9:00 AM", "Thursday, April 30 at 9:00 AM",
                             "Sunday, May 31 at 9:00 AM", "Tuesday, June 30 at 9:00 AM", "Friday, July 31 at 9:00 AM"));
+}
+
+TEST_F(RepeatEditorsTest, CountsInTheFormsOfTheLanguage) {
+    const TestEnvironment russian({.locale = "ru_RU"});
+    ScriptedPresenter own;
+    own.navigation.present(std::make_shared<RRuleExViewController>("FREQ=WEEKLY;INTERVAL=1", start, [](auto&) {}));
+    const std::pair<std::size_t, const char*> rows[] = {
+        {0, "1 неделя"},    {1, "2 недели"},    {3, "4 недели"},    {4, "5 недель"},
+        {10, "11 недель"},  {20, "21 неделя"},  {21, "22 недели"},  {24, "25 недель"},
+        {110, "111 недель"}, {997, "998 недель"}};
+    for (const auto& [row, text] : rows) {
+        own.spin("interval", {row});
+        EXPECT_EQ(own.row("interval").detail, text);
+    }
+    own.spin("frequency", {5});
+    own.spin("interval", {2});
+    EXPECT_EQ(own.row("interval").detail, "3 года");
 }
 
 TEST_F(RepeatEditorsTest, OpensOnlyTheTappedRow) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "Classes/Other/Date/HHDateLocalize.h"
 #include "support/TestEnvironment.h"
 
@@ -35,7 +37,7 @@ TEST(HHDateIntervalFormat, WritesSetUnitsInEachStyle) {
         {"en_US", TextStyle::short_, "1 Yr, 2 Wks, 1 Day, -3 Hrs, 0 Secs"},
         {"en_US", TextStyle::full, "1 Year, 2 Weeks, 1 Day, -3 Hours, 0 Seconds"},
         {"ru_RU", TextStyle::symbol, "1Г, 2Н, 1Д, -3ч, 0с"},
-        {"ru_RU", TextStyle::full, "1 Год, 2 Недель, 1 День, -3 Часов, 0 Секунд"},
+        {"ru_RU", TextStyle::full, "1 Год, 2 Недели, 1 День, -3 Часа, 0 Секунд"},
     };
     for (const auto& each : cases) {
         const TestEnvironment environment({.locale = each.locale});
@@ -76,6 +78,32 @@ TEST(HHDateLocalize, NamesUnitsByStyleAndNumber) {
     const TestEnvironment environment;
     EXPECT_DEATH((void)HHDateLocalize::nameForUnit(CalendarUnit::weekday, 1.0, Style::full), "no name for a unit");
     EXPECT_DEATH((void)HHDateLocalize::nameForUnit(kDay, 1.0, Style::unknown), "no name for a unit");
+}
+
+TEST(HHDateLocalize, RussianNamesFollowTheGrammar) {
+    struct Case {
+        CalendarUnit unit;
+        HHDateLocalize::Style style;
+        std::array<const char*, 3> forms;  ///< of 1, of 2 to 4, of 5 and more
+    };
+    using Style = HHDateLocalize::Style;
+    const Case cases[] = {
+        {kYear, Style::full, {"Год", "Года", "Лет"}},          {kYear, Style::short_, {"Год", "Года", "Лет"}},
+        {kMonth, Style::full, {"Месяц", "Месяца", "Месяцев"}}, {kMonth, Style::short_, {"Мес", "Мес", "Мес"}},
+        {kWeek, Style::full, {"Неделя", "Недели", "Недель"}},  {kWeek, Style::symbol, {"Н", "Н", "Н"}},
+        {kDay, Style::full, {"День", "Дня", "Дней"}},          {kDay, Style::short_, {"День", "Дня", "Дней"}},
+        {kHour, Style::full, {"Час", "Часа", "Часов"}},        {kHour, Style::short_, {"Час", "Часа", "Часов"}},
+        {kMinute, Style::full, {"Минута", "Минуты", "Минут"}}, {kSecond, Style::full, {"Секунда", "Секунды", "Секунд"}},
+    };
+    const std::pair<double, std::size_t> numbers[] = {{0, 2},  {1, 0},  {2, 1},  {4, 1},  {5, 2},    {11, 2},  {12, 2},
+                                                      {14, 2}, {21, 0}, {22, 1}, {25, 2}, {101, 0},  {111, 2}, {112, 2},
+                                                      {-1, 0}, {-3, 1}, {-7, 2}, {1.5, 1}, {10000, 2}};
+    const TestEnvironment environment({.locale = "ru_RU"});
+    for (const auto& each : cases) {
+        for (const auto& [number, form] : numbers) {
+            EXPECT_EQ(HHDateLocalize::nameForUnit(each.unit, number, each.style), each.forms[form]) << number;
+        }
+    }
 }
 
 TEST(HHDateLocalize, NamesTheValuesOfRules) {
