@@ -12,7 +12,7 @@ std::vector<FontLook> readLooks() {
     std::vector<FontLook> looks;
     for (const auto& entry : elementsOfResource("fontData")) {
         if (textIn(entry, "name").empty()) continue;
-        looks.push_back({textIn(entry, "name"), textIn(entry, "family"), valueIn(entry, "weight", 400),
+        looks.push_back({textIn(entry, "name"), textIn(entry, "title"), textIn(entry, "family"), valueIn(entry, "weight", 400),
                          valueIn(entry, "italic", false), valueIn(entry, "smallCaps", false), textIn(entry, "fallback"),
                          textIn(entry, "package")});
     }
@@ -31,6 +31,11 @@ const std::vector<FontLook>& FontLook::all() { return Environment::current().sha
 std::optional<FontLook> FontLook::named(std::string_view name) {
     const auto found = std::ranges::find(all(), name, &FontLook::name);
     return found == all().end() ? std::nullopt : std::optional(*found);
+}
+
+std::string FontLook::titleOf(std::string_view name) {
+    const auto look = named(name);
+    return look && !look->title.empty() ? look->title : std::string(name);
 }
 
 }  // namespace dayward

@@ -12,6 +12,7 @@ namespace dayward {
 
 struct FontLook {
     std::string name;    ///< as events and categories hold it
+    std::string title;   ///< as people read it
     std::string family;  ///< of the installed font
     int weight = 400;    ///< from 100 to 900, 400 is regular and 700 bold
     bool isItalic = false;
@@ -23,6 +24,8 @@ struct FontLook {
     static const std::vector<FontLook>& all();
     /// Nothing for a name that is not in the gallery.
     static std::optional<FontLook> named(std::string_view name);
+    /// The font's name for people; one that is not in the gallery is its own.
+    static std::string titleOf(std::string_view name);
 };
 
 }  // namespace dayward

@@ -25,7 +25,7 @@ public:
         write("backgroundGroups", R"([{"name": "Sky", "items": [{"file": "bg-37.jpg", "name": "Dusk"},
                                                                 {"file": "bg-38.jpg", "name": "Dawn"}]}])");
         write("soundGroups", R"([{"name": "Bells", "items": [{"file": "Soft_Bell.wav", "name": "Soft Bell"}]}])");
-        write("fontData", R"([{"name": "Futura-Medium", "family": "Jost"}, {"name": "Georgia", "family": "Gelasio"}])");
+        write("fontData", R"([{"name": "Futura-Medium", "title": "Futura Medium", "family": "Jost"}, {"name": "Georgia", "family": "Gelasio"}])");
     }
     ~GalleryResources() { std::filesystem::remove_all(directory); }
 

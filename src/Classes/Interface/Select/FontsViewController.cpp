@@ -2,6 +2,7 @@
 
 #include "Classes/Interface/Select/Favorites.h"
 #include "platform/Strings.h"
+#include "resources/FontLook.h"
 #include "resources/HHResources.h"
 
 namespace dayward {
@@ -21,7 +22,7 @@ TableSection FontsViewController::section(const std::string& id, std::string hea
                                           const std::vector<std::string>& fonts) {
     TableSection section{id, std::move(header), {}, {}};
     for (const std::string& font : fonts) {
-        section.rows.push_back(checkRow(id + ":" + font, font, font == selectedFont_, [this, font] {
+        section.rows.push_back(checkRow(id + ":" + font, FontLook::titleOf(font), font == selectedFont_, [this, font] {
             finish([this, font] {
                 Favorites::add(font, Favorites::kFonts);
                 completionBlock_(font);
