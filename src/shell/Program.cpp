@@ -51,7 +51,7 @@ Result<Environment::Services> inChosenLanguage(LinuxOptions options) {
     const auto& known = InterfaceSettings::languages();
     if (!language || services.locale.languageCode() == *language || std::ranges::find(known, *language) == known.end())
         return services;
-    services.locale = Locale(*language);
+    services.locale = InterfaceSettings::localeInLanguage(services.locale, *language);
     services.strings = TRY(Strings::load(*services.files, joinPath(services.paths.resources, "strings"), *language));
     return services;
 }

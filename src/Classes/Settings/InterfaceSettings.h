@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/Locale.h"
+
 namespace dayward {
 
 class InterfaceSettings {
@@ -27,6 +29,9 @@ public:
     /// One of languages(); nothing means the system's. Takes effect at the next start.
     static std::optional<std::string> language();
     static void setLanguage(const std::optional<std::string>& language);
+    /// The user's locale in another language: the customs of the region (first weekday, 12 or 24 hours)
+    /// stay.
+    static Locale localeInLanguage(const Locale& locale, const std::string& language);
 };
 
 }  // namespace dayward

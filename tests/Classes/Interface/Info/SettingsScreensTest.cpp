@@ -127,6 +127,12 @@ TEST_F(SettingsScreensTest, ChoosesThemeAndLanguage) {
         defaults.setObject(value, InterfaceSettings::kThemeKey);
         EXPECT_EQ(InterfaceSettings::theme(), Theme::system);
     }
+    const std::pair<const char*, const char*> locales[] = {
+        {"de_DE", "en_DE"}, {"en_US", "en_US"}, {"zh_Hant_TW", "en_TW"}, {"es_419", "en_419"}, {"ru", "en"}, {"C", "en_US"}};
+    for (const auto& [system, expected] : locales) {
+        EXPECT_EQ(InterfaceSettings::localeInLanguage(Locale(system), "en").identifier(), expected);
+    }
+    EXPECT_EQ(InterfaceSettings::localeInLanguage(Locale("de_DE"), "en").firstWeekday(), 2);
     defaults.setObject("xx", InterfaceSettings::kLanguageKey);
     EXPECT_EQ(InterfaceSettings::language(), std::nullopt);
 }
