@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "Classes/Settings/InterfaceSettings.h"
+#include "platform/DateFormatter.h"
 #include "platform/Environment.h"
 #include "platform/FatalError.h"
 #include "platform/Strings.h"
@@ -69,6 +70,13 @@ void Appearance::setTextScale(qreal scale) {
 }
 
 QString Appearance::localeName() const { return qtText(environment_.locale().identifier()); }
+
+int Appearance::firstWeekday() const { return environment_.locale().firstWeekday() - 1; }
+
+bool Appearance::halvesDay() const {
+    const std::string hours = DateFormatter::dateFormatFromTemplate("j", environment_.locale());
+    return hours.find_first_of("hK") != std::string::npos;
+}
 
 bool Appearance::isRightToLeft() const { return QLocale(localeName()).textDirection() == Qt::RightToLeft; }
 

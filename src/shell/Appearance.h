@@ -24,8 +24,12 @@ class Appearance final : public QObject {
     Q_PROPERTY(bool dark READ isDark NOTIFY darkChanged)
     /// 1 for the usual text size.
     Q_PROPERTY(qreal textScale READ textScale NOTIFY textScaleChanged)
-    /// For Qt.locale(): month names, first weekday, 12 or 24 hours.
+    /// For Qt.locale(): names of months and days, digits.
     Q_PROPERTY(QString localeName READ localeName CONSTANT)
+    /// 0 (Sunday) to 6 (Saturday), as in Qt.locale().
+    Q_PROPERTY(int firstWeekday READ firstWeekday CONSTANT)
+    /// Whether the day is told in two halves of twelve hours.
+    Q_PROPERTY(bool halvesDay READ halvesDay CONSTANT)
     Q_PROPERTY(bool rightToLeft READ isRightToLeft CONSTANT)
     Q_PROPERTY(QString family READ family CONSTANT)
     /// The keyboard moves the focus, which is then to be seen.
@@ -42,6 +46,8 @@ public:
     [[nodiscard]] bool isDark() const { return isDark_; }
     [[nodiscard]] qreal textScale() const { return textScale_; }
     [[nodiscard]] QString localeName() const;
+    [[nodiscard]] int firstWeekday() const;
+    [[nodiscard]] bool halvesDay() const;
     [[nodiscard]] bool isRightToLeft() const;
     [[nodiscard]] QString family() const;
     [[nodiscard]] bool keyboardInUse() const { return keyboardInUse_; }

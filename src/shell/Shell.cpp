@@ -55,7 +55,8 @@ bool Shell::goBack() { return navigation_.goBack(); }
 bool Shell::press(const QString& role) {
     // The buttons of the list can be reached from all that stands over it in its own stack.
     if (modalStacks_.isEmpty()) return rootStack_.pressFromTop(role);
-    return modalStacks_.last()->pressTop(role);
+    StackItem* const stack = modalStacks_.last();
+    return stack->panel() != nullptr ? stack->panel()->press(role) : stack->pressTop(role);
 }
 
 StackItem* Shell::stack(StackId id) {

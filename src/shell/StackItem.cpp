@@ -28,6 +28,12 @@ void StackItem::refresh() {
     }
 }
 
+QVariantList StackItem::screenObjects() const {
+    QVariantList objects;
+    for (ScreenItem* item : screens_) objects.append(QVariant::fromValue(item));
+    return objects;
+}
+
 void StackItem::refreshPanel() {
     const Presenter::Screen wanted = navigation_.panel(id_);
     if (panel_ != nullptr && panel_->screen() == wanted) return;

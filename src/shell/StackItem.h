@@ -4,6 +4,7 @@
 #include <QtQml/qqmlregistration.h>
 #include <QList>
 #include <QObject>
+#include <QVariantList>
 
 #include "Classes/Interface/Screens/Navigation.h"
 #include "shell/ScreenItem.h"
@@ -15,7 +16,7 @@ class StackItem final : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("made by the shell")
     /// The lowest first.
-    Q_PROPERTY(QList<dayward::ScreenItem*> screens READ screens NOTIFY changed)
+    Q_PROPERTY(QVariantList screens READ screenObjects NOTIFY changed)
     Q_PROPERTY(dayward::ScreenItem* panel READ panel NOTIFY panelChanged)
 
 public:
@@ -24,6 +25,8 @@ public:
 
     [[nodiscard]] StackId id() const { return id_; }
     [[nodiscard]] const QList<ScreenItem*>& screens() const { return screens_; }
+    /// The same, as QML takes them.
+    [[nodiscard]] QVariantList screenObjects() const;
     [[nodiscard]] ScreenItem* panel() const { return panel_; }
 
     /// Takes what the navigation has. Items of screens that are still there stay the same.

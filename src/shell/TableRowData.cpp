@@ -85,6 +85,8 @@ TableRowData::TableRowData(const TableRow& row, Pictures& pictures)
       enabled(row.enabled),
       tappable(row.enabled && (row.actions.select || row.open)),
       opensScreen(row.opensScreen),
+      startsFocused(row.startsFocused),
+      isQuiet(row.isQuiet),
       canDelete(row.canDelete),
       canMove(row.canMove) {}
 

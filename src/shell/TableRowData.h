@@ -32,6 +32,8 @@ class TableRowData {
     Q_PROPERTY(bool enabled MEMBER enabled)
     Q_PROPERTY(bool tappable MEMBER tappable)
     Q_PROPERTY(bool opensScreen MEMBER opensScreen)
+    Q_PROPERTY(bool startsFocused MEMBER startsFocused)
+    Q_PROPERTY(bool isQuiet MEMBER isQuiet)
     Q_PROPERTY(bool canDelete MEMBER canDelete)
     Q_PROPERTY(bool canMove MEMBER canMove)
 
@@ -44,7 +46,7 @@ public:
     QString kind, rowId, label, detail, fontName, spoken;
     QVariant content = QVariantMap();  ///< a map, by the kind
     bool hasSwitch = false, on = false, canOpen = false, open = false, checked = false, emphasized = false,
-         inherited = false, enabled = true, tappable = false, opensScreen = false, canDelete = false, canMove = false;
+         inherited = false, enabled = true, tappable = false, opensScreen = false, startsFocused = false, isQuiet = false, canDelete = false, canMove = false;
 };
 
 QString nameOfKind(RowKind kind);

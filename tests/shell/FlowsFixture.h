@@ -1,6 +1,7 @@
 // A user's hands on the window, drawn without a display: mouse, keyboard and fingers.
 #pragma once
 
+#include <QAccessible>
 #include <QPointingDevice>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -73,6 +74,25 @@ protected:
         QTest::mouseRelease(quick, Qt::LeftButton, {}, from + by);
     }
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(quick, key, modifiers); }
+    /// Goes down from row to row until the focus is on the one that is spoken so, or begins so.
+    void walkTo(const QString& spoken) {
+        for (int step = 0; step < 40; ++step) {
+            if (focusIsOn(spoken)) return;
+            press(Qt::Key_Down);
+            QCoreApplication::processEvents();
+        }
+        ADD_FAILURE() << "the keyboard does not come to " << spoken.toStdString();
+    }
+    [[nodiscard]] bool focusIsOn(const QString& spoken) const {
+        for (QQuickItem* item = quick->activeFocusItem(); item != nullptr; item = item->parentItem()) {
+            if (spokenOf(*item).startsWith(spoken)) return true;
+        }
+        return false;
+    }
+    [[nodiscard]] static QString spokenOf(QQuickItem& item) {
+        auto* const accessible = QAccessible::queryAccessibleInterface(&item);
+        return accessible != nullptr ? accessible->text(QAccessible::Name) : QString();
+    }
     void type(const QString& text) {
         for (const QChar letter : text) QTest::keyClick(quick, letter.toLatin1());
     }

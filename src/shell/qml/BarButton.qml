@@ -17,8 +17,8 @@ AbstractButton {
     hoverEnabled: true
     Accessible.role: Accessible.Button
     Accessible.name: text
-    Keys.onReturnPressed: click()
-    Keys.onEnterPressed: click()
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
 
     ToolTip.text: text
     ToolTip.visible: symbol.length > 0 && hovered && ToolTip.text.length > 0

@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Controls
-import Dayward
 
 // Hides all that the window shows, sheets and questions too.
 Rectangle {

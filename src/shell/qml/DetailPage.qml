@@ -35,10 +35,10 @@ FocusScope {
         id: bar
         width: parent.width
         visible: page.screen.hasEvent || page.canGoBack
-        buttons: page.screen.buttons
+        buttons: (page.screen as ScreenItem).buttons
         canGoBack: page.canGoBack
         tint: page.screen.hasEvent ? page.tint : Theme.accent
-        onBack: page.screen.goBack()
+        onBack: (page.screen as ScreenItem).goBack()
         onPressed: role => page.screen.press(role)
     }
     Row {

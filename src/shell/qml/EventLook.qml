@@ -103,6 +103,7 @@ Item {
             spacing: 2
             UiText {
                 width: parent.width
+                visible: text.length > 0
                 text: look.title
                 font: Appearance.font(look.fontName, Theme.headline, look.title)
                 color: look.textColor

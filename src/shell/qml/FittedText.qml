@@ -38,9 +38,9 @@ Item {
     function refit() {
         fitted = fittingSize()
     }
-    onTextChanged: Qt.callLater(refit)
-    onWidthChanged: Qt.callLater(refit)
-    onFontNameChanged: Qt.callLater(refit)
-    onSizesChanged: Qt.callLater(refit)
+    onTextChanged: Qt.callLater(refit) // qmllint disable
+    onWidthChanged: Qt.callLater(refit) // qmllint disable
+    onFontNameChanged: Qt.callLater(refit) // qmllint disable
+    onSizesChanged: Qt.callLater(refit) // qmllint disable
     Component.onCompleted: refit()
 }

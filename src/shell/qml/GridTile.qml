@@ -7,6 +7,7 @@ AbstractButton {
     id: tile
 
     property var item: ({})
+    property int place: -1
     property bool round: false
     signal tapped
 
@@ -17,8 +18,8 @@ AbstractButton {
     focusPolicy: Qt.ClickFocus
     hoverEnabled: true
     onClicked: tapped()
-    Keys.onReturnPressed: click()
-    Keys.onEnterPressed: click()
+    Keys.onReturnPressed: tapped()
+    Keys.onEnterPressed: tapped()
     Accessible.role: Accessible.RadioButton
     Accessible.name: text
     Accessible.checkable: true

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls
 import Dayward
 
 // One line to type in, without a frame of its own.

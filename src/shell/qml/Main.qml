@@ -93,7 +93,7 @@ ApplicationWindow {
         function onPresented(stack) {
             const shown = sheet.createObject(window, {
                 "stack": stack
-            })
+            }) as ModalSheet
             sheets.set(stack, shown)
             shown.open()
         }
@@ -102,10 +102,11 @@ ApplicationWindow {
             sheets.delete(stack)
         }
         function onAlertWanted(number, content) {
-            alert.createObject(window, {
+            const shown = alert.createObject(window, {
                 "number": number,
                 "content": content
-            }).open()
+            }) as AlertDialog
+            shown.open()
         }
         function onNoticeWanted(number, content) {
             notice.show(number, content)

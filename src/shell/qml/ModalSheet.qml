@@ -41,6 +41,12 @@ Popup {
         clip: true
         Keys.onEscapePressed: Shell.goBack()
         Keys.onBackPressed: Shell.goBack()
+
+        // "Done" wherever the keyboard is; on a screen that has none, back to the one that has.
+        Shortcut {
+            sequences: ["Ctrl+Return", "Ctrl+Enter"]
+            onActivated: Shell.press("done") || Shell.goBack()
+        }
     }
     enter: Transition {
         NumberAnimation {

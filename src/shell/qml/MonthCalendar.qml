@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls
 import Dayward
 
 // A month's days to pick one from; its head goes from month to month, the arrows from day to day.
@@ -15,6 +14,7 @@ FocusScope {
     property int shownYear: year
     property int shownMonth: month
     readonly property var language: Qt.locale(Appearance.localeName)
+    readonly property date now: new Date()
     readonly property real cell: Math.min(52, width / 7)
 
     function show(months: int) {
@@ -22,9 +22,25 @@ FocusScope {
         shownYear = Math.floor(place / 12)
         shownMonth = place - shownYear * 12 + 1
     }
-    function step(days: int) {
-        const date = new Date(year, month - 1, day + days, 12)
+    // At noon, which every day has. The constructor would take the years up to 99 for those of its century.
+    function dateOf(itsYear: int, itsMonth: int, itsDay: int): date {
+        const date = new Date(2000, 0, 1, 12)
+        date.setFullYear(itsYear, itsMonth - 1, itsDay)
+        return date
+    }
+    // The day at a place of the grid, which begins with the week of the first of the month.
+    function dateAt(place: int): date {
+        const first = dateOf(shownYear, shownMonth, 1).getDay()
+        return dateOf(shownYear, shownMonth, 1 + place - (first - Appearance.firstWeekday + 7) % 7)
+    }
+    function isDay(date: date, itsYear: int, itsMonth: int, itsDay: int): bool {
+        return date.getDate() === itsDay && date.getMonth() === itsMonth - 1 && date.getFullYear() === itsYear
+    }
+    function pick(date: date) {
         picked(date.getFullYear(), date.getMonth() + 1, date.getDate())
+    }
+    function step(days: int) {
+        pick(dateOf(year, month, day + days))
     }
 
     onYearChanged: shownYear = year
@@ -36,7 +52,7 @@ FocusScope {
     implicitHeight: column.implicitHeight + 6
     activeFocusOnTab: true
     Accessible.role: Accessible.Grouping
-    Accessible.name: new Date(year, month - 1, day, 12).toLocaleDateString(language, Locale.LongFormat)
+    Accessible.name: dateOf(year, month, day).toLocaleDateString(language, Locale.LongFormat)
     Keys.onPressed: event => {
         const sideways = Theme.rightToLeft ? -1 : 1
         if (event.key === Qt.Key_Left)
@@ -77,7 +93,7 @@ FocusScope {
             }
             UiText {
                 anchors.centerIn: parent
-                text: root.language.standaloneMonthName(root.shownMonth - 1) + " " + root.shownYear
+                text: root.language.standaloneMonthName(root.shownMonth - 1) + " " + Theme.digits(root.shownYear.toString())
                 font.weight: Font.DemiBold
                 font.capitalization: Font.Capitalize
             }
@@ -89,55 +105,60 @@ FocusScope {
                 onClicked: root.show(1)
             }
         }
-        DayOfWeekRow {
-            width: parent.width
-            locale: root.language
-            spacing: 0
-            leftPadding: 0
-            rightPadding: 0
-            delegate: UiText {
-                required property string shortName
-                text: shortName
-                font.pixelSize: Theme.caption
-                color: Theme.secondaryText
-                horizontalAlignment: Text.AlignHCenter
+        Row {
+            Repeater {
+                model: 7
+                delegate: UiText {
+                    required property int index
+                    width: root.cell
+                    text: root.language.standaloneDayName((Appearance.firstWeekday + index) % 7, Locale.ShortFormat)
+                    font.pixelSize: Theme.caption
+                    fontSizeMode: Text.HorizontalFit
+                    minimumPixelSize: 8
+                    color: Theme.secondaryText
+                    horizontalAlignment: Text.AlignHCenter
+                }
             }
         }
-        MonthGrid {
+        Grid {
             id: grid
-            width: parent.width
-            height: Math.round(40 * 6)
-            locale: root.language
-            year: root.shownYear
-            month: root.shownMonth - 1
-            spacing: 0
-            padding: 0
-            delegate: Item {
-                id: cell
-                required property var model
-                readonly property bool inMonth: model.month === grid.month
-                readonly property bool chosen: inMonth && model.day === root.day && model.month === root.month - 1 && model.year === root.year
-                Rectangle {
-                    anchors.centerIn: parent
-                    width: 36
-                    height: 36
-                    radius: 18
-                    color: cell.chosen ? Theme.accent : "transparent"
-                    border.width: cell.model.today && !cell.chosen ? 1 : 0
-                    border.color: Theme.accent
-                }
-                UiText {
-                    anchors.centerIn: parent
-                    text: cell.model.day
-                    font.pixelSize: Theme.small
-                    font.weight: cell.chosen ? Font.DemiBold : Font.Normal
-                    color: cell.chosen ? Theme.accentText : cell.inMonth ? Theme.text : Theme.secondaryText
-                    opacity: cell.inMonth ? 1 : 0.45
-                }
-                Accessible.role: Accessible.Button
-                Accessible.name: cell.model.day
-                TapHandler {
-                    onTapped: root.picked(cell.model.year, cell.model.month + 1, cell.model.day)
+            readonly property int dayHeight: 40
+            columns: 7
+            Repeater {
+                // Six weeks hold any month.
+                model: 42
+                delegate: Item {
+                    id: cell
+                    required property int index
+                    readonly property date date: root.dateAt(index)
+                    readonly property bool inMonth: date.getMonth() === root.shownMonth - 1
+                    readonly property bool chosen: inMonth && root.isDay(date, root.year, root.month, root.day)
+                    readonly property bool today: root.isDay(date, root.now.getFullYear(), root.now.getMonth() + 1, root.now.getDate())
+                    width: root.cell
+                    height: grid.dayHeight
+                    Rectangle {
+                        anchors.centerIn: parent
+                        width: 36
+                        height: 36
+                        radius: 18
+                        color: cell.chosen ? Theme.accent : "transparent"
+                        border.width: cell.today && !cell.chosen ? 1 : 0
+                        border.color: Theme.accent
+                    }
+                    UiText {
+                        anchors.centerIn: parent
+                        text: Theme.digits(cell.date.getDate().toString())
+                        font.pixelSize: Theme.small
+                        font.weight: cell.chosen ? Font.DemiBold : Font.Normal
+                        color: cell.chosen ? Theme.accentText : cell.inMonth ? Theme.text : Theme.secondaryText
+                        opacity: cell.inMonth ? 1 : 0.45
+                    }
+                    Accessible.role: Accessible.Button
+                    Accessible.name: cell.date.toLocaleDateString(root.language, Locale.LongFormat)
+                    Accessible.onPressAction: root.pick(cell.date)
+                    TapHandler {
+                        onTapped: root.pick(cell.date)
+                    }
                 }
             }
         }

@@ -13,6 +13,7 @@ FocusScope {
         if (panel) {
             shown = panel
             body.active = true
+            disappear.stop()
             appear.restart()
         } else if (shown) {
             disappear.restart()
@@ -60,19 +61,15 @@ FocusScope {
         easing.type: Easing.OutCubic
         onFinished: body.forceActiveFocus()
     }
-    SequentialAnimation {
+    NumberAnimation {
         id: disappear
-        NumberAnimation {
-            target: card
-            property: "shownPart"
-            to: 0
-            duration: Theme.quick
-        }
-        ScriptAction {
-            script: {
-                body.active = false
-                sheet.shown = null
-            }
+        target: card
+        property: "shownPart"
+        to: 0
+        duration: Theme.quick
+        onFinished: {
+            body.active = false
+            sheet.shown = null
         }
     }
 }

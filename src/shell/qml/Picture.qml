@@ -15,7 +15,7 @@ Image {
     readonly property bool hasSize: width >= 1 && height >= 1
 
     asynchronous: true
-    sourceSize: Qt.size(Math.ceil(width), Math.ceil(height))
+    sourceSize: Qt.size(Math.ceil(width), Math.ceil(height)) // qmllint disable type
     source: key.length > 0 && hasSize ? "image://pictures/" + (whole ? "inside" : "fill") + "/" + Math.round(radius * ratio) + "/" + key : ""
     fillMode: Image.Stretch
     opacity: status === Image.Ready ? 1 : 0

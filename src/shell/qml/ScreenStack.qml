@@ -43,7 +43,7 @@ FocusScope {
     Connections {
         target: root.stack
         function onChanged() {
-            Qt.callLater(root.sync)
+            Qt.callLater(root.sync) // qmllint disable
         }
     }
     Component {

@@ -8,7 +8,7 @@ ColorImage {
     property int size: 24
 
     source: name.length > 0 ? "icons/" + name + ".svg" : ""
-    sourceSize: Qt.size(size, size)
+    sourceSize: Qt.size(size, size) // qmllint disable type
     width: size
     height: size
     color: Theme.text

@@ -9,8 +9,18 @@ ListView {
 
     required property TableModel rows
     property bool compact: false
+    property bool hasStarted: false
+
+    // True once: for the row that the keyboard is on when the screen opens.
+    function takeStart(): bool {
+        const isFirst = !hasStarted
+        hasStarted = true
+        return isFirst
+    }
 
     model: rows
+    // A current row would take the keyboard from the one that starts with it.
+    currentIndex: -1
     implicitHeight: contentHeight
     clip: true
     cacheBuffer: 1600
@@ -19,6 +29,9 @@ ListView {
     reuseItems: false
     activeFocusOnTab: false
     bottomMargin: compact ? 8 : 32
+    // From no row to the first one.
+    Keys.onDownPressed: list.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+    Keys.onUpPressed: list.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
 
     ScrollBar.vertical: ScrollBar {}
 

@@ -46,6 +46,12 @@ QtObject {
 
     readonly property bool rightToLeft: Appearance.rightToLeft
 
+    readonly property string zero: Qt.locale(Appearance.localeName).zeroDigit
+
+    // A number in the digits of the user's locale.
+    function digits(number: string): string {
+        return number.replace(/[0-9]/g, digit => String.fromCodePoint(zero.codePointAt(0) + Number(digit)))
+    }
     function tr(english: string): string {
         return Appearance.text(english)
     }

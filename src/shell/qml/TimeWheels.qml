@@ -10,29 +10,34 @@ Row {
     signal picked(hour: int, minute: int)
 
     readonly property var clock: Qt.locale(Appearance.localeName)
-    readonly property bool halves: clock.timeFormat(Locale.ShortFormat).toLowerCase().includes("a")
+    readonly property bool halves: Appearance.halvesDay
+    // Twelve stands before one, as on the clock.
+    readonly property var hours: Array.from({
+        "length": halves ? 12 : 24
+    }, (_, hour) => halves ? Theme.digits((hour === 0 ? 12 : hour).toString()) : twoDigits(hour))
+    readonly property var minutes: Array.from({
+        "length": 60
+    }, (_, minute) => twoDigits(minute))
     readonly property int columns: halves ? 3 : 2
     readonly property real columnWidth: Math.min(110, width / columns)
 
-    function range(from: int, count: int, pad: bool): var {
-        return Array.from({
-            "length": count
-        }, (_, place) => pad ? String(from + place).padStart(2, "0") : String(from + place))
+    function twoDigits(number: int): string {
+        return Theme.digits(number.toString().padStart(2, "0"))
     }
 
     leftPadding: Math.max(0, (width - columns * columnWidth) / 2)
 
     Wheel {
+        focus: true
         width: root.columnWidth
-        // Twelve stands before one, as on the clock.
-        titles: root.halves ? ["12"].concat(root.range(1, 11, false)) : root.range(0, 24, true)
+        titles: root.hours
         selected: root.halves ? root.hour % 12 : root.hour
         spoken: Theme.tr("Hours")
         onPicked: place => root.picked(root.halves ? place + (root.hour >= 12 ? 12 : 0) : place, root.minute)
     }
     Wheel {
         width: root.columnWidth
-        titles: root.range(0, 60, true)
+        titles: root.minutes
         selected: root.minute
         spoken: Theme.tr("Minutes")
         onPicked: place => root.picked(root.hour, place)

@@ -24,14 +24,13 @@ void EditIntervalView::close(const std::function<void()>& andThen) {
 }
 
 std::vector<TableSection> EditIntervalView::makeSections() {
-    return {{"interval",
-             {},
-             {},
-             {wheelsRow("interval", title(), Interface::descriptionDuration(picker_.interval()), picker_.wheels(),
-                        [this](const std::vector<std::size_t>& rows) {
-                            picker_.setRows(rows);
-                            reloadData();
-                        })}}};
+    TableRow row = wheelsRow("interval", title(), Interface::descriptionDuration(picker_.interval()), picker_.wheels(),
+                             [this](const std::vector<std::size_t>& rows) {
+                                 picker_.setRows(rows);
+                                 reloadData();
+                             });
+    row.startsFocused = true;
+    return {{"interval", {}, {}, {std::move(row)}}};
 }
 
 }  // namespace dayward

@@ -25,14 +25,13 @@ void EditTimeView::close(const std::function<void()>& andThen) {
 
 std::vector<TableSection> EditTimeView::makeSections() {
     const Date shown = dateWithMunitesInDay(Environment::current().now(), minutes_);
-    return {{"time",
-             {},
-             {},
-             {dateRow("time", localized("Time"), Interface::descriptionTime(minutes_), {shown, DateContent::Mode::time},
-                      [this](Date date) {
-                          minutes_ = munitesInDay(date);
-                          reloadData();
-                      })}}};
+    TableRow row = dateRow("time", localized("Time"), Interface::descriptionTime(minutes_),
+                           {shown, DateContent::Mode::time}, [this](Date date) {
+                               minutes_ = munitesInDay(date);
+                               reloadData();
+                           });
+    row.startsFocused = true;
+    return {{"time", {}, {}, {std::move(row)}}};
 }
 
 }  // namespace dayward

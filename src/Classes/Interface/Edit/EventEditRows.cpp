@@ -4,6 +4,7 @@
 #include "Classes/Interface/General/Interface.h"
 #include "Classes/Interface/List/EventRowText.h"
 #include "platform/Strings.h"
+#include "resources/FontLook.h"
 
 namespace dayward {
 
@@ -28,6 +29,7 @@ TableRow EventEditViewController::headerRow() {
     TableRow row;
     row.id = "header";
     row.kind = RowKind::eventHeader;
+    row.startsFocused = !isStored();
     row.content = EventHeaderContent{.icon = Interface::thumbnailForEventIcon(state_.displayIcon()),
                                      .iconInherited = !state_.icon,
                                      .iconHelp = state_.icon ? std::string() : localized("select"),
@@ -98,8 +100,9 @@ TableRow EventEditViewController::backgroundRow() {
 }
 
 TableRow EventEditViewController::fontRow() {
-    TableRow row = openingRow("font", localized("Font"), state_.displayFont(), [this] { openFonts(); });
-    row.fontName = row.detail;
+    const std::string font = state_.displayFont();
+    TableRow row = openingRow("font", localized("Font"), FontLook::titleOf(font), [this] { openFonts(); });
+    row.fontName = font;
     row.inherited = !state_.fontName;
     return row;
 }

@@ -8,6 +8,13 @@
 
 namespace dayward {
 
+namespace {
+
+/// An event without a time of day begins at midnight; so does one that is read from a document without.
+const std::vector<std::int64_t> kNoTime{0};
+
+}  // namespace
+
 EventEditState::EventEditState(const HHEvent& event)
     : icon(event.icon()),
       name(event.name()),
@@ -34,7 +41,7 @@ void EventEditState::writeTo(HHEvent& event) const {
     event.setCategoryKey(category->key);
     event.setDate(date);
     event.setDuration(duration);
-    event.setTimes(times_);
+    event.setTimes(times_.empty() ? kNoTime : times_);
     event.setRrule(rrule_);
     event.setShowAge(showAge);
     event.setIntervalFormat(intervalFormat);

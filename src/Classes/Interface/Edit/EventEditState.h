@@ -25,7 +25,8 @@ class EventEditState {
 public:
     /// All fields of the event; its category as the store has it, else the default one.
     explicit EventEditState(const HHEvent& event);
-    /// Writes all fields through the event's setters.
+    /// Writes all fields through the event's setters; without any time midnight, for an event without
+    /// times has no date.
     void writeTo(HHEvent& event) const;
 
     std::shared_ptr<EventIconPicture> icon;  ///< null means the category's

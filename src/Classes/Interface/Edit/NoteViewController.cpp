@@ -12,9 +12,9 @@ NoteViewController::NoteViewController(std::string note, Completion completionBl
 void NoteViewController::viewWillDisappear(Disappearance) { completionBlock_(note_); }
 
 std::vector<TableSection> NoteViewController::makeSections() {
-    return {{"note", {}, {}, {textAreaRow("note", localized("Note"), {note_}, [this](const std::string& text) {
-                 note_ = text;
-             })}}};
+    TableRow row = textAreaRow("note", localized("Note"), {note_}, [this](const std::string& text) { note_ = text; });
+    row.startsFocused = true;
+    return {{"note", {}, {}, {std::move(row)}}};
 }
 
 }  // namespace dayward

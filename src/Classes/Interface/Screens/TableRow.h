@@ -122,6 +122,8 @@ struct RowValue {
     bool inherited = false;   ///< the value comes from the category
     bool enabled = true;
     bool opensScreen = false;
+    bool startsFocused = false;  ///< the keyboard is here when the screen opens
+    bool isQuiet = false;        ///< an action that is not what the screen is for
     bool canDelete = false;
     bool canMove = false;
     std::string accessibility;  ///< the row as one sentence where accessibleSentence is not to make it

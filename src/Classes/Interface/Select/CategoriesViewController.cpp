@@ -43,7 +43,10 @@ void CategoriesViewController::viewWillAppear() {
 std::vector<TableSection> CategoriesViewController::makeSections() {
     TableSection section{"categories", {}, {}, {}};
     for (const Category& category : tableData_) section.rows.push_back(rowOf(category, section.rows.empty()));
-    if (editing_) section.rows.push_back(actionRow("append", localized("New category"), [this] { append(); }));
+    if (editing_) {
+        section.rows.push_back(actionRow("append", localized("New category"), [this] { append(); }));
+        section.rows.back().isQuiet = true;
+    }
     return {std::move(section)};
 }
 

@@ -13,6 +13,7 @@
 #include "Classes/Interface/Select/FontsViewController.h"
 #include "Classes/Interface/Select/IconsViewController.h"
 #include "platform/Strings.h"
+#include "resources/FontLook.h"
 
 namespace dayward {
 
@@ -51,6 +52,7 @@ std::vector<TableSection> CategoryViewController::makeSections() {
                                      name_ = text;
                                      modified_ = true;
                                  });
+    name.startsFocused = category_->name.value_or("").empty();
     return {{"category", {}, {}, {std::move(name), iconRow(), backgroundRow(), fontRow(), textColorRow()}}};
 }
 
@@ -74,7 +76,7 @@ TableRow CategoryViewController::backgroundRow() {
 
 TableRow CategoryViewController::fontRow() {
     const std::string font = EventDisplay::font(eventFont_, category_);
-    TableRow row = openingRow("font", localized("Font"), font, [this] { openFonts(); });
+    TableRow row = openingRow("font", localized("Font"), FontLook::titleOf(font), [this] { openFonts(); });
     row.fontName = font;
     return row;
 }

@@ -60,7 +60,7 @@ ListView {
     highlightFollowsCurrentItem: false
 
     Binding {
-        target: rowsView.rows
+        target: rowsView.rows // qmllint disable type
         property: "rowSize"
         value: Qt.size(Math.round((rowsView.width - 2 * rowsView.inset) * Screen.devicePixelRatio), Math.round(rowsView.rowHeight * Screen.devicePixelRatio))
         when: rowsView.width > 100

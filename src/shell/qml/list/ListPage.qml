@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls
 import Dayward
 
 // The event list: a search field, the events, and what stands there when there are none.

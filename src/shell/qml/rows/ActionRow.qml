@@ -13,7 +13,7 @@ RowFrame {
         verticalAlignment: Text.AlignVCenter
         text: frame.row.label
         font.weight: Font.Medium
-        color: frame.row.kind === "destructive" ? Theme.destructive : Theme.accent
+        color: frame.row.kind === "destructive" ? Theme.destructive : frame.row.isQuiet ? Theme.secondaryText : Theme.accent
         elide: Text.ElideRight
     }
 }

@@ -11,10 +11,12 @@ RowFrame {
     }
 
     Loader {
+        focus: true
         width: parent.width
         active: frame.isOpen && (frame.date.hasDate ?? false)
         visible: active
         sourceComponent: MonthCalendar {
+            focus: true
             year: frame.date.year
             month: frame.date.month
             day: frame.date.day
@@ -22,6 +24,7 @@ RowFrame {
         }
     }
     Loader {
+        focus: !(frame.date.hasDate ?? false)
         width: parent.width
         active: frame.isOpen && (frame.date.hasTime ?? false)
         visible: active

@@ -14,8 +14,8 @@ RowFrame {
 
         BarButton {
             id: iconButton
-            width: 76
-            height: 76
+            width: Math.round(80 * Math.max(1, Theme.scale * 0.85))
+            height: width
             text: Theme.tr("Icon")
             onClicked: frame.rows.tapItem(frame.index, 0)
             background: Rectangle {
@@ -28,9 +28,10 @@ RowFrame {
             }
             contentItem: Item {
                 Picture {
-                    anchors.centerIn: parent
-                    anchors.verticalCenterOffset: help.visible ? -6 : 0
-                    width: help.visible ? 44 : 52
+                    anchors.top: parent.top
+                    anchors.topMargin: help.visible ? 8 : (parent.height - height) / 2
+                    anchors.horizontalCenter: parent.horizontalCenter
+                    width: help.visible ? parent.height - help.height - 18 : Math.round(parent.height * 0.68)
                     height: width
                     whole: true
                     key: frame.row.content.icon ?? ""
@@ -40,10 +41,11 @@ RowFrame {
                     visible: text.length > 0
                     anchors.bottom: parent.bottom
                     anchors.horizontalCenter: parent.horizontalCenter
-                    anchors.bottomMargin: -2
-                    width: parent.width
+                    anchors.bottomMargin: 7
+                    width: parent.width - 14
                     horizontalAlignment: Text.AlignHCenter
-                    elide: Text.ElideRight
+                    fontSizeMode: Text.HorizontalFit
+                    minimumPixelSize: 9
                     text: frame.row.content.iconHelp ?? ""
                     font.pixelSize: Theme.caption
                     color: Theme.secondaryText

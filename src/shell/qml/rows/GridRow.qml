@@ -47,6 +47,31 @@ RowFrame {
                 event.accepted = go(-columns)
         }
 
+        // A drag along the numbers turns over each that it comes to. It starts sideways, for up and down the
+        // list is moved.
+        DragHandler {
+            id: sweep
+            property var swept: new Set()
+            function take(position: point) {
+                const at = grid.mapFromItem(tiles, position.x, position.y)
+                const tile = grid.childAt(at.x, at.y) as GridTile
+                if (!tile || swept.has(tile.place))
+                    return
+                swept.add(tile.place)
+                frame.rows.tapItem(frame.index, tile.place)
+            }
+            enabled: frame.wanted > 0
+            target: null
+            yAxis.enabled: false
+            grabPermissions: PointerHandler.CanTakeOverFromAnything
+            onActiveChanged: {
+                swept = new Set()
+                if (active)
+                    take(centroid.pressPosition)
+            }
+            onCentroidChanged: if (active)
+                take(centroid.position)
+        }
         Grid {
             id: grid
             y: frame.showsHead ? 0 : 12
@@ -58,6 +83,7 @@ RowFrame {
                 model: frame.isOpen ? frame.items.length : 0
                 delegate: GridTile {
                     required property int index
+                    place: index
                     width: tiles.tileWidth
                     height: tiles.tileHeight
                     item: frame.items[index] ?? ({})

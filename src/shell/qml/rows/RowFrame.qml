@@ -31,6 +31,15 @@ FocusScope {
             rows.select(index)
     }
 
+    // From where the keyboard is in the row; from the row itself it would come to its own first part again.
+    function leave(forward: bool) {
+        const next = (Window.activeFocusItem ?? frame).nextItemInFocusChain(forward)
+        next.forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason)
+    }
+
+    Component.onCompleted: if (row.startsFocused && ListView.view?.takeStart())
+        focus = true
+
     width: ListView.view?.width ?? 0
     implicitHeight: column.implicitHeight
     height: implicitHeight
@@ -52,9 +61,9 @@ FocusScope {
         if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter || event.key === Qt.Key_Space)
             frame.activate()
         else if (event.key === Qt.Key_Down)
-            frame.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+            frame.leave(true)
         else if (event.key === Qt.Key_Up)
-            frame.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+            frame.leave(false)
         else if (event.key === Qt.Key_Delete && frame.row.canDelete)
             frame.rows.removeRow(frame.index)
         else

@@ -14,6 +14,7 @@ RowFrame {
             model: frame.isOpen ? frame.wheels.length : 0
             delegate: Wheel {
                 required property int index
+                focus: index === 0
                 width: Math.min(180, (frame.body.width) / frame.wheels.length)
                 titles: frame.wheels[index]?.titles ?? []
                 selected: frame.wheels[index]?.selected ?? 0

@@ -1,5 +1,9 @@
 #include <gmock/gmock.h>
 
+#include <filesystem>
+#include <fstream>
+#include <map>
+
 #include "Classes/App/HHAppTimerKeys.h"
 #include "Classes/Category/CategoryLocalStore.h"
 #include "Classes/Category/ColorEventBackgroundPicture.h"
@@ -41,6 +45,16 @@ protected:
     [[nodiscard]] LookContent look() const { return std::get<LookContent>(shell.row("look").content); }
     [[nodiscard]] EventHeaderContent header() const {
         return std::get<EventHeaderContent>(shell.row("header").content);
+    }
+    /// Every file of the documents with its content.
+    [[nodiscard]] std::map<std::string, std::string> files() const {
+        std::map<std::string, std::string> contents;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(environment->paths().documents)) {
+            if (!entry.is_regular_file()) continue;
+            std::ifstream file(entry.path(), std::ios::binary);
+            contents[entry.path().string()] = std::string(std::istreambuf_iterator<char>(file), {});
+        }
+        return contents;
     }
     void tapHeader(std::size_t part) { shell.tapItem("header", part); }
     /// Opens the rule's screen and taps a preset there.
@@ -219,6 +233,45 @@ TEST_F(EventEditTest, InheritsTheLookOfTheChosenCategory) {
     shell.back();
     shell.press(BarButton::Role::done);
     EXPECT_EQ(stored()->categoryKey(), "default") << "a category that has gone is the built-in one";
+}
+
+TEST_F(EventEditTest, NamesFontsForPeople) {
+    event->appearance().fontName = "Futura-Medium";
+    open(event);
+    EXPECT_THAT(shell.rows(), Contains("Font: Futura Medium"));
+    EXPECT_EQ(shell.row("font").fontName, "Futura-Medium");
+    shell.tap("font");
+    EXPECT_THAT(shell.rows(), ElementsAre("From the category", "--", "Futura Medium *", "Georgia"));
+}
+
+TEST_F(EventEditTest, AnEventWithoutATimeBeginsAtMidnight) {
+    open(event);
+    shell.tap("date");
+    shell.erase("time0");
+    shell.back();
+    EXPECT_THAT(shell.rows(), Contains("Date: Mar 20, 2026"));
+    EXPECT_NE(look().date, "No date!");
+    shell.press(BarButton::Role::done);
+    EXPECT_EQ(stored()->times(), Times{0});
+}
+
+TEST_F(EventEditTest, LeftWithoutDoneChangesNothingOnTheDisk) {
+    environment.queues->runAll();
+    const auto before = files();
+    ASSERT_FALSE(before.empty());
+    open(event);
+    shell.type("header", "Meeting");
+    repeat("preset7");
+    shell.tap("date");
+    shell.pick("date", environment.at("2027-01-01"));
+    shell.back();
+    shell.tap("note");
+    shell.type("note", "Lost");
+    shell.back();
+    environment.queues->runAll();
+    EXPECT_EQ(files(), before);
+    EXPECT_EQ(stored()->name(), "Party");
+    EXPECT_EQ(stored()->note(), std::nullopt);
 }
 
 TEST_F(EventEditTest, DeletesAfterAQuestion) {

@@ -1,0 +1,169 @@
+// What a user does in the editors: by the keyboard alone, by dragging, by dropping.
+#include <QDropEvent>
+#include <QImage>
+#include <QMimeData>
+#include <QTemporaryDir>
+
+#include "Classes/Category/ImageEventIconPicture.h"
+#include "Classes/Category/ImagePicture.h"
+#include "Classes/Interface/Edit/EventEditViewController.h"
+#include "Classes/Interface/Edit/RRuleExViewController.h"
+#include "shell/FlowsFixture.h"
+
+namespace dayward {
+
+class EditorFlows : public Flows {
+protected:
+    std::shared_ptr<EventEditViewController> openEditor(std::shared_ptr<HHEvent> event = nullptr) {
+        auto editor = std::make_shared<EventEditViewController>(std::move(event));
+        shell.navigation().present(editor);
+        settle();
+        return editor;
+    }
+    template <class Screen>
+    Screen& top() {
+        return dynamic_cast<Screen&>(*shell.navigation().topScreen());
+    }
+    /// Opens the row that the keyboard walks to.
+    void open(const QString& row, const std::string& title) {
+        walkTo(row);
+        press(Qt::Key_Return);
+        ASSERT_TRUE(topIs(title));
+        settle();
+    }
+    /// A file dragged over the middle of the window and let go there.
+    void drop(const QString& path) {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(path)});
+        const QPoint middle(quick->width() / 2, quick->height() / 2);
+        QDragEnterEvent enter(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(quick, &enter);
+        QDragMoveEvent move(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(quick, &move);
+        QDropEvent let(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(quick, &let);
+    }
+    [[nodiscard]] QPoint middleOf(const QString& text) const {
+        QQuickItem* const target = item(text);
+        return target != nullptr ? target->mapToScene({target->width() / 2, target->height() / 2}).toPoint() : QPoint();
+    }
+
+    const QTemporaryDir scratch;
+};
+
+TEST_F(EditorFlows, makeAnEventByTheKeyboardAlone) {
+    press(Qt::Key_N, Qt::ControlModifier);
+    ASSERT_TRUE(topIs("New event"));
+    settle();
+    type(QStringLiteral("Concert"));
+    const auto day = environment.text(environment->now()).substr(0, 10);
+
+    open(QStringLiteral("Date,"), "Date");
+    press(Qt::Key_Down);
+    press(Qt::Key_Right);
+    press(Qt::Key_Down);
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(topIs("New event"));
+    settle();
+
+    open(QStringLiteral("Repeat,"), "Repeat");
+    walkTo(QStringLiteral("Weekly"));
+    press(Qt::Key_Return);
+    ASSERT_TRUE(topIs("New event"));
+    settle();
+
+    open(QStringLiteral("Alerts,"), "Alerts");
+    walkTo(QStringLiteral("On Event"));
+    press(Qt::Key_Space);
+    walkTo(QStringLiteral("Add alert before"));
+    press(Qt::Key_Return);
+    ASSERT_TRUE(topIs("Alert"));
+    settle();
+    press(Qt::Key_Down);
+    press(Qt::Key_Return, Qt::ControlModifier);
+    ASSERT_TRUE(topIs("Alerts"));
+    settle();
+    press(Qt::Key_Return, Qt::ControlModifier);
+    ASSERT_TRUE(topIs("New event"));
+    settle();
+    press(Qt::Key_Return, Qt::ControlModifier);
+    ASSERT_TRUE(until([&] { return shell.navigation().modalStacks().empty(); }));
+
+    ASSERT_EQ(names(), std::vector<std::string>{"Concert"});
+    const auto made = EventLocalStore::shared().allEvents().front();
+    EXPECT_EQ(day, "2026-03-10");
+    EXPECT_EQ(environment.text(made->date()).substr(0, 10), "2026-03-18") << "a day on and a week down";
+    EXPECT_EQ(made->rrule(), "FREQ=WEEKLY;INTERVAL=1");
+    ASSERT_EQ(made->alerts().list->size(), 2U);
+    EXPECT_EQ(made->alerts().list->front(), XDIDateInterval());
+    EXPECT_EQ(made->alerts().list->back(), XDIDateInterval(CalendarUnit::hour, 2));
+}
+
+TEST_F(EditorFlows, putTheKeyboardWhereTypingBegins) {
+    auto event = std::make_shared<HHEvent>("party");
+    event->setName("Party");
+    EventLocalStore::shared().updateEvent(event);
+    const auto editor = openEditor(event);
+    type(QStringLiteral("zzz"));
+    EXPECT_EQ(editor->state().name, "Party") << "an event that is there is not renamed by a stray key";
+    open(QStringLiteral("Note"), "Note");
+    type(QStringLiteral("Cake"));
+    press(Qt::Key_Return, Qt::ControlModifier);
+    ASSERT_TRUE(topIs("Event"));
+    EXPECT_EQ(editor->state().note, "Cake");
+    settle();
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(until([&] { return shell.navigation().modalStacks().empty(); }));
+    EXPECT_EQ(EventLocalStore::shared().eventByIdentifier("party")->note(), std::nullopt);
+}
+
+TEST_F(EditorFlows, takeADroppedPictureUprightAndSmall) {
+    const auto editor = openEditor();
+    QImage picture(2000, 1000, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    const QString file = scratch.filePath(QStringLiteral("own.png"));
+    ASSERT_TRUE(picture.save(file));
+    click(QStringLiteral("Icon"));
+    ASSERT_TRUE(topIs("Icon"));
+    settle();
+    drop(file);
+    ASSERT_TRUE(topIs("New event"));
+    const auto icon = std::dynamic_pointer_cast<ImageEventIconPicture>(editor->state().icon);
+    ASSERT_TRUE(icon);
+    EXPECT_EQ(icon->image()->width(), 512);
+    EXPECT_EQ(icon->image()->height(), 256);
+}
+
+TEST_F(EditorFlows, tellOfADroppedFileThatIsNoPicture) {
+    const auto editor = openEditor();
+    const QString path = scratch.filePath(QStringLiteral("text.png"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("no picture") > 0);
+    file.close();
+    click(QStringLiteral("Icon"));
+    ASSERT_TRUE(topIs("Icon"));
+    settle();
+    drop(path);
+    EXPECT_TRUE(until([&] { return item(QStringLiteral("Choose a PNG or JPEG file.")) != nullptr; }));
+    EXPECT_FALSE(editor->state().icon);
+}
+
+TEST_F(EditorFlows, turnNumbersOverByADragAlongThem) {
+    const auto screen = std::make_shared<RRuleExViewController>("FREQ=YEARLY;INTERVAL=1;BYMONTH=2",
+                                                                EventStart{environment->now(), {0}}, [](auto&) {});
+    shell.navigation().present(screen);
+    settle();
+    screen->select(*screen->pathOfRow("months"));
+    settle();
+    const QPoint from = middleOf(QStringLiteral("Jan"));
+    const QPoint to = middleOf(QStringLiteral("Apr"));
+    ASSERT_FALSE(from.isNull() || to.isNull());
+    QTest::mousePress(quick, Qt::LeftButton, {}, from);
+    for (int step = 1; step <= 40; ++step) QTest::mouseMove(quick, from + (to - from) * step / 40, 2);
+    QTest::mouseRelease(quick, Qt::LeftButton, {}, to);
+    EXPECT_EQ(screen->rrule(), "FREQ=YEARLY;INTERVAL=1;BYMONTH=1,3,4");
+    QTest::mouseClick(quick, Qt::LeftButton, {}, to);
+    EXPECT_EQ(screen->rrule(), "FREQ=YEARLY;INTERVAL=1;BYMONTH=1,3");
+}
+
+}  // namespace dayward
