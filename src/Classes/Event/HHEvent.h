@@ -22,8 +22,8 @@
 #include "platform/Archivable.h"
 #include "platform/Color.h"
 #include "platform/Date.h"
-#include "platform/Mutex.h"
 #include "platform/Object.h"
+#include "recurrence/DatesCalculation.h"
 #include "sync/CCSyncItemVersion.h"
 
 namespace dayward {
@@ -39,20 +39,7 @@ public:
     static constexpr const char* kIconKey = "p003";        ///< not the document data's "p003"
     static constexpr const char* kBackgroundKey = "p004";  ///< nor its "p004"
 
-    /// What the recurrence of an event comes to at a moment.
-    struct DatesCalculation {
-        std::optional<Date> last;  ///< the latest occurrence, nothing where the series has no last one
-        std::optional<Date> next;  ///< the first occurrence that has not ended, nothing if there is none
-        TimeInterval duration;     ///< of one occurrence; 0 without a duration
-
-        /// The occurrence that is running or comes next, else the last one; nothing where there is none.
-        [[nodiscard]] std::optional<Date> occurrence() const { return next ? next : last; }
-        /// Whether the occurrence is in progress, its first and last moment excluded.
-        [[nodiscard]] bool isRunning(Date now) const {
-            const auto begin = occurrence();
-            return begin && now > *begin && now < *begin + duration;
-        }
-    };
+    using DatesCalculation = dayward::DatesCalculation;
 
     /// A new UUID as identifier, today's instant as date, midnight as the only time.
     HHEvent();
@@ -140,12 +127,9 @@ public:
     /// The same as of a moment that the caller has asked the clock for, for whoever asks many events.
     [[nodiscard]] DatesCalculation datesAt(Date now) const;
     /// Has the processor fetch what datesAt will read.
-    void prefetchDates() const {
-        __builtin_prefetch(&calculationMutex_);
-        __builtin_prefetch(&calculation_);
-    }
+    void prefetchDates() const { __builtin_prefetch(&dates_); }
     /// Drops the kept calculation.
-    void moduleEventDateRefresh();
+    void moduleEventDateRefresh() { dates_.drop(); }
     /// The occurrence that is running or comes next, else the last one; nothing where there is none.
     [[nodiscard]] std::optional<Date> nextDate() const;
     /// The name, for a yearly event that shows its age with the count of years up to the date:
@@ -178,8 +162,8 @@ public:
 private:
     friend class SharedParts;
 
-    [[nodiscard]] std::shared_ptr<const DatesCalculation> calculateDates(Date now) const;
-    [[nodiscard]] bool isCalculated(Date now) const DAYWARD_REQUIRES(calculationMutex_);
+    /// What the calculation goes by; as long as the event lives unchanged.
+    [[nodiscard]] OccurrenceRule occurrenceRule() const;
     [[nodiscard]] std::shared_ptr<EventCategory> displayCategory() const;
 
     std::string identifier_;
@@ -200,9 +184,7 @@ private:
     std::optional<std::string> note_;
     std::optional<CCSyncItemVersion> version_;
 
-    // Replaced whole: two threads that calculate at a time each get a valid result, the later stays.
-    mutable std::shared_ptr<const DatesCalculation> calculation_ DAYWARD_GUARDED_BY(calculationMutex_);
-    mutable SmallMutex calculationMutex_;
+    [[no_unique_address]] mutable KeptDates dates_;
     bool showAge_ = false;
 };
 
