@@ -10,6 +10,7 @@
 #include "Classes/App/AppManager.h"
 #include "Classes/App/LaunchArguments.h"
 #include "Classes/Interface/Events/HHSplitViewController.h"
+#include "alerts/WidgetExport.h"
 #include "platform/Log.h"
 #include "shell/QtWindow.h"
 #include "shell/SingleInstance.h"
@@ -36,6 +37,9 @@ bool Life::run(Environment& environment, const LaunchOptions& launch, SingleInst
     const HHSplitViewController split(shell.navigation(), services);
     AppServices connected;
     connected.missedEvents = std::make_shared<ScheduleMissedEvents>();
+    const auto widget = std::make_shared<WidgetExport>();
+    widget->follow();
+    connected.widget = widget;
     const auto delegate = std::make_shared<AppDelegate>(std::move(connected), [&split] { return split.master(); });
     delegate->setWindow(&window);
     followWindow();

@@ -88,6 +88,7 @@ std::vector<Scene> scenes() {
         detail("share", 1, true),
         settings("settings", {}),
         settings("settings-defaults", {"defaultValues"}),
+        settings("settings-widget", {"widget", "type1"}),
         settings("settings-theme", {"theme"}),
         settings("settings-information", {"about"}),
         editor("editor", {}),

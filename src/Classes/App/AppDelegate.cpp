@@ -29,6 +29,14 @@ void AppDelegate::applicationDidEnterBackground(Application& application) {
     services().widget->exportEvents();
 }
 
+void AppDelegate::performFetchWithCompletionHandler(Application& application, FetchCompletion completionHandler) {
+    ProjectAppDelegate::performFetchWithCompletionHandler(
+        application, [widget = services().widget, complete = std::move(completionHandler)](BackgroundFetchResult result) {
+            if (result == BackgroundFetchResult::newData) widget->exportEvents();
+            complete(result);
+        });
+}
+
 void AppDelegate::applicationWillEnterForeground(Application& application) {
     ProjectAppDelegate::applicationWillEnterForeground(application);
     services().lock->showAuthorizeIfNeeds();

@@ -23,6 +23,8 @@ public:
     void applicationDidBecomeActive(Application& application) override;
     void applicationDidEnterBackground(Application& application) override;
     void applicationWillEnterForeground(Application& application) override;
+    /// New data also goes to the widget's copy, on the fetch's thread.
+    void performFetchWithCompletionHandler(Application& application, FetchCompletion completionHandler) override;
 
 private:
     const MakeRootScreen makeRootScreen_;

@@ -4,6 +4,7 @@
 #include "Classes/Event/HHEvent.h"
 #include "Classes/Other/Date/HHEventDateFormat.h"
 #include "Submodules/CorpLibrary2/Foundation/FoundationClasses.h"
+#include "alerts/WidgetEvent.h"
 #include "intervals/IntervalClasses.h"
 #include "platform/Color.h"
 #include "recurrence/RecurrenceClasses.h"
@@ -21,6 +22,7 @@ std::shared_ptr<const ArchiveClasses> allArchiveClasses() {
     registerDateFormatClasses(*classes);
     registerPictureClasses(*classes);
     registerEventClasses(*classes);
+    registerWidgetClasses(*classes);
     return classes;
 }
 

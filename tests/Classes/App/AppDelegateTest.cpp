@@ -189,7 +189,7 @@ TEST_F(AppDelegateTest, ExpiryFinishesATaskOnlyBeyondItsLimit) {
 TEST_F(AppDelegateTest, AFetchCompletesBeforeItsTaskFinishes) {
     app.application.state = ApplicationState::background;
     app.application.fetch();
-    EXPECT_THAT(rest(), ElementsAre("begin 1", "synch", "find", "refresh, 0 missed", "save", "fetched 0", "end 1"));
+    EXPECT_THAT(rest(), ElementsAre("begin 1", "synch", "find", "refresh, 0 missed", "save", "widget", "fetched 0", "end 1"));
     app.services->duringSynch = [this] { app.application.expire(); };
     app.application.fetch();
     EXPECT_THAT(rest(), ElementsAre("begin 2", "synch", "fetched 1", "end 2"));

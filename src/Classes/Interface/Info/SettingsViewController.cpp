@@ -6,10 +6,12 @@
 #include "Classes/Interface/Info/DefaultValuesViewController.h"
 #include "Classes/Interface/Info/EventsSortViewController.h"
 #include "Classes/Interface/Info/InformationViewController.h"
+#include "Classes/Interface/Info/WidgetViewController.h"
 #include "Classes/Interface/Screens/Presenter.h"
 #include "Classes/Interface/Select/CategoriesViewController.h"
 #include "Classes/Settings/AppSettings.h"
 #include "Classes/Settings/InterfaceSettings.h"
+#include "alerts/AppWidget.h"
 #include "platform/Strings.h"
 
 namespace dayward {
@@ -58,7 +60,8 @@ TableSection SettingsViewController::glanceSection() {
             {},
             {},
             {destinationRow("badge", localized("Badge"), services_.badge),
-             destinationRow("widget", localized("Widget"), services_.widget)}};
+             openingRow("widget", localized("Widget"), AppWidget::displayName(AppWidget::type()),
+                        [this] { open(std::make_shared<WidgetViewController>()); })}};
 }
 
 TableSection SettingsViewController::safetySection() {

@@ -1,4 +1,4 @@
-// The list of settings. What is built by other parts of the program (badge, widget, cloud, lock) comes in
+// The list of settings. What is built by other parts of the program (badge, cloud, lock) comes in
 // as Services; a row whose service is not there is shown at rest. Main thread only.
 #pragma once
 
@@ -20,7 +20,6 @@ public:
     };
     struct Services {
         Destination badge;
-        Destination widget;
         Destination cloud;
         bool canLock = false;  ///< the owner's check is there
     };

@@ -3,12 +3,15 @@
 #include <fstream>
 #include <tuple>
 
+#include "Classes/Event/EventLocalStore.h"
+#include "Classes/Event/HHEvent.h"
 #include "Classes/Interface/Info/DefaultValuesViewController.h"
 #include "Classes/Interface/Info/EventsSortViewController.h"
 #include "Classes/Interface/Info/InformationViewController.h"
 #include "Classes/Interface/Info/SettingsViewController.h"
 #include "Classes/Settings/AppSettings.h"
 #include "Classes/Settings/InterfaceSettings.h"
+#include "alerts/AppWidget.h"
 #include "platform/UserDefaults.h"
 #include "support/GalleryResources.h"
 #include "support/NotificationRecorder.h"
@@ -67,9 +70,9 @@ TEST_F(SettingsScreensTest, ChangesTheDefaultsAtOnce) {
 TEST_F(SettingsScreensTest, ListsTheSettings) {
     openSettings();
     EXPECT_THAT(shell.rows(), ElementsAre("Default Values", "Categories", "Sort: by Date", "Icons in rows *", "--",
-                                          "Badge", "Widget", "--", "Touch ID: Keep safe at launch", "Cloud", "--",
+                                          "Badge", "Widget: Today's events", "--", "Touch ID: Keep safe at launch", "Cloud", "--",
                                           "Theme: As the system", "Language: As the system", "--", "About"));
-    for (const char* id : {"badge", "widget", "lock", "cloud"}) EXPECT_FALSE(shell.row(id).enabled) << id;
+    for (const char* id : {"badge", "lock", "cloud"}) EXPECT_FALSE(shell.row(id).enabled) << id;
     shell.toggle("lock", true);
     shell.tap("badge");
     EXPECT_FALSE(AppSettings::TouchIDOn());
@@ -83,7 +86,6 @@ TEST_F(SettingsScreensTest, ListsTheSettings) {
 TEST_F(SettingsScreensTest, OpensWhatOtherPartsBring) {
     openSettings(
         {.badge = {[] { return "Missed events"; }, [] { return std::make_shared<InformationViewController>(); }},
-         .widget = {},
          .cloud = {},
          .canLock = true});
     EXPECT_THAT(shell.rows(), Contains("Badge: Missed events"));
@@ -145,6 +147,28 @@ TEST_F(SettingsScreensTest, ShowsTheLicencesBlockByBlock) {
     std::ofstream(resources.directory + "/licences.txt") << "Icons\n  by A\n\n\nSounds\n  by B\n";
     shell.tap("licences");
     EXPECT_THAT(shell.rows(), ElementsAre("Icons\n  by A", "Sounds\n  by B\n"));
+}
+
+TEST_F(SettingsScreensTest, TheWidgetsTypeIsStoredAtOnceAndItsEventsWhenTheScreenGoes) {
+    EventLocalStore::shared().removeAllEvents();
+    for (const char* name : {"Beach", "Autumn"}) {
+        const auto event = std::make_shared<HHEvent>(name);
+        event->setName(name);
+        EventLocalStore::shared().updateEvent(event);
+    }
+    AppWidget::setEventsKeys({"gone"});
+    openSettings();
+    shell.tap("widget");
+    EXPECT_THAT(shell.rows(), ElementsAre("Today's events *", "Selected events", "--", "Autumn", "Beach"));
+    shell.tap("type1");
+    EXPECT_EQ(AppWidget::type(), WidgetType::selectedEvents);
+    shell.toggle("event:Beach", true);
+    shell.toggle("event:Autumn", true);
+    shell.toggle("event:Autumn", false);
+    EXPECT_EQ(AppWidget::eventsKeys(), std::vector<std::string>{"gone"});
+    shell.back();
+    EXPECT_EQ(AppWidget::eventsKeys(), (std::vector<std::string>{"gone", "Beach"})) << "gone may come back";
+    EXPECT_EQ(shell.row("widget").detail, "Selected events");
 }
 
 }  // namespace
