@@ -146,6 +146,7 @@ void addCategoriesCommand(CLI::App& app, ChosenCommand& chosen) {
     edit->add_option("--name", options->name, "A new name");
     options->declare(*edit);
     edit->callback([=, &chosen] {
+        chosen.changesEvents = true;
         chosen.action = [=](Environment&, const GlobalOptions& global) {
             return editCategory(names->front(), *options, global.json);
         };
@@ -154,6 +155,7 @@ void addCategoriesCommand(CLI::App& app, ChosenCommand& chosen) {
     CLI::App* remove = categories->add_subcommand("remove", "Remove categories; their events take the default one");
     remove->add_option("categories", *names, "Keys or names")->required();
     remove->callback([=, &chosen] {
+        chosen.changesEvents = true;
         chosen.action = [=](Environment&, const GlobalOptions& global) { return removeCategories(*names, global.json); };
     });
 }

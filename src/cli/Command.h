@@ -33,6 +33,8 @@ struct ChosenCommand {
     CommandAction action;
     /// Events and categories are looked at: the first start's default events must be there.
     bool needsStore = true;
+    /// The widget's copy is refreshed after the action.
+    bool changesEvents = false;
     int exitStatus = 0;  ///< set by an action that ends well but answers "no"
 };
 
@@ -48,6 +50,7 @@ void addRuleCommand(CLI::App& app, ChosenCommand& chosen);
 void addIntervalCommand(CLI::App& app, ChosenCommand& chosen);
 void addDocumentCommand(CLI::App& app, ChosenCommand& chosen);
 void addDoctorCommand(CLI::App& app, ChosenCommand& chosen);
+void addWidgetCommand(CLI::App& app, ChosenCommand& chosen);
 
 /// What `dayward` does without a command where it cannot open the application.
 Result<> watchList(Environment& environment, const GlobalOptions& options);

@@ -72,6 +72,7 @@ void addAddCommand(CLI::App& app, ChosenCommand& chosen) {
     command->add_option("name", options->name, "The event's name")->required();
     options->declare(*command);
     command->callback([options, &chosen] {
+        chosen.changesEvents = true;
         chosen.action = [options](Environment&, const GlobalOptions& global) { return addEvent(*options, global.json); };
     });
 }
@@ -85,6 +86,7 @@ void addEditCommand(CLI::App& app, ChosenCommand& chosen) {
     options->declare(*command);
     command->add_flag("--no-show-age", options->hideAge, "Hide the count of years");
     command->callback([options, identifier, &chosen] {
+        chosen.changesEvents = true;
         chosen.action = [=](Environment&, const GlobalOptions& global) {
             return editEvent(*identifier, *options, global.json);
         };
@@ -96,6 +98,7 @@ void addRemoveCommand(CLI::App& app, ChosenCommand& chosen) {
     CLI::App* command = app.add_subcommand("remove", "Remove events");
     command->add_option("events", *identifiers, "Identifiers or names")->required();
     command->callback([identifiers, &chosen] {
+        chosen.changesEvents = true;
         chosen.action = [=](Environment&, const GlobalOptions& global) { return removeEvents(*identifiers, global.json); };
     });
 }

@@ -12,6 +12,7 @@
 #include "Classes/App/AppManager.h"
 #include "Classes/App/ArchiveRegistration.h"
 #include "Classes/Event/EventLocalStore.h"
+#include "alerts/WidgetExport.h"
 #include "cli/Command.h"
 #include "cli/ProgramVersion.h"
 #include "cli/Terminal.h"
@@ -68,6 +69,7 @@ void addCommands(CLI::App& app, ChosenCommand& chosen) {
     addIntervalCommand(app, chosen);
     addDocumentCommand(app, chosen);
     addDoctorCommand(app, chosen);
+    addWidgetCommand(app, chosen);
 }
 
 /// The environment's options, or nothing after a complaint about wrong usage.
@@ -117,7 +119,9 @@ Result<> perform(Environment& environment, const ChosenCommand& chosen, const Gl
         TRY_VOID(AppManager::performFirstLaunch());
         reportLeftOut();
     }
-    return chosen.action(environment, options);
+    const Result<> result = chosen.action(environment, options);
+    if (result && chosen.changesEvents) WidgetExport().exportEvents();
+    return result;
 }
 
 int run(const ChosenCommand& chosen, const GlobalOptions& options, bool live) {
