@@ -3,7 +3,7 @@ _dayward() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]}
     local global="--home --now --tz --locale --json --help --version"
     local look="--date --time --repeat --duration --alert --units --style --category --icon --background --font --text-color --show-age --note"
-    local commands="list show add edit remove watch categories settings rule interval document doctor"
+    local commands="list show add edit remove watch categories settings rule interval document doctor widget"
     local word command=""
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         if [[ " $commands " == *" $word "* ]]; then command=$word; break; fi
@@ -26,6 +26,7 @@ _dayward() {
         rule) COMPREPLY=($(compgen -W "next between last describe normalize batch --start --time --after --count --from --to --max $global" -- "$current")) ;;
         interval) COMPREPLY=($(compgen -W "--from --to --units --style --as $global" -- "$current")) ;;
         document) COMPREPLY=($(compgen -W "read write archive $global" -- "$current") $(compgen -f -- "$current")) ;;
+        widget) COMPREPLY=($(compgen -W "type events today selected --none --format --count --separator --follow text json waybar $global" -- "$current")) ;;
         *) COMPREPLY=($(compgen -W "$global" -- "$current")) ;;
     esac
 }

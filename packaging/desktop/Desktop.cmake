@@ -1,7 +1,8 @@
 # The application in the desktop: its entry, its bus name, its description and its icon.
 set(APPLICATION_ID org.dayward.Dayward)
 
-install(FILES desktop/${APPLICATION_ID}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES desktop/${APPLICATION_ID}.desktop desktop/${APPLICATION_ID}.Widget.desktop
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES desktop/${APPLICATION_ID}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES man/dayward-app.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES completion/dayward-app.bash
