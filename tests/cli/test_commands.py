@@ -74,7 +74,7 @@ class Events(ProgramTest):
         lines = {line[:16].strip(): line[16:] for line in self.run_ok("show", "Trip").splitlines()}
         self.assertEqual([lines[label] for label in ("Time", "Repeat", "Duration", "Alerts", "Category")],
                          ["09:05", "Weekly", "2 Hours", "1 Day Before, On Event, 2 Hours After", "Default"])
-        self.assertIn("Напоминания     За 1 День", self.run_ok("show", "Trip", locale="ru_RU"))
+        self.assertIn("Напоминания     1 День до события", self.run_ok("show", "Trip", locale="ru_RU"))
 
     def test_a_name_stands_for_the_only_event_of_that_name(self):
         identifier = self.add("Only", "--date", "2026-04-01")

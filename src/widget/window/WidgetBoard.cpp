@@ -91,6 +91,7 @@ bool WidgetBoard::isRightToLeft() const {
     return QLocale(qtText(Environment::current().locale().identifier())).textDirection() == Qt::RightToLeft;
 }
 
+QString WidgetBoard::closeName() const { return qtText(localized("Close")); }
 QString WidgetBoard::noEvents() const { return qtText(localized("No events")); }
 
 void WidgetBoard::open(const QString& key) const {

@@ -24,6 +24,7 @@ class WidgetBoard final : public QObject {
     Q_PROPERTY(bool dark READ isDark NOTIFY darkChanged)
     Q_PROPERTY(bool rightToLeft READ isRightToLeft NOTIFY rowsChanged)
     Q_PROPERTY(QString noEvents READ noEvents NOTIFY rowsChanged)
+    Q_PROPERTY(QString closeName READ closeName NOTIFY rowsChanged)
 
 public:
     struct Options {
@@ -43,6 +44,7 @@ public:
     [[nodiscard]] bool isDark() const;
     [[nodiscard]] bool isRightToLeft() const;
     [[nodiscard]] QString noEvents() const;
+    [[nodiscard]] QString closeName() const;
 
     /// Opens the application, at the event with that key where there is one.
     Q_INVOKABLE void open(const QString& key) const;

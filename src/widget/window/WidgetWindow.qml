@@ -202,7 +202,7 @@ Window {
             radius: 11
             color: window.accentSoft
             Accessible.role: Accessible.Button
-            Accessible.name: "Close"
+            Accessible.name: window.board.closeName
             Line {
                 anchors.centerIn: parent
                 text: "×"
