@@ -1,0 +1,23 @@
+// The application of the same home, as the agent reaches it. The agent's thread only; a call waits a second or two.
+#pragma once
+
+#include <string>
+
+#include "platform/LocalNotification.h"
+#include "platform/Result.h"
+
+namespace dayward {
+
+class ApplicationLink {
+public:
+    virtual ~ApplicationLink() = default;
+
+    /// Hands over one that fires now. True where the application is in front and shows it by itself.
+    virtual bool deliver(const LocalNotification& notification) = 0;
+    /// Hands over one that the user opened; starts the application where it does not run.
+    virtual Result<> open(const LocalNotification& notification) = 0;
+    /// Lets the application do its background fetch; false where it does not run.
+    virtual bool performFetch() = 0;
+};
+
+}  // namespace dayward
