@@ -12,7 +12,7 @@ FocusScope {
 
     // A page that fills the whole of the screen draws its bar itself.
     readonly property bool ownsBar: screen.page === "detail"
-    readonly property ListItem list: screen as ListItem
+    readonly property ListItem list: screen.page === "list" ? (screen as ListItem) : null
 
     implicitHeight: bar.implicitHeight + (body.item?.implicitHeight ?? 0)
 
