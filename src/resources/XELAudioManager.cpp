@@ -12,14 +12,6 @@ namespace {
 
 constexpr std::string_view kDefaultName = "Default", kDefaultFile = "iphone_tritone", kDefaultType = "mp3";
 
-std::optional<std::string> pathOfSound(std::string_view name) {
-    if (name == XELAudioManager::kDefaultSoundName || name == kDefaultName) {
-        return HHResources::pathForResource(kDefaultFile, kDefaultType);
-    }
-    const auto file = lastPathComponent(name);
-    return HHResources::pathForResource(deletingPathExtension(file), pathExtension(file));
-}
-
 }  // namespace
 
 XELAudioManager::XELAudioManager(Environment&) {}
@@ -27,6 +19,14 @@ XELAudioManager::XELAudioManager(Environment&) {}
 XELAudioManager::~XELAudioManager() = default;
 
 XELAudioManager& XELAudioManager::sharedManager() { return Environment::current().shared<XELAudioManager>(); }
+
+std::optional<std::string> XELAudioManager::pathOfSound(std::string_view name) {
+    if (name == kDefaultSoundName || name == kDefaultName) {
+        return HHResources::pathForResource(kDefaultFile, kDefaultType);
+    }
+    const auto file = lastPathComponent(name);
+    return HHResources::pathForResource(deletingPathExtension(file), pathExtension(file));
+}
 
 void XELAudioManager::playSound(const std::optional<std::string>& name) {
     stopSound();

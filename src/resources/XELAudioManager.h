@@ -24,9 +24,12 @@ public:
     /// The one of the current environment.
     static XELAudioManager& sharedManager();
 
-    /// Stops what is playing; then plays the resource of that name, of which only the last path
-    /// component counts. kDefaultSoundName and "Default" mean the default sound. Nothing plays without
-    /// a name, where there is no such file, and where there is no device.
+    /// The resource of that name, of which only the last path component counts; kDefaultSoundName and
+    /// "Default" mean the default sound. Nothing where there is no such file. Any thread.
+    static std::optional<std::string> pathOfSound(std::string_view name);
+
+    /// Stops what is playing; then plays the sound. Nothing plays without a name, where there is no such
+    /// file, and where there is no device.
     void playSound(const std::optional<std::string>& name);
     void stopSound();
 

@@ -1,0 +1,66 @@
+// Shows alerts through the desktop's notification service: one bubble an alert, with buttons that open it or put it
+// off, one bubble a digest. One thread.
+//
+// A service that does not answer in time may still show what it was given. Such an alert counts as not shown and is
+// not sent again until the service has answered, which displayDidAppear() tells, or has gone away.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <set>
+#include <utility>
+
+#include "agent/NotificationDisplay.h"
+#include "agent/desktop/AlertSound.h"
+#include "agent/desktop/AlertTexts.h"
+#include "agent/desktop/LauncherBadge.h"
+#include "agent/desktop/NotificationService.h"
+
+namespace dayward {
+
+class SessionBus;
+
+class DesktopDisplay final : public NotificationDisplay, private NotificationServiceListener {
+public:
+    /// The bus outlives it. `application` is the bus name of the application, whose own badge goes with it.
+    DesktopDisplay(SessionBus& bus, const std::string& application);
+
+    // NotificationDisplay
+    void setListener(NotificationDisplayListener* listener) override { listener_ = listener; }
+    Result<> show(const DueAlert& alert) override;
+    Result<> showDigest(const std::vector<DueAlert>& alerts) override;
+    void withdraw(const std::string& key) override;
+    void setBadgeNumber(std::int64_t number) override;
+
+    [[nodiscard]] NotificationService& service() { return service_; }
+    /// Lets the window that the last tap opens come to the front; empty where the desktop gave none. Given once.
+    [[nodiscard]] std::string takeActivationToken() { return std::exchange(token_, {}); }
+
+private:
+    using Keys = std::vector<std::string>;
+    struct Sending;
+
+    // NotificationServiceListener
+    void didInvoke(std::uint32_t number, const std::string& action, const std::string& token) override;
+    void didClose(std::uint32_t number) override { bubbles_.erase(number); }
+    void serviceDidChange(bool isThere) override;
+
+    [[nodiscard]] BodyKind bodyKind();
+    Result<> send(Keys keys, const AlertText& text, const std::vector<DueAlert>& alerts);
+    void finish(const std::shared_ptr<Sending>& sending, Result<std::uint32_t> answer);
+    [[nodiscard]] std::uint32_t numberOf(const Keys& keys) const;
+    void remember(std::uint32_t number, const Keys& keys);
+
+    SessionBus& bus_;
+    NotificationService service_;
+    LauncherBadge badge_;
+    AlertSound sound_;
+    NotificationDisplayListener* listener_ = nullptr;
+    std::map<std::uint32_t, Keys> bubbles_;  ///< what each shows
+    std::set<std::string> unanswered_;       ///< sent, and given up waiting for
+    std::set<std::string> answeredLate_;     ///< shown, but the caller does not know
+    std::string token_;
+    std::int64_t badgeNumber_ = 0;
+};
+
+}  // namespace dayward

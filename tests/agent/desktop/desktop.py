@@ -1,0 +1,149 @@
+"""A desktop for tests: a session bus of its own, notification services that are mocked or real, and programs whose
+lines are read."""
+import os
+import pathlib
+import queue
+import shutil
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+import unittest
+
+PATIENCE = 20
+NOTIFICATIONS = "org.freedesktop.Notifications"
+NOTIFICATIONS_PATH = "/org/freedesktop/Notifications"
+ALL_CAPABILITIES = "body body-markup actions"
+
+
+def wait_for(what, condition):
+    end = time.monotonic() + PATIENCE
+    while True:
+        found = condition()
+        if found:
+            return found
+        if time.monotonic() > end:
+            raise AssertionError(f"{what}: not after {PATIENCE} s")
+        time.sleep(0.02)
+
+
+class Process:
+    """A program whose lines can be waited for and that is given lines."""
+
+    def __init__(self, *command, env=None):
+        self.process = subprocess.Popen([str(word) for word in command], text=True, env=env, bufsize=1,
+                                        stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        self.lines = queue.Queue()
+        threading.Thread(target=self.read, daemon=True).start()
+
+    def read(self):
+        for line in self.process.stdout:
+            self.lines.put(line.rstrip("\n"))
+        self.lines.put(None)
+
+    def line(self):
+        line = self.lines.get(timeout=PATIENCE)
+        if line is None:
+            raise AssertionError("the program has ended: " + self.process.stderr.read())
+        return line
+
+    def say(self, *words):
+        self.process.stdin.write("\t".join(map(str, words)) + "\n")
+        self.process.stdin.flush()
+
+    def end(self):
+        if self.process.poll() is None:
+            self.process.kill()
+        self.process.communicate()
+
+
+class DesktopTest(unittest.TestCase):
+    """A scratch directory, and what is started ends with the test. The bus is that of the process."""
+
+    def setUp(self):
+        directory = tempfile.TemporaryDirectory(prefix="dayward-test-")
+        self.addCleanup(directory.cleanup)
+        self.scratch = pathlib.Path(directory.name)
+        self.home = self.scratch / "home"
+
+    def run_beside(self, *command, env=None):
+        process = Process(*command, env=env)
+        self.addCleanup(process.end)
+        return process
+
+    def has_owner(self, name):
+        return bool(call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "NameHasOwner", name))
+
+    def start_service(self, capabilities=ALL_CAPABILITIES, **properties):
+        """A mocked notification service; see Service."""
+        service = Service(self, capabilities)
+        for name, value in properties.items():
+            service.mock("AddProperty", NOTIFICATIONS, name, value)
+        return service
+
+
+def call(name, path, interface, method, *arguments):
+    import dbus
+    return dbus.Interface(dbus.SessionBus().get_object(name, path, introspect=False), interface).get_dbus_method(method)(
+        *arguments)
+
+
+class Service:
+    """The mocked service."""
+
+    def __init__(self, test, capabilities):
+        self.process = test.run_beside(sys.executable, "-m", "dbusmock", "--logfile", os.devnull, "--template",
+                                       "notification_daemon", "--parameters", '{"capabilities": "%s"}' % capabilities)
+        wait_for("the notification service", lambda: test.has_owner(NOTIFICATIONS))
+
+    def mock(self, method, *arguments):
+        return call(NOTIFICATIONS, NOTIFICATIONS_PATH, "org.freedesktop.DBus.Mock", method, *arguments)
+
+    def calls(self, method):
+        """The arguments of each call, in order."""
+        return [arguments for _, name, arguments in self.mock("GetCalls") if name == method]
+
+    def bubbles(self):
+        return [Sent(arguments) for arguments in self.calls("Notify")]
+
+    def emit(self, signal, signature, *arguments):
+        import dbus
+        self.mock("EmitSignal", NOTIFICATIONS, signal, signature, dbus.Array(arguments, signature="v"))
+
+    def tap(self, number, action="default", token=None):
+        import dbus
+        if token:
+            self.emit("ActivationToken", "us", dbus.UInt32(number), token)
+        self.emit("ActionInvoked", "us", dbus.UInt32(number), action)
+
+    def end(self):
+        self.process.end()
+
+
+class Sent:
+    """One Notify."""
+
+    def __init__(self, arguments):
+        program, self.replaces, self.icon, self.summary, self.body, actions, self.hints, self.time = arguments
+        self.summary, self.body = str(self.summary), str(self.body)
+        self.actions = dict(zip(map(str, actions[::2]), map(str, actions[1::2])))
+
+
+def on_bus(needed=()):
+    """Runs this program again on a session bus of its own; returns there, with the arguments."""
+    missing = [program for program in ("dbus-run-session", *needed) if not shutil.which(program)]
+    try:
+        import dbusmock  # noqa: F401
+    except ImportError:
+        missing.append("python3-dbusmock")
+    if missing:
+        print("skipped: without " + ", ".join(missing))
+        sys.exit(77)
+    if sys.argv[-1] == "--inside":
+        return sys.argv[1:-1]
+    with tempfile.TemporaryDirectory(prefix="dayward-run-") as runtime:
+        kept = {name: value for name, value in os.environ.items()
+                if not name.startswith(("DAYWARD", "XDG", "WAYLAND", "DISPLAY", "DBUS", "LC_", "TZ"))}
+        kept |= {"XDG_RUNTIME_DIR": runtime, "HOME": runtime, "LC_ALL": "C.UTF-8"}
+        sys.exit(subprocess.run(["dbus-run-session", "--", sys.executable, *sys.argv, "--inside"], env=kept).returncode)

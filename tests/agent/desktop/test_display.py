@@ -1,0 +1,228 @@
+#!/usr/bin/python3
+"""The display on a session bus: what a mocked notification service is sent, and what the display makes of its signals.
+
+Use: test_display.py DESKTOP-PROBE. Ends with 77 where there is no bus or mock to start."""
+import os
+import signal
+import stat
+import unittest
+
+import dbus
+
+from desktop import DesktopTest, on_bus, wait_for
+
+PROBE = None
+WAVE = "Marimba.wav"
+NOON = 1773133200  # 2026-03-10 12:00 in Moscow
+
+
+class DisplayTest(DesktopTest):
+    def start_probe(self, locale="en_GB", env=None):
+        self.probe = self.run_beside(PROBE, self.home, NOON, locale, env=env)
+        self.expect("ready")
+
+    def expect(self, *lines):
+        for line in lines:
+            self.assertEqual(self.probe.line(), line)
+
+    def ask(self, *words):
+        self.probe.say(*words)
+        return self.probe.line()
+
+
+class Shown(DisplayTest):
+    def test_a_bubble_has_words_buttons_and_hints(self):
+        service = self.start_service()
+        self.start_probe()
+        self.assertEqual(self.ask("show", "a", "Fish & <Chips> is happening!"), "shown a")
+        sent, = service.bubbles()
+        self.assertEqual((sent.summary, sent.body), ("Dayward", "Fish &amp; &lt;Chips&gt; is happening!"))
+        self.assertEqual(sent.actions, {"default": "Show", "show": "Show", "snooze-ten-minutes": "In 10 minutes",
+                                        "snooze-one-hour": "In 1 hour", "snooze-tomorrow": "Tomorrow"})
+        self.assertEqual(sent.hints["desktop-entry"], "org.dayward.Dayward")
+        self.assertEqual((sent.hints["x-dunst-stack-tag"], sent.hints["x-canonical-private-synchronous"]), ("a", "a"))
+        self.assertTrue(sent.hints["suppress-sound"])
+
+        self.assertEqual(self.ask("show", "b", "B", "action=Открыть"), "shown b")
+        self.assertEqual(self.ask("show", "a", "again"), "shown a")
+        _, second, third = service.bubbles()
+        self.assertEqual((second.replaces, second.actions["show"]), (0, "Открыть"))
+        self.assertEqual((third.replaces, third.body), (1, "again"))
+
+    def test_in_the_language_of_the_user(self):
+        service = self.start_service()
+        self.start_probe("ru_RU")
+        self.ask("show", "a", "Ярмарка", f"late={NOON - 3600}")
+        self.ask("digest", "b", "Ярмарка", NOON - 7200, "c", "Врач", NOON - 3600, "d", "Театр", NOON - 86400)
+        late, digest = service.bubbles()
+        self.assertEqual(late.actions["show"], "Показать")
+        self.assertEqual(late.actions["snooze-one-hour"], "Через час")
+        self.assertEqual(late.body, "Ярмарка\n11:00")
+        self.assertEqual(digest.summary, "3 пропущенных напоминания")
+        self.assertEqual(digest.body.splitlines()[:2], ["10:00 – Ярмарка", "11:00 – Врач"])
+
+    def test_a_poor_service_gets_no_buttons_and_all_in_one_text(self):
+        service = self.start_service("icon-static")
+        self.start_probe()
+        self.assertEqual(self.ask("show", "a", "<Fair>"), "shown a")
+        sent, = service.bubbles()
+        self.assertEqual((sent.summary, sent.body, sent.actions), ("<Fair>", "", {}))
+
+    def test_the_badge_is_told_to_the_launchers(self):
+        self.start_probe()
+        monitor = self.run_beside("dbus-monitor", "--session", "interface='com.canonical.Unity.LauncherEntry'")
+        while "NameLost" not in monitor.line():
+            pass
+        for number, visible in ((7, "true"), (0, "false")):
+            self.probe.say("badge", number)
+            lines = []
+            while not lines or "boolean" not in lines[-1]:
+                lines.append(monitor.line().strip())
+            self.assertIn('string "application://org.dayward.Dayward.desktop"', lines)
+            self.assertIn(f"variant                      int64 {number}".replace(" ", ""),
+                          "".join(lines).replace(" ", ""))
+            self.assertTrue(lines[-1].endswith("boolean " + visible), lines)
+
+
+class Taps(DisplayTest):
+    def setUp(self):
+        super().setUp()
+        self.service = self.start_service()
+        self.start_probe()
+
+    def test_each_button_tells_what_it_is_for_and_takes_the_bubble_away(self):
+        for number, (action, told) in enumerate({"default": "open e", "show": "open e",
+                                                 "snooze-ten-minutes": "snooze e ten minutes",
+                                                 "snooze-one-hour": "snooze e one hour",
+                                                 "snooze-tomorrow": "snooze e tomorrow"}.items(), 1):
+            self.ask("show", "e", "E")
+            self.service.tap(number, action)
+            self.expect(told)
+            wait_for("the closing", lambda: [int(closed) for closed, in self.service.calls("CloseNotification")][-1:] == [number])
+            self.service.tap(number, action)  # a second time nothing comes
+        self.assertEqual(self.ask("token"), "token ")
+
+    def test_a_digest_opens_its_last_and_puts_off_all(self):
+        self.ask("digest", "a", "A", NOON - 60, "b", "B", NOON - 30)
+        self.service.tap(1, "snooze-one-hour")
+        self.expect("snooze a one hour", "snooze b one hour")
+        self.ask("digest", "a", "A", NOON - 60, "b", "B", NOON - 30)
+        self.service.tap(2, "default", token="let-me-in")
+        self.expect("open b")
+        self.assertEqual(self.ask("token"), "token let-me-in")
+        self.assertEqual(self.ask("token"), "token ")
+
+    def test_what_is_withdrawn_is_closed_and_a_digest_with_its_last(self):
+        self.ask("show", "a", "A")
+        self.ask("digest", "b", "B", NOON, "c", "C", NOON)
+        self.probe.say("withdraw", "b")
+        self.probe.say("withdraw", "a")
+        self.probe.say("withdraw", "nobody")
+        self.assertEqual(self.ask("quiet"), "quiet unknown")
+        self.assertEqual([int(number) for number, in self.service.calls("CloseNotification")], [1])
+        self.probe.say("withdraw", "c")
+        wait_for("the digest's end", lambda: [2] in [list(map(int, one)) for one in self.service.calls("CloseNotification")])
+
+    def test_signals_of_others_bubbles_are_nothing(self):
+        self.ask("show", "a", "A")
+        self.service.tap(77)
+        self.service.emit("NotificationClosed", "uu", dbus.UInt32(1), dbus.UInt32(2))
+        self.service.tap(1)
+        self.assertEqual(self.ask("name"), "name mock-notify")
+
+
+class Services(DisplayTest):
+    def test_without_a_service_nothing_is_shown_until_one_comes(self):
+        self.start_probe()
+        self.assertIn("shown a failed: ", self.ask("show", "a", "A"))
+        self.assertEqual(self.ask("name"), "name none")
+        first = self.start_service()
+        self.expect("appeared")
+        self.assertEqual(self.ask("show", "a", "A"), "shown a")
+        first.end()
+        self.assertIn("shown a failed: ", wait_for("the end", lambda: self.ask("show", "a", "A")))
+        second = self.start_service("body")
+        self.expect("appeared")
+        self.assertEqual(self.ask("show", "a", "A"), "shown a")
+        sent, = second.bubbles()
+        self.assertEqual((sent.replaces, sent.actions), (0, {}), "nothing is known of the first service's")
+
+    def test_a_service_that_hangs_shows_each_once(self):
+        service = self.start_service()
+        self.start_probe()
+        self.ask("show", "a", "A")
+        os.kill(service.process.process.pid, signal.SIGSTOP)
+        self.addCleanup(os.kill, service.process.process.pid, signal.SIGCONT)
+        self.assertIn("does not answer", self.ask("show", "b", "B"))
+        self.assertIn("not answered yet", self.ask("show", "b", "B"))
+        os.kill(service.process.process.pid, signal.SIGCONT)
+        self.expect("appeared")
+        self.assertEqual(self.ask("show", "b", "B"), "shown b")
+        self.assertEqual([sent.body for sent in service.bubbles()], ["A", "B"])
+        service.tap(2)
+        self.expect("open b")
+
+    def test_a_service_that_dies_over_it_is_followed_by_one_that_shows_it(self):
+        service = self.start_service()
+        self.start_probe()
+        self.ask("show", "a", "A")
+        os.kill(service.process.process.pid, signal.SIGSTOP)
+        self.assertIn("does not answer", self.ask("show", "b", "B"))
+        service.end()
+        second = self.start_service()
+        self.expect("appeared", "appeared")
+        self.assertEqual(self.ask("show", "b", "B"), "shown b")
+        self.assertEqual([sent.body for sent in second.bubbles()], ["B"])
+
+
+class Sounds(DisplayTest):
+    def start_with_player(self):
+        """A player among the programs that notes what it is to play."""
+        self.played = self.scratch / "played"
+        player = self.scratch / "pw-play"
+        player.write_text(f'#!/bin/sh\nfor last; do :; done\necho "${{last##*/}}" >>{self.played}\n')
+        player.chmod(player.stat().st_mode | stat.S_IXUSR)
+        self.start_probe(env=os.environ | {"PATH": f"{self.scratch}:{os.environ['PATH']}"})
+
+    def sounds(self):
+        return self.played.read_text().split() if self.played.exists() else []
+
+    def test_a_service_that_plays_is_given_the_file(self):
+        service = self.start_service("body sound")
+        self.start_with_player()
+        self.ask("show", "a", "A", f"sound={WAVE}")
+        self.ask("show", "b", "B", "sound=nowhere.wav")
+        with_file, without = service.bubbles()
+        self.assertTrue(with_file.hints["sound-file"].endswith("/share/dayward/" + WAVE))
+        self.assertNotIn("suppress-sound", with_file.hints)
+        self.assertNotIn("sound-file", without.hints)
+        self.assertEqual(self.sounds(), [])
+
+    def test_else_the_sound_is_played_beside_it_once_a_moment(self):
+        self.start_service("body")
+        self.start_with_player()
+        for key in "abc":
+            self.ask("show", key, key, "sound=UILocalNotificationDefaultSoundName")
+        wait_for("the sound", self.sounds)
+        self.assertEqual(self.sounds(), ["iphone_tritone.mp3"])
+
+    def test_do_not_disturb_is_kept(self):
+        service = self.start_service("body", Inhibited=True)
+        self.start_with_player()
+        self.assertEqual(self.ask("quiet"), "quiet yes")
+        self.ask("show", "a", "A", f"sound={WAVE}")
+        service.mock("UpdateProperties", "org.freedesktop.Notifications", dbus.Dictionary({"Inhibited": False}))
+        self.assertEqual(self.ask("quiet"), "quiet no")
+        self.ask("show", "b", "B", "sound=Default")
+        wait_for("the sound", self.sounds)
+        self.assertEqual(self.sounds(), ["iphone_tritone.mp3"])
+
+
+def main():
+    global PROBE
+    PROBE, = on_bus(needed=["dbus-monitor"])
+    unittest.main(argv=[__file__])
+
+
+if __name__ == "__main__":
+    main()
