@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "alerts/EventNotification.h"
-#include "alerts/NotificationArchive.h"
 #include "platform/Environment.h"
 #include "platform/LocalNotifications.h"
+#include "platform/NotificationArchive.h"
 #include "platform/NotificationCenter.h"
 #include "platform/UserDefaults.h"
 
@@ -15,16 +15,6 @@ namespace {
 
 bool isSame(const LocalNotification& a, const LocalNotification& b) {
     return a.fireDate == b.fireDate && a.alertBody == b.alertBody && eventIdentifier(a) == eventIdentifier(b);
-}
-
-/// The moment at which it fires where the device is now.
-std::optional<Date> dueDate(const LocalNotification& notification, const Calendar& here) {
-    if (!notification.fireDate || !notification.timeZone || *notification.timeZone == here.timeZone().name()) {
-        return notification.fireDate;
-    }
-    const auto zone = TimeZone::named(*notification.timeZone);
-    if (!zone) return notification.fireDate;
-    return here.date(Calendar(*zone).fields(*notification.fireDate));
 }
 
 }  // namespace
@@ -132,10 +122,10 @@ MissedEventsHelper::Found MissedEventsHelper::compare() const {
     const std::vector<LocalNotification> last = readLast();
     if (last.empty() || environment_.localNotifications() == nullptr) return found;
     const auto scheduled = environment_.localNotifications()->scheduledLocalNotifications();
-    const auto calendar = environment_.calendar();
+    const TimeZone here = environment_.timeZone();
     const Date now = environment_.now();
     for (const LocalNotification& notification : last) {
-        const auto due = dueDate(notification, *calendar);
+        const auto due = dueDate(notification, here);
         const auto isThis = [&](const LocalNotification& other) { return isSame(notification, other); };
         if (!due || *due > now || std::ranges::any_of(scheduled, isThis)) {
             found.rest.push_back(notification);

@@ -13,6 +13,8 @@
 
 namespace dayward {
 
+class TimeZone;
+
 struct LocalNotification {
     std::optional<Date> fireDate;
     std::optional<std::string> timeZone;                     ///< the identifier of the fire date's zone
@@ -24,5 +26,9 @@ struct LocalNotification {
 
     bool operator==(const LocalNotification&) const = default;
 };
+
+/// The moment at which it fires where the device is now; nothing without a fire date. A zone that nobody knows
+/// counts as none.
+std::optional<Date> dueDate(const LocalNotification& notification, const TimeZone& here);
 
 }  // namespace dayward

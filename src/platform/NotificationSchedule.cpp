@@ -8,6 +8,7 @@
 #include "platform/KeyedUnarchiver.h"
 #include "platform/LocalNotifications.h"
 #include "platform/Log.h"
+#include "platform/NotificationArchive.h"
 #include "platform/UnreadableFiles.h"
 
 namespace dayward {
@@ -21,13 +22,6 @@ constexpr const char* snoozed = "snoozed";
 constexpr const char* withdrawn = "withdrawn";
 constexpr const char* badgeNumber = "badgeNumber";
 constexpr const char* needsRebuild = "needsRebuild";
-constexpr const char* fireDate = "fireDate";
-constexpr const char* timeZone = "timeZone";
-constexpr const char* alertAction = "alertAction";
-constexpr const char* alertBody = "alertBody";
-constexpr const char* soundName = "soundName";
-constexpr const char* applicationIconBadgeNumber = "applicationIconBadgeNumber";
-constexpr const char* userInfo = "userInfo";
 }  // namespace Keys
 
 double order(const LocalNotification& notification) {
@@ -35,25 +29,9 @@ double order(const LocalNotification& notification) {
                                  : std::numeric_limits<double>::infinity();
 }
 
-void put(Dictionary& dictionary, const char* key, Object value) {
-    if (!value.isNull()) dictionary.emplace(key, std::move(value));
-}
-
-Object encoded(const LocalNotification& notification) {
-    Dictionary fields;
-    put(fields, Keys::fireDate, notification.fireDate);
-    put(fields, Keys::timeZone, notification.timeZone);
-    put(fields, Keys::alertAction, notification.alertAction);
-    put(fields, Keys::alertBody, notification.alertBody);
-    put(fields, Keys::soundName, notification.soundName);
-    put(fields, Keys::applicationIconBadgeNumber, notification.applicationIconBadgeNumber);
-    fields.emplace(Keys::userInfo, notification.userInfo);
-    return fields;
-}
-
 Object encoded(const std::vector<LocalNotification>& notifications) {
     Array list;
-    for (const LocalNotification& notification : notifications) list.push_back(encoded(notification));
+    for (const LocalNotification& notification : notifications) list.push_back(objectOfNotification(notification));
     return list;
 }
 
@@ -62,25 +40,12 @@ Object valueOf(const Dictionary& dictionary, const char* key) {
     return found == dictionary.end() ? Object() : found->second;
 }
 
-LocalNotification decodedNotification(const Dictionary& fields) {
-    LocalNotification notification;
-    notification.fireDate = valueOf(fields, Keys::fireDate).date();
-    notification.timeZone = valueOf(fields, Keys::timeZone).stringValue();
-    notification.alertAction = valueOf(fields, Keys::alertAction).stringValue();
-    notification.alertBody = valueOf(fields, Keys::alertBody).stringValue();
-    notification.soundName = valueOf(fields, Keys::soundName).stringValue();
-    notification.applicationIconBadgeNumber = valueOf(fields, Keys::applicationIconBadgeNumber).integer();
-    const Object userInfo = valueOf(fields, Keys::userInfo);
-    if (userInfo.dictionary() != nullptr) notification.userInfo = *userInfo.dictionary();
-    return notification;
-}
-
 std::vector<LocalNotification> decodedList(const Dictionary& dictionary, const char* key) {
     std::vector<LocalNotification> list;
     const Object stored = valueOf(dictionary, key);
     if (stored.array() == nullptr) return list;
     for (const Object& entry : *stored.array()) {
-        if (entry.dictionary() != nullptr) list.push_back(decodedNotification(*entry.dictionary()));
+        if (auto notification = notificationOfObject(entry)) list.push_back(*std::move(notification));
     }
     return list;
 }

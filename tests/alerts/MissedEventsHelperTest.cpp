@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "alerts/EventNotification.h"
-#include "alerts/NotificationArchive.h"
+#include "platform/NotificationArchive.h"
 #include "platform/UserDefaults.h"
 #include "support/FakeLocalNotifications.h"
 #include "support/NotificationRecorder.h"

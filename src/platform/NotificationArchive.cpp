@@ -1,4 +1,4 @@
-#include "alerts/NotificationArchive.h"
+#include "platform/NotificationArchive.h"
 
 namespace dayward {
 

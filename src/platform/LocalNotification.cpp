@@ -1,0 +1,14 @@
+#include "platform/LocalNotification.h"
+
+#include "platform/TimeZone.h"
+
+namespace dayward {
+
+std::optional<Date> dueDate(const LocalNotification& notification, const TimeZone& here) {
+    const auto& date = notification.fireDate;
+    if (!date || !notification.timeZone || *notification.timeZone == here.name()) return date;
+    const auto zone = TimeZone::named(*notification.timeZone);
+    return zone ? here.instantOfLocal(zone->localOfInstant(*date)) : *date;
+}
+
+}  // namespace dayward
