@@ -7,7 +7,8 @@
 
 #include "platform/Date.h"
 #include "platform/Result.h"
-#include "platform/linux/FileDescriptor.h"
+#include "platform/linux/PathWatch.h"
+#include "platform/linux/WallClockAlarm.h"
 
 namespace dayward {
 
@@ -41,24 +42,19 @@ public:
     Wake until(std::optional<Date> moment) override;
 
     /// For loops of others: readable when wake() has something to tell.
-    [[nodiscard]] int timer() const { return timer_.get(); }
-    [[nodiscard]] int watches() const { return inotify_.get(); }
+    [[nodiscard]] int timer() const { return alarm_.descriptor(); }
+    [[nodiscard]] int watches() const { return watch_.descriptor(); }
     void arm(std::optional<Date> moment);
     /// What has happened since it was last asked; nothing where it was nothing that matters.
     std::optional<Wake> wake();
 
 private:
-    explicit SystemWait(Options options) : options_(std::move(options)) {}
+    SystemWait(TimeInterval shift, WallClockAlarm alarm, PathWatch watch)
+        : shift_(shift), alarm_(std::move(alarm)), watch_(std::move(watch)) {}
 
-    void watch();
-    [[nodiscard]] std::string stamps() const;
-
-    Options options_;
-    FileDescriptor timer_;
-    FileDescriptor inotify_;
-    int copyWatch_ = -1;
-    std::string watchedDirectory_;
-    std::string stamps_;  ///< of the files when they were last told
+    TimeInterval shift_;
+    WallClockAlarm alarm_;
+    PathWatch watch_;
 };
 
 /// A clock that is driven by lines: a local time sets it forward, over all moments in between, "changed" tells of a new
