@@ -1,0 +1,61 @@
+// What the process does when it wakes: shows what is due, keeps the badge, fetches, and takes the user's answers.
+//
+// Whoever waits calls wake() when the clock, the schedule or the zone may be another, and wantsWake() tells it to
+// after an answer. The agent's thread only.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+
+#include "agent/BackgroundFetch.h"
+#include "agent/Deliverer.h"
+#include "agent/NotificationDisplay.h"
+
+namespace dayward {
+
+class Agent final : public NotificationDisplayListener {
+public:
+    Agent(const Deliverer::Parts& parts, ScheduleRefresher& refresher);
+    ~Agent() override;
+    Agent(const Agent&) = delete;
+    Agent& operator=(const Agent&) = delete;
+
+    void wake();
+    [[nodiscard]] bool wantsWake() const { return wantsWake_; }
+    /// When it is to be woken by the wall clock.
+    [[nodiscard]] std::optional<Date> nextMoment() const;
+    /// How long until something that failed is tried again.
+    [[nodiscard]] std::optional<TimeInterval> retryAfter() const;
+    [[nodiscard]] bool isFetching() const { return fetch_.isRunning(); }
+
+    /// Shows one at once that stands in no schedule, such as a test alert.
+    Result<> showNow(const LocalNotification& notification);
+    /// Schedules everything anew, at the next wake.
+    void refresh();
+    /// As of the last wake.
+    [[nodiscard]] const NotificationSchedule::Content& schedule() const { return deliverer_.schedule(); }
+
+    void didOpen(const std::string& key) override;
+    void didSnooze(const std::string& key, Snooze snooze) override;
+    void displayDidAppear() override;
+
+private:
+    static constexpr std::size_t kMostUnscheduled = 16;
+
+    [[nodiscard]] const LocalNotification* shown(const std::string& key) const;
+    [[nodiscard]] bool isKept() const;
+    void showBadge();
+    void didFetch();
+
+    const AgentTime& time_;
+    NotificationDisplay& display_;
+    ApplicationLink& link_;
+    Deliverer deliverer_;
+    BackgroundFetch fetch_;
+    std::optional<std::int64_t> badge_;                    ///< as it is shown
+    std::map<std::string, LocalNotification> unscheduled_;  ///< shown at once, by their keys
+    bool wantsWake_ = true;
+};
+
+}  // namespace dayward

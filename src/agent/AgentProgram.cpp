@@ -1,0 +1,118 @@
+#include "agent/AgentProgram.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <ctime>
+#include <memory>
+#include <vector>
+
+#include "agent/Agent.h"
+#include "agent/Claimant.h"
+#include "agent/DrivenTime.h"
+#include "agent/EventLoop.h"
+#include "agent/FilesSource.h"
+#include "agent/LineDisplay.h"
+#include "agent/ProgramRefresher.h"
+#include "agent/SystemTime.h"
+#include "platform/Archivable.h"
+#include "platform/FileSystem.h"
+#include "platform/Log.h"
+#include "platform/Paths.h"
+#include "platform/linux/LinuxFileSystem.h"
+
+namespace dayward {
+
+namespace {
+
+/// What the agent shows alerts on, how it reaches the application, and what else is waited for on their behalf.
+struct Surroundings {
+    std::unique_ptr<NotificationDisplay> display;
+    std::unique_ptr<ApplicationLink> link;
+    std::vector<EventSource*> sources;
+};
+
+Result<Surroundings> makeDisplay(const AgentOptions& options) {
+    if (!options.drivenClock.empty()) return Surroundings{std::make_unique<LineDisplay>(), std::make_unique<LineLink>(), {}};
+    return failure("there is nothing to show alerts on");
+}
+
+template <class Wait>
+Result<std::unique_ptr<AgentWait>> shared(Result<Wait> made) {
+    Wait wait = TRY(std::move(made));
+    return std::make_unique<Wait>(std::move(wait));
+}
+
+Result<std::unique_ptr<AgentWait>> makeWait(const AgentOptions& options) {
+    if (options.drivenClock.empty()) return shared(SystemTime::make());
+    return shared(DrivenTime::make(options.drivenClock));
+}
+
+/// The files that tell the zone of the device.
+std::vector<std::string> zoneFiles() {
+    std::vector<std::string> files{"/etc/localtime", "/etc/timezone"};
+    if (const char* zone = std::getenv("TZ")) {
+        const std::string path = *zone == ':' ? zone + 1 : zone;
+        if (path.starts_with('/')) files.push_back(path);
+    }
+    return files;
+}
+
+std::string utcText(Date date) {
+    const auto seconds = static_cast<time_t>(wholeSeconds(date.secondsSince1970()));
+    std::tm fields{};
+    char text[32];
+    std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%S+00:00", gmtime_r(&seconds, &fields));
+    return text;
+}
+
+std::vector<std::string> refreshCommand(const AgentOptions& options, const AgentTime& time) {
+    std::vector<std::string> command{joinPath(options.programs, "dayward")};
+    if (!options.home.empty()) command.insert(command.end(), {"--home", options.home});
+    if (!options.drivenClock.empty()) command.insert(command.end(), {"--now", utcText(time.now())});
+    command.insert(command.end(), {"notifications", "refresh"});
+    return command;
+}
+
+Result<> run(const AgentOptions& options) {
+    const Paths paths = Paths::resolve(options.home, {});
+    const auto files = std::make_shared<LinuxFileSystem>();
+    const auto classes = std::make_shared<const ArchiveClasses>();
+    TRY_VOID(files->createDirectories(paths.state));
+    removeStaleTemporaries(*files, paths.state);
+    const std::unique_ptr<AgentWait> time = TRY(makeWait(options));
+    // Watched before it is read: what is scheduled in between is not missed.
+    FilesSource zone(TRY(PathWatch::make(zoneFiles())), [&] { time->readZone(); });
+    FilesSource changes(TRY(PathWatch::make({joinPath(paths.state, NotificationSchedule::kFileName)})), [] {});
+    const Surroundings surroundings = TRY(makeDisplay(options));
+
+    NotificationSchedule schedule(files, classes, paths.state);
+    DeliveryRecord record(files, classes, paths.state);
+    ProgramRefresher refresher([&] { return refreshCommand(options, *time); });
+    Agent agent({schedule, record, *time, *surroundings.display, *surroundings.link, ownClaimant(), isClaimantAlive},
+                refresher);
+    EventLoop loop;
+    for (EventSource* source : {static_cast<EventSource*>(time.get()), static_cast<EventSource*>(&zone),
+                                static_cast<EventSource*>(&changes), static_cast<EventSource*>(&refresher)}) {
+        loop.add(*source);
+    }
+    for (EventSource* source : surroundings.sources) loop.add(*source);
+    for (;;) {
+        while (agent.wantsWake()) agent.wake();
+        time->arm({agent.nextMoment(), agent.retryAfter(), agent.isFetching()});
+        loop.waitOnce();
+        agent.wake();
+    }
+}
+
+}  // namespace
+
+int runAgent(const AgentOptions& options) {
+    // A file that may not grow, or a reader that is gone, is an error like any other.
+    std::signal(SIGXFSZ, SIG_IGN);
+    std::signal(SIGPIPE, SIG_IGN);
+    const auto ran = run(options);
+    if (!ran) logError("dayward-agent: " + ran.error().description());
+    return 1;
+}
+
+}  // namespace dayward

@@ -1,0 +1,26 @@
+// The agent's clocks as something to wait for.
+#pragma once
+
+#include <optional>
+
+#include "agent/AgentTime.h"
+#include "agent/EventSource.h"
+
+namespace dayward {
+
+/// What the agent waits for once it has done everything.
+struct NextWake {
+    std::optional<Date> moment;         ///< of the wall clock
+    std::optional<TimeInterval> retry;  ///< from now on, by the other clock
+    bool isBusy = false;                ///< something was begun that will end by itself
+};
+
+class AgentWait : public AgentTime, public EventSource {
+public:
+    /// Dispatched at the earlier of both, and when the wall clock is set.
+    virtual void arm(const NextWake& next) = 0;
+    /// The device may be in another zone.
+    virtual void readZone() = 0;
+};
+
+}  // namespace dayward

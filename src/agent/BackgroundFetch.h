@@ -1,0 +1,50 @@
+// Keeps the schedule filled: once a day, after a long sleep and where the schedule is to be rebuilt, the application
+// does its background fetch, or, where it does not run, the refresher does the same. The agent's thread only.
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "agent/AgentTime.h"
+#include "agent/ApplicationLink.h"
+#include "agent/Backoff.h"
+#include "agent/ScheduleRefresher.h"
+
+namespace dayward {
+
+class BackgroundFetch {
+public:
+    static constexpr TimeInterval kEvery{86400};
+    static constexpr TimeInterval kLongSleep{3 * 3600};
+
+    struct Parts {
+        const AgentTime& time;
+        ApplicationLink& link;
+        ScheduleRefresher& refresher;
+        std::function<void()> didFetch;  ///< the schedule is as the events want it
+    };
+
+    explicit BackgroundFetch(Parts parts);
+
+    /// At the next wake, whenever it was done last.
+    void request() { isRequested_ = true; }
+    /// Fetches where it is time to. `last` is when it was done last.
+    void wake(std::optional<Date> last, bool needsRebuild);
+    /// When it is time again.
+    [[nodiscard]] Date nextMoment(std::optional<Date> last) const;
+    [[nodiscard]] std::optional<TimeInterval> retryAfter() const;
+    [[nodiscard]] bool isRunning() const { return isRunning_; }
+
+private:
+    void noteSleep();
+    void finish(bool worked);
+
+    const Parts parts_;
+    Backoff again_;
+    bool isRequested_ = false;
+    bool isRunning_ = false;
+    std::optional<Date> lastNow_;
+    TimeInterval lastElapsed_;
+};
+
+}  // namespace dayward

@@ -1,0 +1,31 @@
+// A display of lines on standard output, and an application that does not run: for tests.
+//
+//   show KEY SECONDS now|late BODY       due then, since 1970
+//   digest KEY KEY …
+//   withdraw KEY
+//   badge NUMBER
+//   open BODY
+#pragma once
+
+#include "agent/ApplicationLink.h"
+#include "agent/NotificationDisplay.h"
+
+namespace dayward {
+
+class LineDisplay final : public NotificationDisplay {
+public:
+    void setListener(NotificationDisplayListener*) override {}
+    Result<> show(const DueAlert& alert) override;
+    Result<> showDigest(const std::vector<DueAlert>& alerts) override;
+    void withdraw(const std::string& key) override;
+    void setBadgeNumber(std::int64_t number) override;
+};
+
+class LineLink final : public ApplicationLink {
+public:
+    bool deliver(const LocalNotification&) override { return false; }
+    Result<> open(const LocalNotification& notification) override;
+    bool performFetch() override { return false; }
+};
+
+}  // namespace dayward

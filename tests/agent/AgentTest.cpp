@@ -1,0 +1,156 @@
+// The user's answers, and the fetch that fills the schedule.
+#include "agent/AgentFixture.h"
+#include "agent/SnoozeTime.h"
+
+namespace dayward {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+constexpr double kHour = 3600, kDay = 86400;
+
+TEST_F(AgentTest, OpensAndSnoozesWhatWasShownAlsoByTheProcessBefore) {
+    const LocalNotification alert = in(1, "a");
+    add({alert});
+    time.pass(1);
+    wake();
+    start();
+    wake();
+    display.listener->didOpen("nobody");
+    display.listener->didOpen(deliveryKey(alert));
+    ASSERT_THAT(link.opened, SizeIs(1));
+    EXPECT_TRUE(link.opened.front() == alert);
+    display.listener->didSnooze(deliveryKey(alert), Snooze::tenMinutes);
+    EXPECT_THAT(wake(), IsEmpty());
+    EXPECT_THAT(content().snoozed, SizeIs(1));
+    EXPECT_EQ(agent->nextMoment(), time.now() + TimeInterval(600));
+    time.pass(600);
+    EXPECT_THAT(wake(), ElementsAre("a"));
+    EXPECT_THAT(content().snoozed, IsEmpty());
+}
+
+TEST_F(AgentTest, ASnoozeOutlivesAFullDiskAndTheEventsRefresh) {
+    const LocalNotification alert = in(1, "a");
+    add({alert});
+    time.pass(1);
+    wake();
+    files->fillDiskAt(1);
+    display.listener->didSnooze(deliveryKey(alert), Snooze::tenMinutes);
+    EXPECT_THAT(wake(), IsEmpty());
+    files->heal();
+    time.pass(agent->retryAfter().value().seconds());
+    wake();
+    EXPECT_THAT(content().snoozed, SizeIs(1));
+    ASSERT_TRUE(schedule.change([&](auto& changed) { changed.scheduled.clear(); }));
+    time.pass(600);
+    EXPECT_THAT(wake(), ElementsAre("a"));
+}
+
+TEST_F(AgentTest, TomorrowIsTheNextDayAtTheTimeOfDayAtWhichItWasDue) {
+    time.travel("Europe/Berlin");
+    LocalNotification alert = in(0, "a");
+    // 2026-03-28 09:00 in winter time; the clock goes forward in the night.
+    alert.fireDate = Date::since1970(1774684800);
+    const TimeZone here = time.zone();
+    for (const double after : {60.0, 10 * kHour}) {
+        const auto later = snoozedNotification(alert, Snooze::tomorrow, *alert.fireDate + TimeInterval(after), here);
+        EXPECT_EQ(*later.fireDate - *alert.fireDate, TimeInterval(23 * kHour));
+        EXPECT_EQ(dueDate(later, *TimeZone::named("Europe/London")), *alert.fireDate + TimeInterval(24 * kHour));
+    }
+    const auto nextDay = snoozedNotification(alert, Snooze::tomorrow, *alert.fireDate + TimeInterval(20 * kHour), here);
+    EXPECT_EQ(*nextDay.fireDate - *alert.fireDate, TimeInterval(47 * kHour));
+    const auto hour = snoozedNotification(alert, Snooze::oneHour, *alert.fireDate + TimeInterval(60), here);
+    EXPECT_EQ(*hour.fireDate - *alert.fireDate, TimeInterval(60 + kHour));
+    EXPECT_EQ(hour.timeZone, std::nullopt);
+}
+
+TEST_F(AgentTest, ATestAlertIsShownAtOnceAndCanBeAnswered) {
+    const LocalNotification alert = in(0, "test");
+    ASSERT_TRUE(agent->showNow(alert));
+    EXPECT_THAT(wake(), ElementsAre("test"));
+    display.listener->didOpen(deliveryKey(alert));
+    EXPECT_THAT(link.opened, SizeIs(1));
+    display.listener->didSnooze(deliveryKey(alert), Snooze::oneHour);
+    wake();
+    EXPECT_THAT(content().snoozed, SizeIs(1));
+}
+
+TEST_F(AgentTest, FetchesOnceADayAndAfterALongSleepAndNeverForNobody) {
+    wake();
+    EXPECT_EQ(link.fetches, 0) << "nobody has scheduled anything";
+    add({in(10 * kDay, "a")});
+    wake();
+    EXPECT_EQ(link.fetches, 1);
+    for (int hour = 0; hour < 23; ++hour) {
+        time.pass(kHour);
+        wake();
+    }
+    EXPECT_EQ(link.fetches, 1);
+    EXPECT_EQ(agent->nextMoment(), time.now() + TimeInterval(kHour));
+    time.pass(kHour);
+    wake();
+    EXPECT_EQ(link.fetches, 2);
+    time.jump(2 * kHour);
+    wake();
+    EXPECT_EQ(link.fetches, 2);
+    time.jump(3 * kHour);
+    wake();
+    EXPECT_EQ(link.fetches, 3);
+    start();
+    wake();
+    EXPECT_EQ(link.fetches, 3) << "a new process knows when it was done last";
+    time.jump(-40 * kDay);
+    start();
+    wake();
+    EXPECT_EQ(link.fetches, 4) << "the clock was set back";
+    agent->refresh();
+    wake();
+    EXPECT_EQ(link.fetches, 5);
+}
+
+TEST_F(AgentTest, WithoutTheApplicationAProgramRefreshesAndIsTriedAgain) {
+    link.isRunning = false;
+    add({in(kDay, "a")});
+    wake();
+    ASSERT_EQ(refresher.starts, 1);
+    EXPECT_TRUE(agent->isFetching());
+    time.pass(kHour);
+    wake();
+    EXPECT_EQ(refresher.starts, 1) << "it still runs";
+    refresher.finish(false);
+    wake();
+    EXPECT_EQ(refresher.starts, 1);
+    time.pass(agent->retryAfter().value().seconds());
+    wake();
+    ASSERT_EQ(refresher.starts, 2);
+    refresher.finish(true);
+    wake();
+    EXPECT_EQ(agent->retryAfter(), std::nullopt);
+    EXPECT_EQ(record.read()->fetched, time.now());
+}
+
+TEST_F(AgentTest, ABrokenScheduleIsRebuiltOnce) {
+    link.isRunning = false;
+    add({in(kDay, "a")});
+    wake();
+    refresher.finish(true);
+    wake();
+    for (const char* name : {NotificationSchedule::kFileName, NotificationSchedule::kCopyName}) {
+        files->store(std::string(kDirectory) + "/" + name, Data{1, 2, 3});
+    }
+    wake();
+    ASSERT_EQ(refresher.starts, 2);
+    add({in(kDay, "b")});
+    EXPECT_TRUE(content().needsRebuild);
+    refresher.finish(true);
+    wake();
+    EXPECT_FALSE(content().needsRebuild);
+    EXPECT_THAT(content().scheduled, SizeIs(1));
+    wake();
+    EXPECT_EQ(refresher.starts, 2);
+}
+
+}  // namespace
+}  // namespace dayward
