@@ -1,16 +1,20 @@
 #include "Classes/App/AppManager.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "Classes/App/AppInfo.h"
 #include "Classes/App/EventFactory.h"
 #include "Classes/Event/EventLocalStore.h"
+#include "Classes/Event/HHEvent.h"
 #include "Classes/Import/SiblingImportService.h"
 #include "Classes/Interface/Screens/EventListPresenting.h"
 #include "Classes/Interface/Screens/Navigation.h"
 #include "Classes/Interface/Screens/Window.h"
 #include "Submodules/CorpLibrary2/App/CCAppHistory.h"
+#include "Submodules/CorpLibrary2/App/CCAppValues.h"
 #include "platform/Application.h"
+#include "platform/DispatchQueue.h"
 #include "platform/FatalError.h"
 #include "platform/FileSystem.h"
 #include "platform/Log.h"
@@ -19,6 +23,33 @@
 namespace dayward {
 
 namespace {
+
+/// A value of the application's that stands from before the install is recorded until the first events are on the
+/// disk, so that a start in between, whatever ended it, leaves them to the next one.
+constexpr const char* kFirstLaunchIsOpen = "__firstLaunchIsOpen";
+
+bool isOpen() { return CCAppValues::containsValueWithKey(kFirstLaunchIsOpen); }
+
+void setOpen(bool open) {
+    if (open == isOpen()) return;
+    CCAppValues::setValue(open ? Object(true) : Object(), kFirstLaunchIsOpen);
+    CCAppValues::synchronize();
+}
+
+bool holdsEvents() {
+    const Environment& environment = Environment::current();
+    const auto names = environment.files().listDirectory(environment.paths().documents);
+    return names && std::ranges::any_of(*names, [](const auto& name) {
+        return pathExtension(name) == EventLocalStore::kFileExtension;
+    });
+}
+
+bool isFirstLaunch() { return isOpen() || (CCApp::isFirstStart() && !holdsEvents()); }
+
+/// A default event that an interrupted first launch has brought to the disk bears its name.
+bool isThere(const HHEvent& event) {
+    return event.name() && EventLocalStore::shared().eventByName(*event.name()) != nullptr;
+}
 
 bool isInstalled() { return CCAppHistory::containsEvent(CCAppHistoryKeys::install); }
 
@@ -54,13 +85,14 @@ void AppManager::setSiblingImport(std::shared_ptr<SiblingImportService> service)
 void AppManager::initializeApp() {
     const auto lock = keepOthersOut();
     if (!lock) logError("the first launch cannot keep others out: " + lock.error().description());
+    if (!isInstalled() && !holdsEvents()) setOpen(true);
     CCApp::initializeAppWithAppId(AppInfo::appId, AppInfo::storeIdentifier);
 }
 
 Result<> AppManager::performFirstLaunch() {
     const auto lock = TRY(keepOthersOut());
     if (isInstalled()) return {};
-    TRY_VOID(shared().addDefaultEventsToDisk());
+    if (!holdsEvents()) TRY_VOID(shared().addDefaultEventsToDisk());
     CCApp::initializeAppWithAppId(AppInfo::appId, AppInfo::storeIdentifier);
     return {};
 }
@@ -77,19 +109,28 @@ Result<> AppManager::addDefaultEventsToDisk() {
 
 std::vector<std::shared_ptr<HHEvent>> AppManager::addDefaultEvents() {
     if (std::exchange(defaultEventsAdded_, true)) return {};
-    const auto events = EventFactory::getDefaultEvents();
+    auto events = EventFactory::getDefaultEvents();
+    std::erase_if(events, [](const auto& event) { return isThere(*event); });
     EventLocalStore::shared().updateEvents(events);
     return events;
 }
 
+void AppManager::addDefaultEventsAndFinish() {
+    if (defaultEventsAdded_) return;
+    addDefaultEvents();
+    Environment::current().queues().global().async([] {
+        if (EventLocalStore::shared().flush()) setOpen(false);
+    });
+}
+
 void AppManager::handleFirstLaunch() {
-    if (!CCApp::isFirstStart()) return;
+    if (!isFirstLaunch()) return;
     AppManager& self = shared();
     if (self.importOffer_ == ImportOffer::notMade && self.window_ != nullptr &&
         self.siblingImport_->canImportFromFreeVersion()) {
         self.offerImport();
     } else if (self.importOffer_ != ImportOffer::made) {
-        self.addDefaultEvents();
+        self.addDefaultEventsAndFinish();
     }
 }
 
@@ -103,7 +144,10 @@ void AppManager::offerImport() {
         {localized("Import events from free version?"),
          {},
          {{localized("Yes"), AlertButton::Role::normal,
-           [] { shared().siblingImport_->performImportFromFreeVersion(); }},
+           [] {
+               shared().siblingImport_->performImportFromFreeVersion();
+               setOpen(false);
+           }},
           {localized("No"), AlertButton::Role::cancel, decline}}});
 }
 

@@ -34,7 +34,9 @@ public:
     /// written nothing is recorded and nothing stays in the store, so that the next launch tries again.
     static Result<> performFirstLaunch();
     /// For each appearance of the list. On the first start, offers the sibling edition's events once;
-    /// adds the default events, once, where there is none or the offer was declined.
+    /// adds the default events, once, where there is none or the offer was declined. A start after one that ended
+    /// before they were on the disk does the same, and adds those that are missing. A home that held events already
+    /// gets none: only its history was lost.
     static void handleFirstLaunch();
 
     /// Shows the event in the list. Without a list, keeps it until one appears, in place of an earlier one.
@@ -58,6 +60,7 @@ private:
     void offerImport();
     /// The added ones; none where this process did it before.
     std::vector<std::shared_ptr<HHEvent>> addDefaultEvents();
+    void addDefaultEventsAndFinish();
     Result<> addDefaultEventsToDisk();
     void didReturn();
 

@@ -3,6 +3,7 @@
 #include "Classes/App/AppFixture.h"
 #include "Classes/App/LaunchArguments.h"
 #include "Classes/Event/EventLocalStore.h"
+#include "Classes/Event/HHEvent.h"
 #include "Submodules/CorpLibrary2/App/CCAppHistory.h"
 
 namespace dayward {
@@ -72,6 +73,63 @@ TEST_F(AppManagerTest, TheDefaultEventsComeWithTheFirstListAndNeverTwice) {
     second.application.launch();
     EXPECT_EQ(eventCount(), 0);
     EXPECT_EQ(starts(), 2);
+}
+
+TEST_F(AppManagerTest, AFirstLaunchThatWasEndedBeforeItsEventsWereOnTheDiskIsMadeUpFor) {
+    const auto names = [] {
+        std::multiset<std::string> found;
+        for (const auto& event : EventLocalStore::shared().allEvents()) found.insert(event->name().value_or("?"));
+        return found;
+    };
+    std::multiset<std::string> wanted;
+    for (const std::size_t steps : {0, 40, 100, 400}) {
+        files = std::make_shared<FaultFileSystem>();
+        files->store("/home/mark", {});
+        {
+            AppProcess ended(files);
+            ended.services->updatesAtOnce = false;
+            ended.application.launch();
+            files->crashAt(steps + 1);
+            ended.services->updated(false);
+            wanted = names();
+            ended.environment.queues->runAll();
+            files->restart();
+        }
+        AppProcess next(files);
+        next.application.launch();
+        next.environment.queues->runAll();
+        EXPECT_FALSE(CCApp::isFirstStart());
+        EXPECT_EQ(names(), wanted) << steps;
+        EventLocalStore::shared().removeAllEvents();
+        next.environment.queues->runAll();
+        AppProcess last(files);
+        last.application.launch();
+        EXPECT_EQ(eventCount(), 0) << "it is over";
+    }
+}
+
+TEST_F(AppManagerTest, ALostHistoryBringsNoDefaultEventsToAHomeThatHoldsOthers) {
+    {
+        const AppProcess first(files);
+        ASSERT_TRUE(AppManager::performFirstLaunch());
+        auto events = EventLocalStore::shared().allEvents();
+        events.resize(3);
+        EventLocalStore::shared().removeEvents(events);
+        ASSERT_TRUE(EventLocalStore::shared().flush());
+    }
+    const std::string history = "/home/data/Library/CCAppHistory.dat";
+    files->store(history, {1, 2, 3});
+    {
+        AppProcess window(files);
+        window.application.launch();
+        EXPECT_TRUE(CCApp::isFirstStart());
+        EXPECT_EQ(eventCount(), kDefaultEvents - 3);
+    }
+    files->store(history, {1, 2, 3});
+    const AppProcess commandLine(files);
+    ASSERT_TRUE(AppManager::performFirstLaunch());
+    EXPECT_EQ(eventCount(), kDefaultEvents - 3);
+    EXPECT_TRUE(CCAppHistory::containsEvent(CCAppHistoryKeys::install));
 }
 
 TEST_F(AppManagerTest, TwoProcessesThatAreBothTheFirstAddOneSetOfEvents) {
