@@ -16,7 +16,8 @@ struct Paths {
     std::string resources;  ///< the program's own read-only files
 
     /// Everything under `home`, if it is not empty, else under $DAYWARD_HOME, else in the XDG
-    /// directories (data, config, state, cache) of the user. `resources` as given.
+    /// directories (data, config, state, cache) of the user. A home that is not absolute is taken from the
+    /// present directory. `resources` as given.
     static Paths resolve(const std::string& home, const std::string& resources);
 };
 
