@@ -6,6 +6,7 @@
 #include <atomic>
 #include <cerrno>
 #include <csignal>
+#include <ctime>
 #include <utility>
 
 #include "platform/Log.h"
@@ -16,11 +17,26 @@ namespace {
 
 constexpr std::array kSignals{SIGTERM, SIGINT, SIGHUP};
 
-// A handler of signals may not do more than write to a descriptor.
-std::atomic<int> writeEnd{-1};
+constexpr std::int64_t kPatience = 1000;  // milliseconds
 
-void tell(int) {
+// A handler of signals may do little more than read a clock and write to a descriptor.
+std::atomic<int> writeEnd{-1};
+std::atomic<std::int64_t> firstCame{0};  // 0 for none yet
+
+std::int64_t milliseconds() {
+    timespec now{};
+    ::clock_gettime(CLOCK_MONOTONIC, &now);
+    return std::int64_t{now.tv_sec} * 1000 + now.tv_nsec / 1'000'000;
+}
+
+void tell(int signal) {
     const int error = errno;
+    const std::int64_t now = milliseconds();
+    std::int64_t first = 0;
+    if (!firstCame.compare_exchange_strong(first, now) && now - first > kPatience) {
+        ::signal(signal, SIG_DFL);
+        ::raise(signal);
+    }
     const char byte = 1;
     [[maybe_unused]] const auto written = ::write(writeEnd, &byte, 1);
     errno = error;
@@ -40,9 +56,10 @@ TerminationSignals::TerminationSignals(std::function<void()> handler) {
     notifier_.setSocket(pipe_[0]);
     notifier_.setEnabled(true);
     writeEnd = pipe_[1];
+    firstCame = 0;
     struct sigaction action {};
     action.sa_handler = &tell;
-    action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
+    action.sa_flags = SA_RESTART;
     for (const int signal : kSignals) ::sigaction(signal, &action, nullptr);
 }
 

@@ -7,8 +7,8 @@
 
 namespace dayward {
 
-/// At most one at a time; main thread. A signal that came once does its usual work from then on: the second
-/// one ends a program that hangs.
+/// At most one at a time; main thread. A second after the first signal the next one does its usual work, so that
+/// it ends a program that hangs. Until then it is taken for the same: a shell and its terminal both send theirs.
 class TerminationSignals {
 public:
     /// The handler runs in the loop of this thread. Where the system has no descriptor left for it, the
