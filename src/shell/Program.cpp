@@ -20,6 +20,7 @@
 #include "shell/Life.h"
 #include "shell/QtAudioDevice.h"
 #include "shell/QtMainLoop.h"
+#include "shell/QtStart.h"
 #include "shell/QtWindow.h"
 #include "shell/SelfTest.h"
 #include "shell/SingleInstance.h"
@@ -29,6 +30,8 @@ namespace dayward {
 namespace {
 
 enum Exit { done = 0, failed = 1, wrongUsage = 2 };
+
+constexpr const char* kName = "dayward-app";
 
 struct Options {
     std::string home;
@@ -42,7 +45,7 @@ std::string resourceDirectory() {
     return (program.parent_path().parent_path() / "share" / "dayward").string();
 }
 
-void complain(const std::string& line) { std::cerr << "dayward-app: " << line << std::endl; }
+void complain(const std::string& line) { std::cerr << kName << ": " << line << std::endl; }
 
 /// The language that the user chose in the settings takes the place of the system's.
 Result<Environment::Services> inChosenLanguage(LinuxOptions options) {
@@ -96,9 +99,7 @@ int run(const Options& options, const LaunchOptions& launch) {
 }  // namespace
 
 int runApplication(int argc, char** argv) {
-    prepareQt();
-    const QGuiApplication application(argc, argv);
-    CLI::App parser("Countdowns and reminders: what you wait for and must not miss.", "dayward-app");
+    CLI::App parser("Countdowns and reminders: what you wait for and must not miss.", kName);
     Options options;
     parser.add_option("--home", options.home, "Keep everything in this directory");
     parser.add_flag("--self-test", options.selfTest, "Load every screen, then end");
@@ -117,6 +118,8 @@ int runApplication(int argc, char** argv) {
         complain(launch.error().description() + "; try --help");
         return wrongUsage;
     }
+    prepareQt();
+    const auto application = makeQtApplication(kName, argc, argv);
     return run(options, *launch);
 }
 

@@ -12,6 +12,7 @@
 #include "intervals/ISODate.h"
 #include "platform/FileSystem.h"
 #include "platform/Paths.h"
+#include "shell/QtStart.h"
 #include "widget/WidgetContent.h"
 #include "widget/window/WidgetBoard.h"
 #include "widget/window/WindowPlace.h"
@@ -123,10 +124,6 @@ int run(const Options& options) {
 }  // namespace
 
 int runWindow(int argc, char** argv) {
-    QCoreApplication::setApplicationName(QStringLiteral("dayward-widget"));
-    QGuiApplication::setDesktopFileName(QStringLiteral("org.dayward.Dayward.Widget"));
-    QQuickWindow::setDefaultAlphaBuffer(true);
-    const QGuiApplication application(argc, argv);
     CLI::App parser("What comes next, as a small window on the desktop.", kName);
     Options options;
     declare(parser, options);
@@ -136,6 +133,10 @@ int runWindow(int argc, char** argv) {
         if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) return parser.exit(error);
         return complain(std::string(error.what()) + "; try --help", wrongUsage);
     }
+    QCoreApplication::setApplicationName(QStringLiteral("dayward-widget"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.dayward.Dayward.Widget"));
+    QQuickWindow::setDefaultAlphaBuffer(true);
+    const auto application = makeQtApplication(kName, argc, argv);
     return run(options);
 }
 
