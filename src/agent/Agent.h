@@ -8,13 +8,14 @@
 #include <optional>
 #include <string>
 
+#include "agent/AgentRequests.h"
 #include "agent/BackgroundFetch.h"
 #include "agent/Deliverer.h"
 #include "agent/NotificationDisplay.h"
 
 namespace dayward {
 
-class Agent final : public NotificationDisplayListener {
+class Agent final : public NotificationDisplayListener, public AgentRequests {
 public:
     Agent(const Deliverer::Parts& parts, ScheduleRefresher& refresher);
     ~Agent() override;
@@ -29,10 +30,13 @@ public:
     [[nodiscard]] std::optional<TimeInterval> retryAfter() const;
     [[nodiscard]] bool isFetching() const { return fetch_.isRunning(); }
 
-    /// Shows one at once that stands in no schedule, such as a test alert.
-    Result<> showNow(const LocalNotification& notification);
-    /// Schedules everything anew, at the next wake.
-    void refresh();
+    // AgentRequests
+    Result<> showNow(const LocalNotification& notification) override;
+    /// At the next wake.
+    void refresh() override;
+    [[nodiscard]] std::size_t scheduledCount() const override {
+        return schedule().scheduled.size() + schedule().snoozed.size();
+    }
     /// As of the last wake.
     [[nodiscard]] const NotificationSchedule::Content& schedule() const { return deliverer_.schedule(); }
 

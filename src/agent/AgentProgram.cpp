@@ -14,6 +14,7 @@
 #include "agent/LineDisplay.h"
 #include "agent/ProgramRefresher.h"
 #include "agent/SystemTime.h"
+#include "agent/desktop/AgentDesktop.h"
 #include "platform/Archivable.h"
 #include "platform/FileSystem.h"
 #include "platform/Log.h"
@@ -24,18 +25,6 @@ namespace dayward {
 
 namespace {
 
-/// What the agent shows alerts on, how it reaches the application, and what else is waited for on their behalf.
-struct Surroundings {
-    std::unique_ptr<NotificationDisplay> display;
-    std::unique_ptr<ApplicationLink> link;
-    std::vector<EventSource*> sources;
-};
-
-Result<Surroundings> makeDisplay(const AgentOptions& options) {
-    if (!options.drivenClock.empty()) return Surroundings{std::make_unique<LineDisplay>(), std::make_unique<LineLink>(), {}};
-    return failure("there is nothing to show alerts on");
-}
-
 template <class Wait>
 Result<std::unique_ptr<AgentWait>> shared(Result<Wait> made) {
     Wait wait = TRY(std::move(made));
@@ -45,6 +34,11 @@ Result<std::unique_ptr<AgentWait>> shared(Result<Wait> made) {
 Result<std::unique_ptr<AgentWait>> makeWait(const AgentOptions& options) {
     if (options.drivenClock.empty()) return shared(SystemTime::make());
     return shared(DrivenTime::make(options.drivenClock));
+}
+
+Result<std::unique_ptr<Surroundings>> makeSurroundings(const AgentOptions& options, const AgentTime& time) {
+    if (!options.drivenClock.empty() && !options.onDesktop) return std::make_unique<LineSurroundings>();
+    return TRY(AgentDesktop::make({options.home, options.programs, options.resources, options.version}, time));
 }
 
 /// The files that tell the zone of the device.
@@ -83,25 +77,27 @@ Result<> run(const AgentOptions& options) {
     // Watched before it is read: what is scheduled in between is not missed.
     FilesSource zone(TRY(PathWatch::make(zoneFiles())), [&] { time->readZone(); });
     FilesSource changes(TRY(PathWatch::make({joinPath(paths.state, NotificationSchedule::kFileName)})), [] {});
-    const Surroundings surroundings = TRY(makeDisplay(options));
+    const std::unique_ptr<Surroundings> surroundings = TRY(makeSurroundings(options, *time));
 
     NotificationSchedule schedule(files, classes, paths.state);
     DeliveryRecord record(files, classes, paths.state);
     ProgramRefresher refresher([&] { return refreshCommand(options, *time); });
-    Agent agent({schedule, record, *time, *surroundings.display, *surroundings.link, ownClaimant(), isClaimantAlive},
+    Agent agent({schedule, record, *time, surroundings->display(), surroundings->link(), ownClaimant(), isClaimantAlive},
                 refresher);
     EventLoop loop;
     for (EventSource* source : {static_cast<EventSource*>(time.get()), static_cast<EventSource*>(&zone),
                                 static_cast<EventSource*>(&changes), static_cast<EventSource*>(&refresher)}) {
         loop.add(*source);
     }
-    for (EventSource* source : surroundings.sources) loop.add(*source);
-    for (;;) {
+    if (EventSource* const events = surroundings->events()) loop.add(*events);
+    if (!TRY(surroundings->serve(agent))) return failure("another agent of this home runs");
+    while (!surroundings->isOver()) {
         while (agent.wantsWake()) agent.wake();
         time->arm({agent.nextMoment(), agent.retryAfter(), agent.isFetching()});
         loop.waitOnce();
         agent.wake();
     }
+    return {};
 }
 
 }  // namespace
@@ -111,7 +107,8 @@ int runAgent(const AgentOptions& options) {
     std::signal(SIGXFSZ, SIG_IGN);
     std::signal(SIGPIPE, SIG_IGN);
     const auto ran = run(options);
-    if (!ran) logError("dayward-agent: " + ran.error().description());
+    if (ran) return 0;
+    logError("dayward-agent: " + ran.error().description());
     return 1;
 }
 

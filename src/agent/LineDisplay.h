@@ -9,6 +9,7 @@
 
 #include "agent/ApplicationLink.h"
 #include "agent/NotificationDisplay.h"
+#include "agent/Surroundings.h"
 
 namespace dayward {
 
@@ -26,6 +27,19 @@ public:
     bool deliver(const LocalNotification&) override { return false; }
     Result<> open(const LocalNotification& notification) override;
     bool performFetch() override { return false; }
+};
+
+class LineSurroundings final : public Surroundings {
+public:
+    [[nodiscard]] NotificationDisplay& display() override { return display_; }
+    [[nodiscard]] ApplicationLink& link() override { return link_; }
+    [[nodiscard]] EventSource* events() override { return nullptr; }
+    Result<bool> serve(AgentRequests&) override { return true; }
+    [[nodiscard]] bool isOver() const override { return false; }
+
+private:
+    LineDisplay display_;
+    LineLink link_;
 };
 
 }  // namespace dayward

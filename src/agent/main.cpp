@@ -10,9 +10,9 @@ namespace {
 
 constexpr int kWrongUsage = 2;
 
-std::string programDirectory() {
+std::filesystem::path programDirectory() {
     std::error_code error;
-    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string();
+    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
 }
 
 }  // namespace
@@ -20,9 +20,12 @@ std::string programDirectory() {
 int main(int argc, char** argv) {
     CLI::App parser("Shows the alerts of events when they are due, whether the application runs or not.", "dayward-agent");
     dayward::AgentOptions options;
-    options.programs = programDirectory();
+    options.programs = programDirectory().string();
+    options.resources = (programDirectory().parent_path() / "share" / "dayward").string();
+    options.version = dayward::kProgramVersion;
     parser.add_option("--home", options.home, "The home whose alerts are shown");
     parser.add_option("--driven-clock", options.drivenClock)->group("");
+    parser.add_flag("--on-desktop", options.onDesktop)->group("");
     parser.set_version_flag("--version", std::string(dayward::kProgramVersion));
     try {
         parser.parse(argc, argv);

@@ -42,11 +42,17 @@ struct DesktopDisplay::Sending {
     bool isGivenUp = false;
 };
 
-DesktopDisplay::DesktopDisplay(SessionBus& bus, const std::string& application)
-    : bus_(bus), service_(bus, this), badge_(bus) {
-    bus.watchOwner(application, [this](const std::string& owner) {
+DesktopDisplay::DesktopDisplay(SessionBus& bus, Options options)
+    : bus_(bus), options_(std::move(options)), service_(bus, this), badge_(bus) {
+    bus.watchOwner(options_.application, [this](const std::string& owner) {
         if (owner.empty()) badge_.show(badgeNumber_);
     });
+}
+
+Result<> DesktopDisplay::prepare() {
+    if (!service_.isReachable()) return failure("no notification service runs");
+    if (options_.willShow) options_.willShow();
+    return {};
 }
 
 BodyKind DesktopDisplay::bodyKind() {
@@ -55,13 +61,13 @@ BodyKind DesktopDisplay::bodyKind() {
 }
 
 Result<> DesktopDisplay::show(const DueAlert& alert) {
-    if (!service_.isReachable()) return failure("no notification service runs");
+    TRY_VOID(prepare());
     return send({alert.key}, textOfAlert(alert, bodyKind()), {alert});
 }
 
 Result<> DesktopDisplay::showDigest(const std::vector<DueAlert>& alerts) {
     if (alerts.empty()) return {};
-    if (!service_.isReachable()) return failure("no notification service runs");
+    TRY_VOID(prepare());
     Keys keys;
     for (const DueAlert& alert : alerts) keys.push_back(alert.key);
     return send(std::move(keys), textOfDigest(alerts, bodyKind()), alerts);

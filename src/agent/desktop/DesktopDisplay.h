@@ -5,6 +5,7 @@
 // not sent again until the service has answered, which displayDidAppear() tells, or has gone away.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -22,8 +23,13 @@ class SessionBus;
 
 class DesktopDisplay final : public NotificationDisplay, private NotificationServiceListener {
 public:
-    /// The bus outlives it. `application` is the bus name of the application, whose own badge goes with it.
-    DesktopDisplay(SessionBus& bus, const std::string& application);
+    struct Options {
+        std::string application;         ///< its bus name; its own badge goes with it
+        std::function<void()> willShow;  ///< brings the environment up to date; may be empty
+    };
+
+    /// The bus outlives it.
+    DesktopDisplay(SessionBus& bus, Options options);
 
     // NotificationDisplay
     void setListener(NotificationDisplayListener* listener) override { listener_ = listener; }
@@ -45,6 +51,7 @@ private:
     void didClose(std::uint32_t number) override { bubbles_.erase(number); }
     void serviceDidChange(bool isThere) override;
 
+    Result<> prepare();
     [[nodiscard]] BodyKind bodyKind();
     Result<> send(Keys keys, const AlertText& text, const std::vector<DueAlert>& alerts);
     void finish(const std::shared_ptr<Sending>& sending, Result<std::uint32_t> answer);
@@ -52,6 +59,7 @@ private:
     void remember(std::uint32_t number, const Keys& keys);
 
     SessionBus& bus_;
+    const Options options_;
     NotificationService service_;
     LauncherBadge badge_;
     AlertSound sound_;

@@ -107,6 +107,26 @@ Result<> SessionBus::start(const std::string& name) {
     });
 }
 
+bool SessionBus::canStart(const std::string& name) {
+    std::vector<std::string> names;
+    (void)onBus("ListActivatableNames", [&] {
+        daemon_->callMethod("ListActivatableNames")
+            .onInterface(kDaemon)
+            .withTimeout(microseconds(kPatience))
+            .storeResultsTo(names);
+    });
+    return std::ranges::find(names, name) != names.end();
+}
+
+Result<> SessionBus::startWithoutWaiting(const std::string& name) {
+    return onBus("start " + name, [&] {
+        daemon_->callMethod("StartServiceByName")
+            .onInterface(kDaemon)
+            .withArguments(name, std::uint32_t(0))
+            .dontExpectReply();
+    });
+}
+
 // Of this name alone: whatever else comes and goes on the bus wakes nobody.
 void SessionBus::watchOwner(const std::string& name, std::function<void(const std::string& owner)> changed) {
     const std::string rule = std::string("type='signal',sender='") + kDaemon + "',interface='" + kDaemon +

@@ -46,6 +46,10 @@ public:
     /// Lets the bus start the program that serves the name. Fails where it knows none, or the program does not come
     /// within the patience.
     Result<> start(const std::string& name);
+    /// Whether the bus knows a program that serves the name.
+    [[nodiscard]] bool canStart(const std::string& name);
+    /// The same as start(), and returns as soon as the bus is asked.
+    Result<> startWithoutWaiting(const std::string& name);
     /// Tells the owner, empty where there is none, whenever it changes.
     void watchOwner(const std::string& name, std::function<void(const std::string& owner)> changed);
     /// Fails where another has it.

@@ -2,6 +2,7 @@
 // set apart by tabs:
 //   show KEY BODY [late=TIME] [sound=NAME] [action=TEXT]    digest KEY BODY TIME [KEY BODY TIME]…
 //   withdraw KEY    badge NUMBER    quiet    name    token
+//   deliver EVENT BODY    open EVENT BODY    fetch
 #include <unistd.h>
 
 #include <array>
@@ -9,8 +10,12 @@
 #include <iostream>
 #include <sstream>
 
+#include "agent/AgentRequests.h"
+#include "agent/desktop/AgentService.h"
+#include "agent/desktop/DBusApplicationLink.h"
 #include "agent/desktop/DesktopDisplay.h"
 #include "agent/desktop/SessionBus.h"
+#include "alerts/EventNotification.h"
 #include "platform/Environment.h"
 #include "platform/linux/LinuxEnvironment.h"
 
@@ -33,6 +38,22 @@ public:
         say("snooze " + key + " " + names.at(static_cast<std::size_t>(snooze)));
     }
     void displayDidAppear() override { say("appeared"); }
+};
+
+class Requests final : public AgentRequests {
+public:
+    Result<> showNow(const LocalNotification& notification) override {
+        say("asked to show " + notification.alertBody.value_or("nothing"));
+        if (notification.alertBody == "bad") return failure("bad news");
+        return {};
+    }
+    void refresh() override { say("asked to refresh"); }
+    [[nodiscard]] std::size_t scheduledCount() const override { return 5; }
+};
+
+struct Parts {
+    DesktopDisplay& display;
+    DBusApplicationLink& link;
 };
 
 Date dateOf(const std::string& seconds) { return Date::since1970(std::stod(seconds)); }
@@ -68,7 +89,19 @@ void showDigest(DesktopDisplay& display, const Words& words) {
     tell("shown digest", display.showDigest(alerts));
 }
 
-void perform(DesktopDisplay& display, const Words& words) {
+LocalNotification notificationOf(const Words& words) {
+    LocalNotification notification;
+    notification.fireDate = Date::since1970(1e9);
+    notification.alertBody = words.at(2);
+    setEventIdentifier(notification, words.at(1));
+    return notification;
+}
+
+void perform(const Parts& parts, const Words& words) {
+    DesktopDisplay& display = parts.display;
+    if (words[0] == "deliver") say(parts.link.deliver(notificationOf(words)) ? "delivered" : "not delivered");
+    if (words[0] == "open") tell("opened", parts.link.open(notificationOf(words)));
+    if (words[0] == "fetch") say(parts.link.performFetch() ? "fetches" : "does not fetch");
     if (words[0] == "show") show(display, words);
     if (words[0] == "digest") showDigest(display, words);
     if (words[0] == "withdraw") display.withdraw(words.at(1));
@@ -81,7 +114,7 @@ void perform(DesktopDisplay& display, const Words& words) {
     }
 }
 
-void readLines(DesktopDisplay& display, std::string& rest, bool& ends) {
+void readLines(const Parts& parts, std::string& rest, bool& ends) {
     std::array<char, 4096> bytes;
     const auto count = read(STDIN_FILENO, bytes.data(), bytes.size());
     ends = count <= 0;
@@ -90,7 +123,7 @@ void readLines(DesktopDisplay& display, std::string& rest, bool& ends) {
         Words words;
         std::istringstream line(rest.substr(0, end));
         for (std::string word; std::getline(line, word, '\t');) words.push_back(word);
-        if (!words.empty()) perform(display, words);
+        if (!words.empty()) perform(parts, words);
     }
 }
 
@@ -111,16 +144,22 @@ int run(const std::string& home, const std::string& now, const std::string& loca
     Environment environment(*std::move(services));
     const EnvironmentScope scope(&environment);
     Printer printer;
-    DesktopDisplay display(**bus, "org.dayward.Dayward");
+    const BusHome busHome = BusHome::of(home);
+    DesktopDisplay display(**bus, {applicationBusName(busHome), {}});
     display.setListener(&printer);
-    say("ready");
+    const std::string program = (std::filesystem::read_symlink("/proc/self/exe").parent_path() / "dayward-app").string();
+    DBusApplicationLink link(**bus, {busHome, program, [&] { return display.takeActivationToken(); }});
+    const Parts parts{display, link};
+    Requests requests;
+    AgentService service({**bus, display.service(), requests, busHome, "1.2.3"});
+    tell("ready", service.takeName());
     std::string rest;
     for (bool ends = false; !ends && !(*bus)->isLost();) {
         std::array<pollfd, 2> waiting{{(*bus)->descriptor(), {STDIN_FILENO, POLLIN, 0}}};
         const auto limit = (*bus)->timeout();
         poll(waiting.data(), waiting.size(), limit ? static_cast<int>(limit->seconds() * 1000) : -1);
         (*bus)->dispatch();
-        if (waiting[1].revents != 0) readLines(display, rest, ends);
+        if (waiting[1].revents != 0) readLines(parts, rest, ends);
     }
     return 0;
 }

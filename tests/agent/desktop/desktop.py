@@ -1,6 +1,7 @@
 """A desktop for tests: a session bus of its own, notification services that are mocked or real, and programs whose
 lines are read."""
 import os
+import plistlib
 import pathlib
 import queue
 import shutil
@@ -83,6 +84,23 @@ class DesktopTest(unittest.TestCase):
         return service
 
 
+    def follow_badges(self):
+        """Gives a function that waits for the next number on the application's icon."""
+        monitor = self.run_beside("dbus-monitor", "--session", "interface='com.canonical.Unity.LauncherEntry'")
+        while "NameLost" not in monitor.line():
+            pass
+
+        def next_badge():
+            lines = []
+            while not lines or "boolean" not in lines[-1]:
+                lines.append(monitor.line().strip())
+            self.assertIn('string "application://org.dayward.Dayward.desktop"', lines)
+            number, = [int(line.split()[-1]) for line in lines if "int64" in line]
+            self.assertEqual(lines[-1].split()[-1], "true" if number else "false")
+            return number
+        return next_badge
+
+
 def call(name, path, interface, method, *arguments):
     import dbus
     return dbus.Interface(dbus.SessionBus().get_object(name, path, introspect=False), interface).get_dbus_method(method)(
@@ -132,7 +150,7 @@ class Sent:
 
 def on_bus(needed=()):
     """Runs this program again on a session bus of its own; returns there, with the arguments."""
-    missing = [program for program in ("dbus-run-session", *needed) if not shutil.which(program)]
+    missing = [program for program in ("dbus-run-session", "dbus-monitor", *needed) if not shutil.which(program)]
     try:
         import dbusmock  # noqa: F401
     except ImportError:
@@ -147,3 +165,82 @@ def on_bus(needed=()):
                 if not name.startswith(("DAYWARD", "XDG", "WAYLAND", "DISPLAY", "DBUS", "LC_", "TZ"))}
         kept |= {"XDG_RUNTIME_DIR": runtime, "HOME": runtime, "LC_ALL": "C.UTF-8"}
         sys.exit(subprocess.run(["dbus-run-session", "--", sys.executable, *sys.argv, "--inside"], env=kept).returncode)
+
+
+class Moment:
+    """A date in an archive, by its seconds since 1970."""
+
+    def __init__(self, seconds):
+        self.seconds = seconds
+
+
+def archived(root):
+    """A keyed archive of dictionaries, lists, texts, numbers and moments."""
+    objects, classes = ["$null"], {}
+
+    def reference(value):
+        objects.append(value)
+        return plistlib.UID(len(objects) - 1)
+
+    def class_named(name):
+        if name not in classes:
+            classes[name] = reference({"$classname": name, "$classes": [name, "NSObject"]})
+        return classes[name]
+
+    def put(value):
+        if isinstance(value, Moment):
+            return reference({"NS.time": value.seconds - 978307200.0, "$class": class_named("NSDate")})
+        if isinstance(value, dict):
+            keys, values = [put(key) for key in value], [put(entry) for entry in value.values()]
+            return reference({"NS.keys": keys, "NS.objects": values, "$class": class_named("NSDictionary")})
+        if isinstance(value, list):
+            return reference({"NS.objects": [put(entry) for entry in value], "$class": class_named("NSArray")})
+        return reference(value)
+
+    top = put(root)
+    return plistlib.dumps({"$archiver": "NSKeyedArchiver", "$version": 100000, "$top": {"root": top},
+                           "$objects": objects}, fmt=plistlib.FMT_BINARY)
+
+
+class DrivenAgent:
+    """The agent of a home on the desktop, with a clock that is driven."""
+
+    def __init__(self, test, program, now, *options, env=None):
+        self.number = 0
+        self.clock = test.scratch / f"clock-{time.monotonic_ns()}"
+        self.drive("jump", now)
+        self.process = test.run_beside(program, *options, "--driven-clock", self.clock, "--on-desktop", env=env)
+        self.wait()
+
+    def drive(self, how, seconds):
+        self.number += 1
+        new = self.clock.with_suffix(".new")
+        new.write_text(f"{self.number} {how} {seconds}\n")
+        new.rename(self.clock)
+
+    def wait(self):
+        while self.process.line() != f"done {self.number}":
+            pass
+
+    def pass_to(self, seconds):
+        """The time goes by."""
+        self.drive("pass", seconds)
+        self.wait()
+
+    def jump_to(self, seconds):
+        """The device slept, or its clock was set."""
+        self.drive("jump", seconds)
+        self.wait()
+
+
+def write_schedule(state, scheduled):
+    """Replaces the schedule of a home, given its state directory."""
+    state.mkdir(parents=True, exist_ok=True)
+    new = state / "schedule.new"
+    new.write_bytes(archived({"version": 1, "scheduled": scheduled, "snoozed": [], "withdrawn": [], "badgeNumber": 0,
+                              "needsRebuild": False}))
+    new.rename(state / "notifications.schedule")
+
+
+def alert(body, due, owner="E-1", **more):
+    return {"fireDate": Moment(due), "alertBody": body, "userInfo": {"objectKey": owner}, **more}

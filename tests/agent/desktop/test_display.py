@@ -9,7 +9,7 @@ import unittest
 
 import dbus
 
-from desktop import DesktopTest, on_bus, wait_for
+from desktop import DesktopTest, archived, call, on_bus, wait_for
 
 PROBE = None
 WAVE = "Marimba.wav"
@@ -70,18 +70,10 @@ class Shown(DisplayTest):
 
     def test_the_badge_is_told_to_the_launchers(self):
         self.start_probe()
-        monitor = self.run_beside("dbus-monitor", "--session", "interface='com.canonical.Unity.LauncherEntry'")
-        while "NameLost" not in monitor.line():
-            pass
-        for number, visible in ((7, "true"), (0, "false")):
+        badges = self.follow_badges()
+        for number in (7, 0):
             self.probe.say("badge", number)
-            lines = []
-            while not lines or "boolean" not in lines[-1]:
-                lines.append(monitor.line().strip())
-            self.assertIn('string "application://org.dayward.Dayward.desktop"', lines)
-            self.assertIn(f"variant                      int64 {number}".replace(" ", ""),
-                          "".join(lines).replace(" ", ""))
-            self.assertTrue(lines[-1].endswith("boolean " + visible), lines)
+            self.assertEqual(badges(), number)
 
 
 class Taps(DisplayTest):
@@ -218,9 +210,54 @@ class Sounds(DisplayTest):
         self.assertEqual(self.sounds(), ["iphone_tritone.mp3"])
 
 
+class Requests(DisplayTest):
+    """What other programs ask of the agent."""
+
+    def setUp(self):
+        super().setUp()
+        self.start_probe()
+        bus = dbus.SessionBus()
+        self.name, = [name for name in bus.list_names() if name.startswith("org.dayward.Agent.h")]
+
+    def call(self, method, *arguments):
+        return call(self.name, "/org/dayward/Agent", "org.dayward.Agent1", method, *arguments)
+
+    def test_the_state(self):
+        alone = self.call("State")
+        self.assertNotIn("service", alone)
+        service = self.start_service()
+        self.expect("appeared")
+        state = self.call("State")
+        self.assertEqual((state["version"], state["scheduled"], state["pid"]), ("1.2.3", 5, self.probe.process.pid))
+        self.assertEqual((state["home"], state["service"], state["actions"]),
+                         (str(self.home / "state"), "mock-notify", True))
+        self.assertNotIn("quiet", state)
+        service.mock("AddProperty", "org.freedesktop.Notifications", "Inhibited", True)
+        self.assertTrue(self.call("State")["quiet"])
+
+    def test_a_notification_is_shown_at_once_and_bad_bytes_are_refused(self):
+        archive = archived({"alertBody": "bad"})
+        with self.assertRaisesRegex(dbus.DBusException, "bad news"):
+            self.call("Show", dbus.ByteArray(archive))
+        self.expect("asked to show bad")
+        self.call("Show", dbus.ByteArray(archive.replace(b"bad", b"good"[:3])))
+        self.expect("asked to show goo")
+        for bad in (b"", b"no archive", archive[:-20]):
+            with self.assertRaises(dbus.DBusException):
+                self.call("Show", dbus.ByteArray(bad))
+        self.call("Refresh")
+        self.expect("asked to refresh")
+
+    def test_each_home_has_one_agent(self):
+        second = self.run_beside(PROBE, f"{self.home}/../home", NOON, "en_GB")
+        self.assertIn("ready failed: ", second.line())
+        other = self.run_beside(PROBE, self.scratch / "other", NOON, "en_GB")
+        self.assertEqual(other.line(), "ready")
+
+
 def main():
     global PROBE
-    PROBE, = on_bus(needed=["dbus-monitor"])
+    PROBE, = on_bus()
     unittest.main(argv=[__file__])
 
 

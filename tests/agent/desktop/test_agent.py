@@ -1,0 +1,131 @@
+#!/usr/bin/python3
+"""The agent as a process on a session bus with a mocked notification service: from the schedule to the bubble, and from
+the bubble's buttons back. Its clock is driven, so that nothing waits for the time.
+
+Use: test_agent.py DAYWARD-AGENT. Ends with 77 where there is no bus or mock to start."""
+import os
+import subprocess
+import unittest
+
+import dbus
+
+from desktop import DesktopTest, DrivenAgent, alert, archived, call, on_bus, wait_for, write_schedule
+
+AGENT = None
+NOON = 1773144000  # 2026-03-10 12:00 UTC
+MINUTE, HOUR = 60, 3600
+
+
+class AgentTest(DesktopTest):
+    def setUp(self):
+        super().setUp()
+        self.env = os.environ | {"TZ": "UTC"}
+
+    def start_agent(self, *scheduled):
+        write_schedule(self.home / "state", list(scheduled))
+        self.agent = DrivenAgent(self, AGENT, NOON, "--home", self.home, env=self.env)
+
+    def agent_name(self):
+        return next(name for name in dbus.SessionBus().list_names() if name.startswith("org.dayward.Agent"))
+
+    def scheduled_count(self):
+        return int(call(self.agent_name(), "/org/dayward/Agent", "org.dayward.Agent1", "State")["scheduled"])
+
+    def bodies(self):
+        return [sent.body for sent in self.service.bubbles()]
+
+
+class Firing(AgentTest):
+    def test_an_alert_is_shown_in_its_minute_and_once(self):
+        self.service = self.start_service()
+        self.start_agent(alert("Fair is happening!", NOON + MINUTE, alertAction="Look"),
+                         alert("Fair - is coming!", NOON + 5 * MINUTE))
+        self.assertEqual(self.bodies(), [])
+        self.agent.pass_to(NOON + 2 * MINUTE)
+        self.assertEqual(self.bodies(), ["Fair is happening!"])
+        self.assertEqual(self.service.bubbles()[0].actions["show"], "Look")
+        self.agent.jump_to(NOON)
+        self.agent.pass_to(NOON + 6 * MINUTE)
+        self.assertEqual(self.bodies(), ["Fair is happening!", "Fair - is coming!"])
+
+    def test_a_sleep_ends_with_a_digest_and_one_late_alert_tells_its_time(self):
+        self.service = self.start_service()
+        self.start_agent(*[alert(f"E{hour}", NOON + hour * HOUR, owner=f"E-{hour}") for hour in (1, 2, 3, 6)])
+        self.agent.jump_to(NOON + 5 * HOUR)
+        digest, = self.service.bubbles()
+        self.assertEqual(digest.summary, "3 missed alerts")
+        self.assertEqual([line.split(" – ")[1] for line in digest.body.splitlines()], ["E1", "E2", "E3"])
+        self.agent.jump_to(NOON + 7 * HOUR)
+        self.assertEqual(self.bodies()[1], "E6\n6:00 PM")
+
+    def test_without_actions_there_are_no_buttons(self):
+        self.service = self.start_service("body")
+        self.start_agent(alert("A", NOON + MINUTE))
+        self.agent.pass_to(NOON + 2 * MINUTE)
+        self.assertEqual([(sent.body, sent.actions) for sent in self.service.bubbles()], [("A", {})])
+
+    def test_without_a_service_it_waits_for_one(self):
+        self.start_agent(alert("A", NOON + MINUTE), alert("B", NOON + 2 * MINUTE))
+        self.agent.pass_to(NOON + 3 * MINUTE)
+        self.service = self.start_service()
+        wait_for("the alerts", lambda: len(self.bodies()) == 2)
+        self.assertEqual(self.bodies(), ["A\n12:01 PM", "B"])
+
+    def test_a_silent_one_sets_the_badge(self):
+        badges = self.follow_badges()
+        self.start_agent({"fireDate": alert("", NOON + MINUTE)["fireDate"], "applicationIconBadgeNumber": 3, "userInfo": {}})
+        self.assertEqual(badges(), 0)
+        self.agent.pass_to(NOON + 2 * MINUTE)
+        self.assertEqual(badges(), 3)
+
+    def test_it_ends_with_the_session(self):
+        bus = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--print-address"], text=True,
+                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        self.addCleanup(bus.stdout.close)
+        self.addCleanup(bus.wait)
+        self.addCleanup(bus.kill)
+        self.env["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
+        self.start_agent(alert("A", NOON + MINUTE))
+        bus.kill()
+        self.assertEqual(self.agent.process.process.wait(20), 0)
+
+
+class Answers(AgentTest):
+    def setUp(self):
+        super().setUp()
+        self.service = self.start_service()
+        self.start_agent(alert("A", NOON + MINUTE))
+        self.agent.pass_to(NOON + 2 * MINUTE)
+
+    def test_a_snoozed_alert_comes_back(self):
+        now = NOON + 2 * MINUTE
+        for number, (button, later) in enumerate((("snooze-ten-minutes", 10 * MINUTE), ("snooze-one-hour", HOUR)), 1):
+            self.assertEqual(self.scheduled_count(), 0)
+            self.service.tap(number, button)
+            wait_for("the snoozed entry", self.scheduled_count)
+            now += later
+            self.agent.pass_to(now - 1)
+            self.assertEqual(self.bodies(), ["A"] * number)
+            self.agent.pass_to(now)
+            self.assertEqual(self.bodies(), ["A"] * (number + 1))
+
+    def test_a_test_alert_goes_the_same_way_and_leaves_the_schedule(self):
+        call(self.agent_name(), "/org/dayward/Agent", "org.dayward.Agent1", "Show",
+             dbus.ByteArray(archived({"alertBody": "Test", "userInfo": {}})))
+        self.assertEqual(self.bodies(), ["A", "Test"])
+        self.assertEqual(self.scheduled_count(), 0)
+
+    def test_a_second_agent_of_the_home_ends(self):
+        second = subprocess.run([AGENT, "--home", self.home], capture_output=True, text=True, timeout=20, env=self.env)
+        self.assertEqual((second.returncode, second.stdout), (1, ""))
+        self.assertEqual(second.stderr, "dayward-agent: another agent of this home runs\n")
+
+
+def main():
+    global AGENT
+    AGENT, = on_bus(needed=["dbus-daemon"])
+    unittest.main(argv=[__file__])
+
+
+if __name__ == "__main__":
+    main()
