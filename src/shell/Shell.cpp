@@ -112,6 +112,16 @@ void Shell::showAlert(Alert alert) {
     emit alertWanted(number, content);
 }
 
+void Shell::dismissAlert(const std::string& name) {
+    std::vector<int> withdrawn;
+    for (const auto& [number, alert] : alerts_)
+        if (alert.name == name) withdrawn.push_back(number);
+    for (const int number : withdrawn) {
+        alerts_.erase(number);
+        emit alertWithdrawn(number);
+    }
+}
+
 void Shell::answerAlert(int alert, int button) {
     auto answered = alerts_.extract(alert);
     if (answered.empty()) return;

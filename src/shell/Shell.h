@@ -70,6 +70,7 @@ public:
     void didHidePanel(StackId stack, const Screen& panel) override;
     void didArrange() override;
     void showAlert(Alert alert) override;
+    void dismissAlert(const std::string& name) override;
     void showNotice(Notice notice) override;
     void choosePicture(std::function<void(ChosenPicture)> completion) override;
     void openLink(const std::string& url) override;
@@ -80,6 +81,8 @@ signals:
     void dismissed(dayward::StackItem* stack);
     /// {title, message, buttons: [{title, role}]}
     void alertWanted(int alert, const QVariantMap& content);
+    /// The alert goes without an answer.
+    void alertWithdrawn(int alert);
     /// {text, action, seconds}
     void noticeWanted(int notice, const QVariantMap& content);
     void pictureWanted();

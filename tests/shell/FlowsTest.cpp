@@ -93,6 +93,11 @@ TEST_F(Flows, asksAndTakesTheAnswer) {
     settle();
     press(Qt::Key_Escape);
     EXPECT_TRUE(until([&] { return answered == 3; }));
+    shell.navigation().alert({"Rung", "", {{"OK", AlertButton::Role::cancel, [&] { answered = 4; }}}, "ring"});
+    ASSERT_TRUE(until([&] { return item(QStringLiteral("Rung")) != nullptr; }));
+    shell.navigation().dismissAlert("ring");
+    EXPECT_TRUE(until([&] { return item(QStringLiteral("Rung")) == nullptr; }));
+    EXPECT_EQ(answered, 3);
 }
 
 TEST_F(Flows, rowsThatScrolledAwayAndCameBackAreLive) {

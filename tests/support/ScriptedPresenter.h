@@ -84,6 +84,11 @@ public:
         lines_.push_back("alert " + shown.title);
         alert = std::move(shown);
     }
+    void dismissAlert(const std::string& name) override {
+        if (alert.buttons.empty() || alert.name != name) return;
+        lines_.push_back("dismiss alert " + alert.message);
+        alert = {};
+    }
     void showNotice(Notice shown) override {
         lines_.push_back("notice " + shown.text);
         notice = std::move(shown);

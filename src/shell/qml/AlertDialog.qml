@@ -30,6 +30,13 @@ Popup {
     Overlay.modal: Rectangle {
         color: Theme.dim
     }
+    Connections {
+        target: Shell
+        function onAlertWithdrawn(number: int) {
+            if (number === dialog.number)
+                dialog.close()
+        }
+    }
     background: Rectangle {
         color: Theme.raised
         radius: 20

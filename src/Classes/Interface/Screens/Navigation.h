@@ -39,6 +39,7 @@ public:
     virtual void didArrange() = 0;
 
     virtual void showAlert(Alert alert) = 0;
+    virtual void dismissAlert(const std::string& name) = 0;
     virtual void showNotice(Notice notice) = 0;
     virtual void choosePicture(std::function<void(ChosenPicture)> completion) = 0;
     virtual void openLink(const std::string& url) = 0;
@@ -82,6 +83,7 @@ public:
     [[nodiscard]] bool hasDetailPane() const override { return hasDetailPane_; }
     void showDetail(Screen screen) override;
     void alert(Alert alert) override { listener_.showAlert(std::move(alert)); }
+    void dismissAlert(const std::string& name) override { listener_.dismissAlert(name); }
     void showNotice(Notice notice) override { listener_.showNotice(std::move(notice)); }
     void choosePicture(std::function<void(ChosenPicture)> completion) override {
         listener_.choosePicture(std::move(completion));

@@ -29,6 +29,7 @@ struct Alert {
     std::string title;
     std::string message;
     std::vector<AlertButton> buttons;
+    std::string name = {};  ///< for dismissAlert()
 };
 
 /// A word in passing, such as "Copied", or what can still be taken back, "Deleted" with "Undo". A new one
@@ -72,6 +73,8 @@ public:
     virtual void showDetail(Screen screen) = 0;
 
     virtual void alert(Alert alert) = 0;
+    /// Takes away the alerts of that name that are still shown; none of their buttons counts as pressed.
+    virtual void dismissAlert(const std::string& name) = 0;
     virtual void showNotice(Notice notice) = 0;
     /// Lets the user choose a picture file. The completion is not called where the user chooses none.
     virtual void choosePicture(std::function<void(ChosenPicture)> completion) = 0;
