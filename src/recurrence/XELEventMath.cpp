@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "intervals/XELDateTime.h"
+#include "platform/Environment.h"
 #include "recurrence/DateIcal.h"
 #include "recurrence/ParsedRule.h"
 #include "recurrence/XELRRuleMath.h"
@@ -64,6 +65,17 @@ std::vector<Date> XELEventMath::datesFromDate(Date fromDate, Date toDate, std::s
     std::ranges::sort(dates);
     dates.erase(std::unique(dates.begin(), dates.end()), dates.end());
     return dates;
+}
+
+bool XELEventMath::isSteady() const {
+    constexpr int kDaysOfEveryMonth = 28;
+    if (!parsed_) return true;
+    if (parsed_->count() != 0) return false;
+    if (parsed_->frequency() <= ParsedRule::Frequency::weekly) return true;
+    const auto calendar = Environment::current().calendar();
+    return !parsed_->hasLists() && std::ranges::all_of(getStartDates(), [&](Date start) {
+        return calendar->fields(start).day <= kDaysOfEveryMonth;
+    });
 }
 
 std::optional<Date> XELEventMath::lastDate() const {

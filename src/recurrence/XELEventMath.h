@@ -45,6 +45,11 @@ public:
     /// the whole may be longer than maxCount.
     [[nodiscard]] std::vector<Date> datesFromDate(Date fromDate, Date toDate, std::size_t maxCount) const;
 
+    /// Whether the first occurrence after a date is surely also the first after any later date before it. Rules
+    /// with COUNT are counted from near the date, and those of months and years take their day from there where
+    /// a month lacks it or the rule names others.
+    [[nodiscard]] bool isSteady() const;
+
     /// The latest of the last dates of all times; nothing where no time has one.
     [[nodiscard]] std::optional<Date> lastDate() const;
 
