@@ -1,0 +1,73 @@
+#include "alerts/NotificationDifference.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <unordered_map>
+
+#include "alerts/EventNotification.h"
+
+namespace dayward {
+
+namespace {
+
+double momentOf(const LocalNotification& notification) {
+    return notification.fireDate ? notification.fireDate->secondsSinceReference()
+                                 : std::numeric_limits<double>::infinity();
+}
+
+/// Of two different moments never the same.
+std::string momentText(const LocalNotification& notification) {
+    char text[32];
+    return {text, std::to_chars(text, text + sizeof text, momentOf(notification)).ptr};
+}
+
+using ByKey = std::unordered_map<std::string, const LocalNotification*>;
+
+/// Of two with one key the first counts.
+ByKey byKey(const std::vector<LocalNotification>& notifications) {
+    ByKey result;
+    for (const LocalNotification& notification : notifications) {
+        result.try_emplace(notificationKey(notification), &notification);
+    }
+    return result;
+}
+
+/// Those of the first list that are not the same in the second.
+std::vector<LocalNotification> without(const std::vector<LocalNotification>& notifications, const ByKey& others) {
+    std::vector<LocalNotification> result;
+    for (const LocalNotification& notification : notifications) {
+        const auto other = others.find(notificationKey(notification));
+        if (other == others.end() || *other->second != notification) result.push_back(notification);
+    }
+    return result;
+}
+
+}  // namespace
+
+std::string notificationKey(const LocalNotification& notification) {
+    const std::string what = notification.alertBody
+                                 ? "text " + *notification.alertBody
+                                 : "badge " + std::to_string(notification.applicationIconBadgeNumber.value_or(-1));
+    return momentText(notification) + "\n" + eventIdentifier(notification).value_or("") + "\n" + what;
+}
+
+bool firesBefore(const LocalNotification& one, const LocalNotification& other) {
+    const double moment = momentOf(one), otherMoment = momentOf(other);
+    if (moment != otherMoment) return moment < otherMoment;
+    const auto owner = eventIdentifier(one), otherOwner = eventIdentifier(other);
+    if (owner.has_value() != otherOwner.has_value()) return owner.has_value();
+    return owner < otherOwner;
+}
+
+void sortAndCut(std::vector<LocalNotification>& notifications, std::size_t count) {
+    std::ranges::stable_sort(notifications, firesBefore);
+    if (notifications.size() > count) notifications.resize(count);
+}
+
+NotificationDifference notificationDifference(const std::vector<LocalNotification>& scheduled,
+                                              const std::vector<LocalNotification>& wanted) {
+    return {without(scheduled, byKey(wanted)), without(wanted, byKey(scheduled))};
+}
+
+}  // namespace dayward

@@ -1,0 +1,203 @@
+#include "alerts/NotificationsManager.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "Classes/Event/EventLocalStore.h"
+#include "Classes/Event/HHEvent.h"
+#include "alerts/EventNotification.h"
+#include "alerts/EventNotifications.h"
+#include "alerts/NearestNotifications.h"
+#include "alerts/NotificationDifference.h"
+#include "alerts/NotificationPresenter.h"
+#include "platform/DispatchQueue.h"
+#include "platform/Environment.h"
+#include "platform/LocalNotifications.h"
+#include "resources/XELAudioManager.h"
+
+namespace dayward {
+
+namespace {
+
+using Notifications = std::vector<LocalNotification>;
+
+constexpr auto kAllTypes =
+    static_cast<UserNotificationTypes>(static_cast<unsigned>(UserNotificationTypes::badge) |
+                                       static_cast<unsigned>(UserNotificationTypes::sound) |
+                                       static_cast<unsigned>(UserNotificationTypes::alert));
+
+Notifications nearest(std::size_t count) {
+    return nearestNotifications(EventLocalStore::shared().allEvents(), {}, count);
+}
+
+/// Due, of an event that is still there: the device has yet to show it.
+bool isBeingShown(const LocalNotification& notification, Date now) {
+    return notification.fireDate && *notification.fireDate < now &&
+           EventLocalStore::shared().eventByIdentifier(eventIdentifier(notification)) != nullptr;
+}
+
+/// Takes what is being shown out of the schedule.
+Notifications takeShown(Notifications& scheduled) {
+    const Date now = Environment::current().now();
+    const auto shown = std::ranges::stable_partition(
+        scheduled, [&](const LocalNotification& notification) { return !isBeingShown(notification, now); });
+    Notifications result(std::make_move_iterator(shown.begin()), std::make_move_iterator(shown.end()));
+    scheduled.erase(shown.begin(), shown.end());
+    return result;
+}
+
+std::size_t roomBeside(const Notifications& shown) {
+    return LocalNotifications::kMaximumCount - std::min(shown.size(), LocalNotifications::kMaximumCount);
+}
+
+/// Asks nothing of the device where nothing differs.
+void apply(LocalNotifications& device, const Notifications& scheduled, const Notifications& wanted) {
+    const NotificationDifference difference = notificationDifference(scheduled, wanted);
+    if (!difference.isEmpty()) device.change(difference.cancelled, difference.scheduled);
+}
+
+void removeOwned(Notifications& notifications, const HHEvent& event) {
+    std::erase_if(notifications, [&](const LocalNotification& one) { return eventIdentifier(one) == event.identifier(); });
+}
+
+// As the event stands now: it may have changed again or gone since the target was made.
+void carryOut(const UpdateTarget& target, Notifications& wanted) {
+    removeOwned(wanted, *target.event);
+    const auto event = EventLocalStore::shared().eventByIdentifier(target.event->identifier());
+    if (event) std::ranges::move(notificationsOfEvent(*event), std::back_inserter(wanted));
+}
+
+void carryOut(const RemoveTarget& target, Notifications& wanted) { removeOwned(wanted, *target.event); }
+
+}  // namespace
+
+NotificationsManager::NotificationsManager(Environment& environment)
+    : environment_(environment), batch_([this] { performBatch(); }) {
+    // So that the store outlives its observer.
+    (void)EventLocalStore::shared();
+    batch_.setDelayedTime(kDelay);
+}
+
+NotificationsManager::~NotificationsManager() = default;
+
+NotificationsManager& NotificationsManager::shared() { return Environment::current().shared<NotificationsManager>(); }
+
+void NotificationsManager::followStore() { shared().follow(); }
+
+void NotificationsManager::follow() {
+    const Lock lock(mutex_);
+    if (!observations_.empty()) return;
+    observations_.push_back(environment_.notifications().addObserver(
+        EventLocalStoreDidUpdateNotification, [this](const Notification& update) { take(update); },
+        &EventLocalStore::shared()));
+}
+
+void NotificationsManager::take(const Notification& update) {
+    const EnvironmentScope scope(&environment_);
+    const auto eachOf = [&](const char* key, void (*handle)(const std::shared_ptr<HHEvent>&)) {
+        const auto found = update.userInfo.find(key);
+        const Array* events = found == update.userInfo.end() ? nullptr : found->second.array();
+        if (events == nullptr) return;
+        for (const Object& event : *events) handle(event.as<HHEvent>());
+    };
+    eachOf(EventLocalStoreUpdatedKey, &NotificationsManager::updateForEvent);
+    eachOf(EventLocalStoreRemovedKey, &NotificationsManager::removeForEvent);
+}
+
+void NotificationsManager::registerIfNeeds() { shared().registerOnce(); }
+
+void NotificationsManager::registerOnce() {
+    LocalNotifications* device = environment_.localNotifications();
+    if (device == nullptr || EventLocalStore::shared().itemsCount() == 0) return;
+    {
+        const Lock lock(mutex_);
+        if (std::exchange(isRegistered_, true)) return;
+    }
+    device->registerUserNotificationSettings(kAllTypes);
+}
+
+void NotificationsManager::updateForEvent(const std::shared_ptr<HHEvent>& event) {
+    registerIfNeeds();
+    shared().add(UpdateTarget{event});
+}
+
+void NotificationsManager::removeForEvent(const std::shared_ptr<HHEvent>& event) { shared().add(RemoveTarget{event}); }
+
+void NotificationsManager::add(NotificationTarget target) {
+    {
+        const Lock lock(mutex_);
+        targets_.push_back(std::move(target));
+    }
+    batch_.start();
+}
+
+void NotificationsManager::flush() {
+    shared().batch_.stop();
+    shared().performBatch();
+}
+
+void NotificationsManager::performBatch() {
+    const EnvironmentScope scope(&environment_);
+    const Lock changing(changeMutex_);
+    std::vector<NotificationTarget> targets;
+    {
+        const Lock lock(mutex_);
+        targets.swap(targets_);
+    }
+    LocalNotifications* device = environment_.localNotifications();
+    if (device == nullptr || targets.empty()) return;
+    Notifications scheduled = device->scheduledLocalNotifications();
+    const Notifications shown = takeShown(scheduled);
+    Notifications wanted = scheduled;
+    for (const NotificationTarget& target : targets) {
+        std::visit([&](const auto& kind) { carryOut(kind, wanted); }, target);
+    }
+    sortAndCut(wanted, roomBeside(shown));
+    apply(*device, scheduled, wanted);
+}
+
+void NotificationsManager::refresh() {
+    Environment::current().queues().global().async([] { syncRefresh(); });
+}
+
+void NotificationsManager::syncRefresh() {
+    registerIfNeeds();
+    shared().performRefresh();
+}
+
+void NotificationsManager::performRefresh() {
+    LocalNotifications* device = environment_.localNotifications();
+    if (device == nullptr) return;
+    const Lock changing(changeMutex_);
+    Notifications scheduled = device->scheduledLocalNotifications();
+    const Notifications shown = takeShown(scheduled);
+    apply(*device, scheduled, nearest(roomBeside(shown)));
+}
+
+std::vector<LocalNotification> NotificationsManager::wantedNotifications() {
+    return nearest(LocalNotifications::kMaximumCount);
+}
+
+void NotificationsManager::setPresenter(const std::shared_ptr<NotificationPresenter>& presenter) {
+    NotificationsManager& self = shared();
+    const Lock lock(self.mutex_);
+    self.presenter_ = presenter;
+}
+
+void NotificationsManager::showNotification(const LocalNotification& notification) {
+    Environment::current().queues().main().async([notification] { shared().show(notification); });
+}
+
+void NotificationsManager::show(const LocalNotification& notification) {
+    std::shared_ptr<NotificationPresenter> presenter;
+    {
+        const Lock lock(mutex_);
+        presenter = presenter_.lock();
+    }
+    if (!presenter) return;
+    XELAudioManager::sharedManager().playSound(notification.soundName);
+    presenter->showNotificationAlert(notification.alertBody.value_or(""), eventIdentifier(notification));
+}
+
+}  // namespace dayward

@@ -1,0 +1,79 @@
+// Keeps the device's schedule of notifications equal to what the events want: within its limit the nearest
+// ones, changed only where something differs.
+//
+// Class operations act on the current environment; any thread. One change of the schedule is carried out
+// after the other. Nothing is scheduled where the environment has no device for it.
+//
+// What is due but has not been shown yet is the device's affair: it is neither cancelled nor scheduled again
+// while its event is there, and takes its place within the limit.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "Submodules/CorpLibrary2/Foundation/CCDelayedOperation.h"
+#include "alerts/NotificationTargets.h"
+#include "platform/LocalNotification.h"
+#include "platform/Mutex.h"
+#include "platform/NotificationCenter.h"
+
+namespace dayward {
+
+class Environment;
+class NotificationPresenter;
+
+class NotificationsManager {
+public:
+    /// Changes that follow each other within it are carried out as one.
+    static constexpr TimeInterval kDelay{0.1};
+
+    /// From now on each event that the store reports as updated or removed is handed to updateForEvent() or
+    /// removeForEvent(). For the start of a program; a second call changes nothing.
+    static void followStore();
+
+    /// Asks for the permission to notify, once a process, as soon as there is an event.
+    static void registerIfNeeds();
+    /// Soon builds the event's notifications anew; the others stay.
+    static void updateForEvent(const std::shared_ptr<HHEvent>& event);
+    /// Soon takes the event's notifications away.
+    static void removeForEvent(const std::shared_ptr<HHEvent>& event);
+    /// Carries out the updates and removals that wait, and returns when that is done. For the end of a command.
+    static void flush();
+
+    /// Builds everything anew on the global queue.
+    static void refresh();
+    /// The same on the calling thread; returns when it is done.
+    static void syncRefresh();
+    /// What a refresh would schedule: the first notifications of all events, by fire date.
+    [[nodiscard]] static std::vector<LocalNotification> wantedNotifications();
+
+    /// Shows one that fired while the program is in sight, with its sound; on the main queue.
+    static void showNotification(const LocalNotification& notification);
+    /// Where showNotification() shows; nothing is shown where there is none, or no longer. Main thread.
+    static void setPresenter(const std::shared_ptr<NotificationPresenter>& presenter);
+
+    /// Opens the event store. Use the class operations.
+    explicit NotificationsManager(Environment& environment);
+    ~NotificationsManager();
+
+private:
+    static NotificationsManager& shared();
+    void follow();
+    void take(const Notification& update);
+    void add(NotificationTarget target);
+    void registerOnce();
+    void performBatch();
+    void performRefresh();
+    void show(const LocalNotification& notification);
+
+    Environment& environment_;
+    Mutex mutex_;
+    bool isRegistered_ DAYWARD_GUARDED_BY(mutex_) = false;
+    std::vector<NotificationTarget> targets_ DAYWARD_GUARDED_BY(mutex_);
+    std::weak_ptr<NotificationPresenter> presenter_ DAYWARD_GUARDED_BY(mutex_);
+    std::vector<NotificationCenter::Observation> observations_ DAYWARD_GUARDED_BY(mutex_);
+    Mutex changeMutex_;  ///< from reading the events to the change of the schedule
+    CCDelayedOperation batch_;
+};
+
+}  // namespace dayward

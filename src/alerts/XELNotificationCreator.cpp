@@ -1,0 +1,85 @@
+#include "alerts/XELNotificationCreator.h"
+
+#include <cmath>
+
+#include "platform/Environment.h"
+#include "platform/Strings.h"
+#include "recurrence/XELEventMath.h"
+#include "resources/XELAudioManager.h"
+
+namespace dayward {
+
+namespace {
+
+constexpr const char* kDefaultName = "Default";
+
+/// The occurrences of the window, else the first one beyond it.
+std::vector<Date> datesFrom(const XELEventMath& math, Date from, Date to, std::size_t count) {
+    std::vector<Date> dates = math.datesFromDate(from, to, count);
+    if (!dates.empty()) return dates;
+    if (const auto later = math.dateAfterDate(from)) dates.push_back(*later);
+    return dates;
+}
+
+}  // namespace
+
+void XELNotificationCreator::setSoundName(const std::optional<std::string>& name) {
+    if (!name) {
+        soundName_.reset();
+    } else if (*name == XELAudioManager::kDefaultSoundName || *name == kDefaultName) {
+        soundName_ = XELAudioManager::kDefaultSoundName;
+    } else {
+        soundName_ = name->substr(name->rfind('/') + 1);
+    }
+}
+
+std::shared_ptr<const Calendar> XELNotificationCreator::systemCalendar() {
+    const Lock lock(mutex_);
+    if (!systemCalendar_) systemCalendar_ = Environment::current().calendar();
+    return systemCalendar_;
+}
+
+std::optional<Date> XELNotificationCreator::fireDate(Date date, const XDIDateInterval& interval) {
+    if (!interval.isSet()) return date;
+    return systemCalendar()->dateByAddingComponents(interval.dateComponentsWithMultiplier(-1.0), date);
+}
+
+std::vector<LocalNotification> XELNotificationCreator::getNotifications() {
+    const Date now = Environment::current().now();
+    resultStartDate_ = now;
+    resultEndDate_.reset();
+    std::vector<LocalNotification> notifications;
+    const XELEventMath math(rrule, startDateDay, startDateTimes);
+    const std::size_t count =
+        alerts.empty() ? 0 : maxNotificationsCount / alerts.size() + (maxNotificationsCount % alerts.size() != 0);
+    for (const XDIDateInterval& alert : alerts) {
+        const auto from = systemCalendar()->dateByAddingComponents(alert.dateComponents(), now);
+        if (!from) continue;
+        const std::vector<Date> dates = datesFrom(math, *from, *from + maxTimeInterval, count);
+        for (const Date date : dates) {
+            const auto fires = fireDate(date, alert);
+            if (fires && *fires >= now) notifications.push_back(notification(*fires, alert));
+        }
+        if (!dates.empty() && (!resultEndDate_ || dates.back() < *resultEndDate_)) resultEndDate_ = dates.back();
+    }
+    if (!resultEndDate_) resultEndDate_ = now + maxTimeInterval;
+    return notifications;
+}
+
+LocalNotification XELNotificationCreator::notification(Date fireDate, const XDIDateInterval& alert) const {
+    LocalNotification notification;
+    notification.fireDate = fireDate;
+    notification.timeZone = Environment::current().timeZone().name();
+    notification.alertAction = localized("Show");
+    if (alertBodyBlock) notification.alertBody = alertBodyBlock(alert);
+    notification.soundName = soundName_;
+    return notification;
+}
+
+std::optional<Date> XELNotificationCreator::resultRefreshDate() const {
+    if (!resultStartDate_ || !resultEndDate_) return std::nullopt;
+    const double covered = std::trunc((*resultEndDate_ - *resultStartDate_).seconds());
+    return *resultStartDate_ + TimeInterval(covered / 2);
+}
+
+}  // namespace dayward
