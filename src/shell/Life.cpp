@@ -9,7 +9,9 @@
 #include "Classes/App/AppDelegate.h"
 #include "Classes/App/AppManager.h"
 #include "Classes/App/LaunchArguments.h"
+#include "Classes/App/NotificationAlertPresenter.h"
 #include "Classes/Interface/Events/HHSplitViewController.h"
+#include "alerts/NotificationsManager.h"
 #include "alerts/WidgetExport.h"
 #include "platform/Log.h"
 #include "shell/QtWindow.h"
@@ -35,8 +37,10 @@ bool Life::run(Environment& environment, const LaunchOptions& launch, SingleInst
     services.share = &shell.shareServices();
     services.handleFirstLaunch = [] { AppManager::handleFirstLaunch(); };
     const HHSplitViewController split(shell.navigation(), services);
-    AppServices connected;
-    connected.missedEvents = std::make_shared<ScheduleMissedEvents>();
+    const auto notificationAlerts = std::make_shared<NotificationAlertPresenter>(shell.navigation());
+    NotificationsManager::setPresenter(notificationAlerts);
+    NotificationsManager::followStore();
+    AppServices connected = makeAppServices();
     const auto widget = std::make_shared<WidgetExport>();
     widget->follow();
     connected.widget = widget;

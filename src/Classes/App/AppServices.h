@@ -23,4 +23,7 @@ struct AppServices {
     std::shared_ptr<SiblingImportService> siblingImport = std::make_shared<NoSiblingImport>();
 };
 
+/// Those that every program has, with a window or without.
+AppServices makeAppServices();
+
 }  // namespace dayward
