@@ -3,7 +3,7 @@ _dayward() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]}
     local global="--home --now --tz --locale --json --help --version"
     local look="--date --time --repeat --duration --alert --units --style --category --icon --background --font --text-color --show-age --note"
-    local commands="list show add edit remove watch categories settings rule interval document doctor widget"
+    local commands="list show add edit remove watch categories settings rule interval document notifications doctor widget"
     local word command=""
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         if [[ " $commands " == *" $word "* ]]; then command=$word; break; fi

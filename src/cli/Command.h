@@ -49,6 +49,7 @@ void addSettingsCommand(CLI::App& app, ChosenCommand& chosen);
 void addRuleCommand(CLI::App& app, ChosenCommand& chosen);
 void addIntervalCommand(CLI::App& app, ChosenCommand& chosen);
 void addDocumentCommand(CLI::App& app, ChosenCommand& chosen);
+void addNotificationsCommand(CLI::App& app, ChosenCommand& chosen);
 void addDoctorCommand(CLI::App& app, ChosenCommand& chosen);
 void addWidgetCommand(CLI::App& app, ChosenCommand& chosen);
 

@@ -12,6 +12,7 @@
 #include "Classes/App/AppManager.h"
 #include "Classes/App/ArchiveRegistration.h"
 #include "Classes/Event/EventLocalStore.h"
+#include "alerts/NotificationsManager.h"
 #include "alerts/WidgetExport.h"
 #include "cli/Command.h"
 #include "cli/ProgramVersion.h"
@@ -68,6 +69,7 @@ void addCommands(CLI::App& app, ChosenCommand& chosen) {
     addRuleCommand(app, chosen);
     addIntervalCommand(app, chosen);
     addDocumentCommand(app, chosen);
+    addNotificationsCommand(app, chosen);
     addDoctorCommand(app, chosen);
     addWidgetCommand(app, chosen);
 }
@@ -116,10 +118,12 @@ void reportLeftOut() {
 Result<> perform(Environment& environment, const ChosenCommand& chosen, const GlobalOptions& options) {
     if (chosen.needsStore) {
         CCApp::setInformation(AppInfo::information(kProgramVersion));
+        NotificationsManager::followStore();
         TRY_VOID(AppManager::performFirstLaunch());
         reportLeftOut();
     }
     const Result<> result = chosen.action(environment, options);
+    if (chosen.needsStore) NotificationsManager::flush();
     if (result && chosen.changesEvents) WidgetExport().exportEvents();
     return result;
 }

@@ -1,0 +1,87 @@
+"""What `dayward notifications` tells: the nearest alerts of all events as of a moment."""
+import datetime
+import program
+from program import ProgramTest
+
+
+class Notifications(ProgramTest):
+    now = "2026-03-10T12:00:00"
+
+    def setUp(self):
+        super().setUp()
+        self.run_ok("remove", *[event["identifier"] for event in self.events()])
+
+    def wanted(self, **options):
+        return self.run_json("notifications", **options)["notifications"]
+
+    def told(self, **options):
+        return [(one["fireDate"][:16], one["body"]) for one in self.wanted(**options)]
+
+    def test_of_a_hundred_events_the_nearest_64(self):
+        first = datetime.date(2026, 3, 11)
+        for number in range(100):
+            self.add(f"Day {number}", "--date", first + datetime.timedelta(number), "--time", "09:00",
+                     "--alert", "1 hour before")
+        told = self.told()
+        self.assertEqual(told, [(f"{first + datetime.timedelta(number)}T08:00",
+                                 f"Day {number} - is coming in 1 Hour!") for number in range(64)])
+
+    def test_an_event_of_every_minute_leaves_room_for_others(self):
+        minutely = self.add("Tick", "--date", "2026-03-10", "--repeat", "FREQ=MINUTELY;INTERVAL=1", "--alert", "on event")
+        for day in range(11, 31):
+            self.add(f"Day {day}", "--date", f"2026-03-{day}", "--alert", "on event")
+        wanted = self.wanted()
+        self.assertEqual([one["owner"] == minutely for one in wanted], [True] * 30 + [False] * 20)
+        self.assertEqual(wanted[29]["fireDate"], "2026-03-10T12:30:00+00:00")
+
+    def test_alerts_after_the_event(self):
+        self.add("Tea", "--date", "2026-03-10", "--time", "11:00", "--alert", "2 hours after", "--alert", "30 minutes after")
+        self.assertEqual(self.told(), [("2026-03-10T13:00", "2 Hours since last Tea!")])
+
+    def test_an_alert_of_months_across_month_ends(self):
+        self.add("Rent 28", "--date", "2026-04-28", "--alert", "1 month before")
+        self.add("Rent 30", "--date", "2026-03-30", "--alert", "1 month before")
+        self.add("Rent 31", "--date", "2026-03-31", "--alert", "1 month before")
+        self.assertEqual(sorted(self.told(now="2026-02-01T00:00:00")),
+                         [("2026-02-28T00:00", "Rent 30 - is coming in 1 Month!"),
+                          ("2026-02-28T00:00", "Rent 31 - is coming in 1 Month!"),
+                          ("2026-03-28T00:00", "Rent 28 - is coming in 1 Month!")])
+        self.add("Each day", "--date", "2027-03-28", "--repeat", "FREQ=DAILY;INTERVAL=1;UNTIL=20270401T000000Z",
+                 "--alert", "1 month before")
+        self.assertEqual([moment for moment, body in self.told(now="2027-02-01T00:00:00") if "Each" in body],
+                         ["2027-02-28T00:00", "2027-03-01T00:00"])
+
+    def test_three_times_a_day_and_two_alerts(self):
+        identifier = self.add("Pill", "--date", "2026-03-01", "--time", "08:00", "--time", "14:00", "--time", "20:00",
+                              "--repeat", "daily", "--alert", "on event", "--alert", "10 minutes before")
+        wanted = self.wanted()
+        self.assertEqual(len(wanted), 30)
+        self.assertEqual({one["owner"] for one in wanted}, {identifier})
+        self.assertEqual(self.told()[:5], [("2026-03-10T13:50", "Pill - is coming in 10 Minutes!"),
+                                           ("2026-03-10T14:00", "Pill is happening!"),
+                                           ("2026-03-10T19:50", "Pill - is coming in 10 Minutes!"),
+                                           ("2026-03-10T20:00", "Pill is happening!"),
+                                           ("2026-03-11T07:50", "Pill - is coming in 10 Minutes!")])
+
+    def test_the_whole_of_a_notification(self):
+        identifier = self.add("Tea", "--date", "2026-07-01", "--time", "09:30", "--alert", "1 day before")
+        self.assertEqual(self.wanted(zone="Europe/Berlin"), [{
+            "fireDate": "2026-06-30T09:30:00+02:00", "fireDateSeconds": 804497400.0,
+            "body": "Tea - is coming in 1 Day!", "owner": identifier, "ownerName": "Tea", "sound": None,
+            "badgeNumber": None}])
+        self.assertEqual(self.run_ok("notifications"), "Jun 30, 2026, 9:30 AM  Tea - is coming in 1 Day!\n")
+        self.assertEqual(self.run_ok("notifications", locale="ru_RU"),
+                         "30 июн. 2026 г., 09:30  До события «Tea»: 1 День!\n")
+
+    def test_without_alerts_nothing_is_told(self):
+        self.add("Quiet", "--date", "2026-07-01", "--alert", "none")
+        self.assertEqual(self.wanted(), [])
+        self.assertEqual(self.run_ok("notifications"), "No notifications\n")
+
+    def test_refreshing_says_nothing(self):
+        self.assertEqual(self.run_ok("notifications", "refresh"), "")
+        self.refused(2, "notifications", "unknown")
+
+
+if __name__ == "__main__":
+    program.main()
