@@ -6,6 +6,7 @@
 
 #include "Classes/Event/EventLocalStore.h"
 #include "Classes/Event/HHEvent.h"
+#include "alerts/AppBadge.h"
 #include "alerts/EventNotification.h"
 #include "alerts/EventNotifications.h"
 #include "alerts/NearestNotifications.h"
@@ -27,8 +28,14 @@ constexpr auto kAllTypes =
                                        static_cast<unsigned>(UserNotificationTypes::sound) |
                                        static_cast<unsigned>(UserNotificationTypes::alert));
 
-Notifications nearest(std::size_t count) {
-    return nearestNotifications(EventLocalStore::shared().allEvents(), {}, count);
+/// The events' notifications and those that set the badge.
+Notifications nearest(const AppBadge::Events& events, std::size_t count) {
+    return nearestNotifications(events, AppBadge::silentNotifications(events, Environment::current().now()), count);
+}
+
+void setBadgeNumber(LocalNotifications& device, const AppBadge::Events& events) {
+    const auto number = AppBadge::currentNumber(events, Environment::current().now());
+    if (number && *number != device.applicationIconBadgeNumber()) device.setApplicationIconBadgeNumber(*number);
 }
 
 /// Due, of an event that is still there: the device has yet to show it.
@@ -172,11 +179,13 @@ void NotificationsManager::performRefresh() {
     const Lock changing(changeMutex_);
     Notifications scheduled = device->scheduledLocalNotifications();
     const Notifications shown = takeShown(scheduled);
-    apply(*device, scheduled, nearest(roomBeside(shown)));
+    const AppBadge::Events events = EventLocalStore::shared().allEvents();
+    apply(*device, scheduled, nearest(events, roomBeside(shown)));
+    setBadgeNumber(*device, events);
 }
 
 std::vector<LocalNotification> NotificationsManager::wantedNotifications() {
-    return nearest(LocalNotifications::kMaximumCount);
+    return nearest(EventLocalStore::shared().allEvents(), LocalNotifications::kMaximumCount);
 }
 
 void NotificationsManager::setPresenter(const std::shared_ptr<NotificationPresenter>& presenter) {

@@ -40,11 +40,11 @@ public:
     /// Carries out the updates and removals that wait, and returns when that is done. For the end of a command.
     static void flush();
 
-    /// Builds everything anew on the global queue.
+    /// Builds everything anew on the global queue, and sets the badge's number.
     static void refresh();
     /// The same on the calling thread; returns when it is done.
     static void syncRefresh();
-    /// What a refresh would schedule: the first notifications of all events, by fire date.
+    /// What a refresh would schedule: the first notifications of all events and of the badge, by fire date.
     [[nodiscard]] static std::vector<LocalNotification> wantedNotifications();
 
     /// Shows one that fired while the program is in sight, with its sound; on the main queue.

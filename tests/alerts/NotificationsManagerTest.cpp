@@ -1,6 +1,7 @@
 #include "alerts/NotificationsManager.h"
 
 #include "AlertsFixture.h"
+#include "alerts/AppBadge.h"
 #include "alerts/EventNotifications.h"
 #include "alerts/NotificationDifference.h"
 #include "alerts/NotificationPresenter.h"
@@ -11,9 +12,9 @@ namespace dayward {
 namespace {
 
 using testing::Contains;
-using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Not;
 using testing::SizeIs;
 
 constexpr TimeInterval kDelay = NotificationsManager::kDelay;
@@ -146,6 +147,23 @@ TEST_F(NotificationsManagerTest, WhatIsDueStaysUntilTheDeviceHasShownIt) {
     NotificationsManager::syncRefresh();
     EXPECT_EQ(scheduled().front(), "2026-03-13T00:00:00 Event 003 is happening!");
     EXPECT_THAT(scheduled(), SizeIs(64));
+}
+
+TEST_F(NotificationsManagerTest, TheBadgesNotificationsShareTheLimitAndItsNumberIsSet) {
+    addDays(100);
+    AppBadge::setType(BadgeType::daysBeforeEvent);
+    AppBadge::setEventKey("003");
+    NotificationsManager::syncRefresh();
+    EXPECT_THAT(scheduled(), SizeIs(64));
+    EXPECT_THAT(scheduled(), Contains("2026-03-11T00:00:00 "));
+    EXPECT_EQ(device->applicationIconBadgeNumber(), 3);
+    const int changes = device->changes();
+    NotificationsManager::syncRefresh();
+    EXPECT_EQ(device->changes(), changes);
+    store().removeEvent(store().eventByIdentifier("003"));
+    NotificationsManager::syncRefresh();
+    EXPECT_THAT(scheduled(), Not(Contains("2026-03-11T00:00:00 ")));
+    EXPECT_EQ(device->applicationIconBadgeNumber(), 3);
 }
 
 TEST_F(NotificationsManagerTest, PermissionIsAskedOnceAndNotBeforeTheFirstEvent) {

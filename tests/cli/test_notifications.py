@@ -36,7 +36,7 @@ class Notifications(ProgramTest):
 
     def test_alerts_after_the_event(self):
         self.add("Tea", "--date", "2026-03-10", "--time", "11:00", "--alert", "2 hours after", "--alert", "30 minutes after")
-        self.assertEqual(self.told(), [("2026-03-10T13:00", "2 Hours since last Tea!")])
+        self.assertEqual(self.told(), [("2026-03-10T13:00", "Tea since last 2 Hours!")])
 
     def test_an_alert_of_months_across_month_ends(self):
         self.add("Rent 28", "--date", "2026-04-28", "--alert", "1 month before")
