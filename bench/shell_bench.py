@@ -57,11 +57,11 @@ def start(figures, homes):
     for count in homes:
         figures.add(f"app_start_{count}/floor", shown - begin)
         figures.add(f"app_pictures_{count}/floor", shown - begin)
-    few, _, many = COUNTS
+    few, some, many = COUNTS
     figures.add(f"app_start_{many}/few", figures[f"app_start_{few}/ours"]["values"][-1])
     figures.add("app_memory/ours", resident[many], "B")
     figures.add("app_memory/floor", floor, "B")
-    figures.add("app_memory_event/ours", (resident[many] - resident[few]) / (many - few), "B")
+    figures.add("app_memory_event/ours", (resident[many] - resident[some]) / (many - some), "B")
     figures.add("app_memory_event/limit", 2048, "B")
 
 

@@ -14,14 +14,16 @@ Image::Image(int width, int height, Data rgba) : width_(width), height_(height),
     if (!isValid) fatalError("an image's pixels do not match its size");
 }
 
-Result<Image> Image::decode(const Data& bytes) {
+Result<Image> Image::decode(const Data& bytes) { return decode(bytes, kWholeSize); }
+
+Result<Image> Image::decode(const Data& bytes, PixelSize filling) {
     constexpr std::array<std::uint8_t, 4> kPNG{0x89, 'P', 'N', 'G'};
     constexpr std::array<std::uint8_t, 3> kJPEG{0xFF, 0xD8, 0xFF};
     const auto beginsWith = [&](const auto& mark) {
         return bytes.size() >= mark.size() && std::equal(mark.begin(), mark.end(), bytes.begin());
     };
     if (beginsWith(kPNG)) return decodePNG(bytes);
-    if (beginsWith(kJPEG)) return decodeJPEG(bytes);
+    if (beginsWith(kJPEG)) return decodeJPEG(bytes, filling);
     return imageFailure(bytes.empty() ? "empty" : "neither PNG nor JPEG");
 }
 

@@ -91,6 +91,18 @@ struct Decoder {
         return true;
     }
 
+    /// The least size that the library decodes to and that still fills the place.
+    void shrinkToFill(PixelSize place) {
+        const auto fills = [&](unsigned eighths) {
+            return std::uint64_t(info.image_width) * eighths >= 8 * std::uint64_t(std::max(0, place.width)) &&
+                   std::uint64_t(info.image_height) * eighths >= 8 * std::uint64_t(std::max(0, place.height));
+        };
+        info.scale_num = 1;
+        info.scale_denom = 8;
+        while (info.scale_num < 8 && !fills(info.scale_num)) ++info.scale_num;
+        jpeg_calc_output_dimensions(&info);
+    }
+
     bool readPixels(std::uint8_t* rgba) {
         if (setjmp(errors.jump)) return false;
         const bool hasInks = info.jpeg_color_space == JCS_CMYK || info.jpeg_color_space == JCS_YCCK;
@@ -158,13 +170,16 @@ std::unexpected<Error> jpegError(const ErrorManager& errors) {
 
 }  // namespace
 
-Result<Image> Image::decodeJPEG(const Data& bytes) {
+Result<Image> Image::decodeJPEG(const Data& bytes) { return decodeJPEG(bytes, kWholeSize); }
+
+Result<Image> Image::decodeJPEG(const Data& bytes, PixelSize filling) {
     if (bytes.empty()) return imageFailure("empty");
     Decoder decoder;
     if (!decoder.readHeader(bytes)) return jpegError(decoder.errors);
-    const auto width = decoder.info.image_width;
-    const auto height = decoder.info.image_height;
-    TRY_VOID(checkImageSize(width, height, bytes.size(), kPixelsPerByte));
+    TRY_VOID(checkImageSize(decoder.info.image_width, decoder.info.image_height, bytes.size(), kPixelsPerByte));
+    decoder.shrinkToFill(filling);
+    const auto width = decoder.info.output_width;
+    const auto height = decoder.info.output_height;
     Data rgba(4 * static_cast<std::size_t>(width) * height);
     if (!decoder.readPixels(rgba.data())) return jpegError(decoder.errors);
     return Image(static_cast<int>(width), static_cast<int>(height), std::move(rgba));

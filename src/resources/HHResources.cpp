@@ -34,13 +34,19 @@ struct ResourceImages {
     ImageCache cache;
 };
 
-std::shared_ptr<const Image> readImage(std::string_view fileName) {
+/// Null where there is none or it cannot be read.
+std::shared_ptr<const Image> readImage(std::string_view fileName, std::optional<PixelSize> filling = {}) {
     const auto path = HHResources::pathForFileName(fileName);
     if (!path) return nullptr;
     const auto bytes = Environment::current().files().readFile(*path);
     if (!bytes) return nullptr;
-    auto image = Image::decode(*bytes);
+    auto image = filling ? Image::decode(*bytes, *filling) : Image::decode(*bytes);
     return image ? std::make_shared<const Image>(*std::move(image)) : nullptr;
+}
+
+std::shared_ptr<const Image> emptyImage() {
+    static const auto empty = std::make_shared<const Image>();
+    return empty;
 }
 
 std::vector<Color> colorsOf(std::initializer_list<const char*> hexes) {
@@ -107,12 +113,15 @@ std::shared_ptr<const Image> HHResources::image(std::string_view fileName) {
     auto& cache = Environment::current().shared<ResourceImages>().cache;
     if (auto cached = cache.image(fileName)) return cached;
     auto image = readImage(fileName);
-    if (!image) {
-        static const auto empty = std::make_shared<const Image>();
-        return empty;
-    }
+    if (!image) return emptyImage();
     cache.setImage(image, fileName);
     return image;
+}
+
+std::shared_ptr<const Image> HHResources::image(std::string_view fileName, PixelSize filling) {
+    if (auto cached = cachedImage(fileName)) return cached;
+    auto image = readImage(fileName, filling);
+    return image ? image : emptyImage();
 }
 
 }  // namespace dayward

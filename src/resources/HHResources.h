@@ -40,6 +40,8 @@ public:
     /// The picture of a resource's file name, decoded once while it is in use; the empty image where
     /// there is none or it cannot be read. Never null.
     static std::shared_ptr<const Image> image(std::string_view fileName);
+    /// The same for a place that it is to fill: maybe smaller, and then kept by nobody but the caller.
+    static std::shared_ptr<const Image> image(std::string_view fileName, PixelSize filling);
     /// The same where it is at hand, else null; reads no file.
     static std::shared_ptr<const Image> cachedImage(std::string_view fileName);
 };

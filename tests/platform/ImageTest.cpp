@@ -103,6 +103,34 @@ TEST(Image, jpegIsNearAndSmallerWithLessQuality) {
     EXPECT_EQ(image.jpegData(5)->size(), fine.size());
 }
 
+TEST(Image, jpegForAPlaceFillsItAndIsNoLargerThanNeeded) {
+    const Image image = picture(200, 100);
+    const Data jpeg = *image.jpegData(1);
+    struct Case {
+        PixelSize place, expected;
+    };
+    for (const auto& [place, expected] :
+         {Case{{50, 10}, {50, 25}}, Case{{10, 50}, {100, 50}}, Case{{51, 10}, {75, 38}}, Case{{0, 0}, {25, 13}},
+          Case{{-1, 5}, {25, 13}}, Case{{200, 100}, {200, 100}}, Case{{900, 10}, {200, 100}}}) {
+        const auto shrunk = Image::decode(jpeg, place);
+        ASSERT_TRUE(shrunk);
+        EXPECT_EQ((PixelSize{shrunk->width(), shrunk->height()}), expected) << place.width << " " << place.height;
+    }
+    // The same picture: its corners stand where they were.
+    const Image half = *Image::decode(jpeg, {100, 50});
+    const auto channel = [](const Image& from, int x, int y, int of) {
+        return from.rgba()[static_cast<std::size_t>(4 * (y * from.width() + x) + of)];
+    };
+    for (const int x : {10, 90}) {
+        for (const int y : {5, 45}) {
+            for (const int of : {0, 1, 2}) {
+                EXPECT_NEAR(channel(half, x, y, of), channel(image, 2 * x, 2 * y, of), 12) << x << " " << y;
+            }
+        }
+    }
+    EXPECT_EQ(Image::decode(*image.pngData(), {50, 10})->width(), 200);
+}
+
 TEST(Image, jpegDropsAlphaOntoWhite) {
     Data rgba;
     for (int i = 0; i < 256; ++i) rgba.insert(rgba.end(), {255, 0, 0, 128});

@@ -12,6 +12,9 @@ public:
     using NamedPicture::NamedPicture;
 
     [[nodiscard]] std::shared_ptr<const Image> getImage() const override { return namedImage(); }
+    [[nodiscard]] std::shared_ptr<const Image> getImageFilling(PixelSize size) const override {
+        return namedImage(size);
+    }
 
     [[nodiscard]] std::vector<std::string> archiveClassNames() const override {
         return {kArchiveClass, kBaseArchiveClass};

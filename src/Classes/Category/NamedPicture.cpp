@@ -17,6 +17,10 @@ bool NamedPicture::isEqual(const Archivable& other) const {
 
 std::shared_ptr<const Image> NamedPicture::namedImage() const { return HHResources::image(named_); }
 
+std::shared_ptr<const Image> NamedPicture::namedImage(PixelSize filling) const {
+    return HHResources::image(named_, filling);
+}
+
 void NamedPicture::namedImage(const std::function<void(std::shared_ptr<const Image>)>& completion) const {
     if (auto cached = HHResources::cachedImage(named_)) return completion(std::move(cached));
     Queues& queues = Environment::current().queues();

@@ -26,6 +26,8 @@ public:
 
 protected:
     [[nodiscard]] std::shared_ptr<const Image> namedImage() const;
+    /// The same for a place that it is to fill, maybe smaller.
+    [[nodiscard]] std::shared_ptr<const Image> namedImage(PixelSize filling) const;
     /// An image that is at hand at once, else on the main queue once it is read.
     void namedImage(const std::function<void(std::shared_ptr<const Image>)>& completion) const;
 

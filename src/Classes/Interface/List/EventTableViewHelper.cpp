@@ -100,7 +100,7 @@ void EventTableViewHelper::getBackgroundImageCellForEvent(const HHEvent& event, 
 
 std::shared_ptr<const Image> EventTableViewHelper::createBackgroundImageCellForPicture(
     const EventBackgroundPicture& picture, PixelSize size) {
-    return std::make_shared<const Image>(onWhite(scaledToFill(*picture.getImage(), size)));
+    return std::make_shared<const Image>(onWhite(scaledToFill(*picture.getImageFilling(size), size)));
 }
 
 }  // namespace dayward
