@@ -148,8 +148,9 @@ class Sent:
         self.actions = dict(zip(map(str, actions[::2]), map(str, actions[1::2])))
 
 
-def on_bus(needed=()):
-    """Runs this program again on a session bus of its own; returns there, with the arguments."""
+def on_bus(needed=(), services=None, screen=None):
+    """Runs this program again on a session bus of its own, with a display of that size where one is asked for; returns
+    there, with the arguments. `services` gives the names and programs that the bus can start, from the arguments."""
     missing = [program for program in ("dbus-run-session", "dbus-monitor", *needed) if not shutil.which(program)]
     try:
         import dbusmock  # noqa: F401
@@ -162,9 +163,17 @@ def on_bus(needed=()):
         return sys.argv[1:-1]
     with tempfile.TemporaryDirectory(prefix="dayward-run-") as runtime:
         kept = {name: value for name, value in os.environ.items()
-                if not name.startswith(("DAYWARD", "XDG", "WAYLAND", "DISPLAY", "DBUS", "LC_", "TZ"))}
-        kept |= {"XDG_RUNTIME_DIR": runtime, "HOME": runtime, "LC_ALL": "C.UTF-8"}
-        sys.exit(subprocess.run(["dbus-run-session", "--", sys.executable, *sys.argv, "--inside"], env=kept).returncode)
+                if not name.startswith(("DAYWARD", "XDG", "WAYLAND", "DISPLAY", "DBUS", "QT_", "LC_", "TZ"))}
+        kept |= {"XDG_RUNTIME_DIR": runtime, "HOME": runtime, "LC_ALL": "C.UTF-8", "TZ": "UTC"}
+        directory = pathlib.Path(runtime, ".local/share/dbus-1/services")
+        directory.mkdir(parents=True)
+        for name, program in (services(sys.argv[1:]) if services else {}).items():
+            (directory / f"{name}.service").write_text(f"[D-BUS Service]\nName={name}\nExec={program}\n")
+        command = ["dbus-run-session", "--", sys.executable, *sys.argv, "--inside"]
+        if screen:
+            kept |= {"DAYWARD_TEST_SCREEN": runtime, "QT_QPA_PLATFORM": "xcb"}
+            command = ["xvfb-run", "-a", "-s", f"-screen 0 {screen}x24 -fbdir {runtime}", *command]
+        sys.exit(subprocess.run(command, env=kept).returncode)
 
 
 class Moment:
@@ -233,13 +242,13 @@ class DrivenAgent:
         self.wait()
 
 
-def write_schedule(state, scheduled):
-    """Replaces the schedule of a home, given its state directory."""
+def write_schedule(state, scheduled, now):
+    """The schedule of a home, given its state directory, as a fetch of just now left it: it stands for no events."""
     state.mkdir(parents=True, exist_ok=True)
-    new = state / "schedule.new"
-    new.write_bytes(archived({"version": 1, "scheduled": scheduled, "snoozed": [], "withdrawn": [], "badgeNumber": 0,
-                              "needsRebuild": False}))
-    new.rename(state / "notifications.schedule")
+    (state / "notifications.schedule").write_bytes(archived(
+        {"version": 1, "scheduled": scheduled, "snoozed": [], "withdrawn": [], "badgeNumber": 0, "needsRebuild": False}))
+    (state / "notifications.delivered").write_bytes(archived(
+        {"version": 1, "recent": [], "earlier": "", "fetched": Moment(now)}))
 
 
 def alert(body, due, owner="E-1", **more):

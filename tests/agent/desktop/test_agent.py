@@ -22,7 +22,7 @@ class AgentTest(DesktopTest):
         self.env = os.environ | {"TZ": "UTC"}
 
     def start_agent(self, *scheduled):
-        write_schedule(self.home / "state", list(scheduled))
+        write_schedule(self.home / "state", list(scheduled), NOON)
         self.agent = DrivenAgent(self, AGENT, NOON, "--home", self.home, env=self.env)
 
     def agent_name(self):
@@ -50,13 +50,13 @@ class Firing(AgentTest):
 
     def test_a_sleep_ends_with_a_digest_and_one_late_alert_tells_its_time(self):
         self.service = self.start_service()
-        self.start_agent(*[alert(f"E{hour}", NOON + hour * HOUR, owner=f"E-{hour}") for hour in (1, 2, 3, 6)])
-        self.agent.jump_to(NOON + 5 * HOUR)
+        self.start_agent(*[alert(f"E{minute}", NOON + minute * MINUTE) for minute in (10, 20, 30, 90)])
+        self.agent.jump_to(NOON + HOUR)
         digest, = self.service.bubbles()
         self.assertEqual(digest.summary, "3 missed alerts")
-        self.assertEqual([line.split(" – ")[1] for line in digest.body.splitlines()], ["E1", "E2", "E3"])
-        self.agent.jump_to(NOON + 7 * HOUR)
-        self.assertEqual(self.bodies()[1], "E6\n6:00 PM")
+        self.assertEqual([line.split(" – ")[1] for line in digest.body.splitlines()], ["E10", "E20", "E30"])
+        self.agent.jump_to(NOON + 2 * HOUR)
+        self.assertEqual(self.bodies()[1], "E90\n1:30 PM")
 
     def test_without_actions_there_are_no_buttons(self):
         self.service = self.start_service("body")
