@@ -54,14 +54,14 @@ struct ContentMaker {
                 {"date", qtText(look.date)},
                 {"countdown", qtText(look.countdown)}};
     }
-    QVariantMap operator()(const EventHeaderContent& header) const {
-        return {{"icon", pictures.add(header.icon)},
-                {"iconInherited", header.iconInherited},
-                {"iconHelp", qtText(header.iconHelp)},
-                {"name", qtText(header.name.text)},
-                {"namePlaceholder", qtText(header.name.placeholder)},
-                {"categoryPlaceholder", qtText(header.categoryPlaceholder)},
-                {"category", qtText(header.category)}};
+    QVariantMap operator()(const EventEditHeaderCell& header) const {
+        return {{"icon", pictures.add(header.iconView)},
+                {"iconInherited", header.iconCategoryMark},
+                {"iconHelp", qtText(header.iconHelpLabel)},
+                {"name", qtText(header.nameField.text)},
+                {"namePlaceholder", qtText(header.nameField.placeholder)},
+                {"categoryPlaceholder", qtText(header.categoryField.placeholderLabel)},
+                {"category", qtText(header.categoryField.text)}};
     }
 };
 

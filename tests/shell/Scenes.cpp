@@ -106,13 +106,13 @@ std::vector<Scene> scenes() {
          [](Stage& stage) {
              stage.shell.navigation().present(std::make_shared<EventEditViewController>());
              TableScreen& screen = top(stage);
-             screen.tapItem(*screen.pathOfRow("header"), EventHeaderContent::iconPart);
+             screen.tapItem(*screen.pathOfRow("header"), EventEditHeaderCell::iconPart);
          }},
         {"editor-category",
          [](Stage& stage) {
              stage.shell.navigation().present(std::make_shared<EventEditViewController>());
              TableScreen& screen = top(stage);
-             screen.tapItem(*screen.pathOfRow("header"), EventHeaderContent::categoryPart);
+             screen.tapItem(*screen.pathOfRow("header"), EventEditHeaderCell::categoryPart);
          }},
     };
 }

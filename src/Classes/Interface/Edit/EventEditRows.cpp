@@ -30,18 +30,14 @@ TableRow EventEditViewController::headerRow() {
     row.id = "header";
     row.kind = RowKind::eventHeader;
     row.startsFocused = !isStored();
-    row.content = EventHeaderContent{.icon = Interface::thumbnailForEventIcon(state_.displayIcon()),
-                                     .iconInherited = !state_.icon,
-                                     .iconHelp = state_.icon ? std::string() : localized("select"),
-                                     .name = {state_.name.value_or(""), localized("Event name")},
-                                     .categoryPlaceholder = localized("Category"),
-                                     .category = state_.category->name.value_or("")};
-    row.actions.editText = [this](const std::string& text) {
-        state_.name = text;
-        didChange();
-    };
+    row.content = EventEditHeaderCell{.iconView = Interface::thumbnailViewForEventIcon(state_.displayIcon()),
+                                     .iconCategoryMark = !state_.icon,
+                                     .iconHelpLabel = state_.icon ? std::string() : localized("select"),
+                                     .nameField = {state_.name.value_or(""), localized("Event name")},
+                                     .categoryField = {localized("Category"), state_.category->name.value_or("")}};
+    row.actions.editText = [this](const std::string& text) { eventEditHeaderCellDidChangeName(text); };
     row.actions.tapItem = [this](std::size_t part) {
-        part == EventHeaderContent::iconPart ? openIcons() : openCategories();
+        part == EventEditHeaderCell::iconPart ? eventEditHeaderCellTapOnIcon() : eventEditHeaderCellTapOnCategory();
     };
     return row;
 }
@@ -51,8 +47,8 @@ TableRow EventEditViewController::lookRow() const {
     TableRow row;
     row.id = "look";
     row.kind = RowKind::look;
-    row.content = LookContent{.background = Interface::thumbnailForEventBackground(state_.displayBackground()),
-                              .icon = Interface::thumbnailForEventIcon(state_.displayIcon()),
+    row.content = LookContent{.background = Interface::thumbnailViewForEventBackground(state_.displayBackground()),
+                              .icon = Interface::thumbnailViewForEventIcon(state_.displayIcon()),
                               .fontName = state_.displayFont(),
                               .textColor = state_.displayTextColor(),
                               .title = std::move(text.title),
@@ -70,10 +66,8 @@ TableSection EventEditViewController::datesSection() {
     section.rows.push_back(openingRow("repeat", localized("Repeat"), Interface::descriptionRRule(state_.rrule()),
                                       [this] { openRepeat(); }));
     if (!state_.repeatsYearly()) return section;
-    section.rows.push_back(toggleRow("showAge", localized("Show age"), state_.showAge, [this](bool on) {
-        state_.showAge = on;
-        didChange();
-    }));
+    section.rows.push_back(toggleRow("showAge", localized("Show age"), state_.showAge,
+                                     [this](bool on) { showAgeValueChanged(on); }));
     return section;
 }
 
@@ -94,7 +88,7 @@ TableSection EventEditViewController::lookSection() {
 TableRow EventEditViewController::backgroundRow() {
     TableRow row = openingRow("background", localized("Background"), {}, [this] { openBackgrounds(); });
     row.kind = RowKind::picture;
-    row.content = Interface::thumbnailForEventBackground(state_.displayBackground());
+    row.content = Interface::thumbnailViewForEventBackground(state_.displayBackground());
     row.inherited = !state_.background;
     return row;
 }

@@ -36,12 +36,12 @@ void EventEditViewController::take(Field& field, const Value& value) {
     didChange();
 }
 
-void EventEditViewController::openIcons() {
+void EventEditViewController::eventEditHeaderCellTapOnIcon() {
     push<IconsViewController>(state_.icon, fromCategory(!state_.icon, [this] { take(state_.icon, nullptr); }),
                               [this](const IconsViewController::Icon& icon) { take(state_.icon, icon); });
 }
 
-void EventEditViewController::openCategories() {
+void EventEditViewController::eventEditHeaderCellTapOnCategory() {
     push<CategoriesViewController>(state_.category, [this](const CategoriesViewController::Category& category) {
         state_.setCategory(category);
         didChange();

@@ -91,6 +91,16 @@ void EventEditViewController::completeWithAlerts(AlertsViewController&, const st
     didChange();
 }
 
+void EventEditViewController::showAgeValueChanged(bool on) {
+    state_.showAge = on;
+    didChange();
+}
+
+void EventEditViewController::eventEditHeaderCellDidChangeName(const std::string& name) {
+    state_.name = name;
+    didChange();
+}
+
 void EventEditViewController::didChange() {
     state_.writeTo(preview_);
     reloadData();

@@ -36,6 +36,11 @@ public:
     /// Removes the event without a question.
     void deleteAction();
     void showDeleteActionAlert();
+    void showAgeValueChanged(bool on);
+    /// Open the galleries of icons and of categories.
+    void eventEditHeaderCellTapOnIcon();
+    void eventEditHeaderCellTapOnCategory();
+    void eventEditHeaderCellDidChangeName(const std::string& name);
     /// The countdown of the look goes on; once a second while the screen is in sight.
     void timerAction() { reloadData(); }
 
@@ -59,8 +64,6 @@ private:
     [[nodiscard]] TableRow fontRow();
     [[nodiscard]] TableRow textColorRow();
 
-    void openIcons();
-    void openCategories();
     void openDate();
     void openDuration();
     void openRepeat();

@@ -22,12 +22,12 @@ RowPicture identified(RowPicture thumbnail, const Picture& picture, const HHEven
 
 RowPicture eventIcon(const HHEvent& event) {
     const auto icon = event.displayIcon();
-    return identified<LoadEventIconPicture>(Interface::thumbnailForEventIcon(icon), *icon, event);
+    return identified<LoadEventIconPicture>(Interface::thumbnailViewForEventIcon(icon), *icon, event);
 }
 
 RowPicture eventBackground(const HHEvent& event) {
     const auto background = event.displayBackground();
-    return identified<LoadEventBackgroundPicture>(Interface::thumbnailForEventBackground(background), *background,
+    return identified<LoadEventBackgroundPicture>(Interface::thumbnailViewForEventBackground(background), *background,
                                                   event);
 }
 

@@ -50,9 +50,9 @@ public:
     /// "Abbreviation", "Symbol" or "Full".
     static std::string nameOfTextStyle(TextStyle style);
 
-    static RowPicture thumbnailForEventIcon(std::shared_ptr<const EventIconPicture> icon);
-    static RowPicture thumbnailForEventBackground(std::shared_ptr<const EventBackgroundPicture> background);
-    static RowPicture thumbnailForBackgroundTpl(std::shared_ptr<const EventBackgroundTemplate> tpl);
+    static RowPicture thumbnailViewForEventIcon(std::shared_ptr<const EventIconPicture> icon);
+    static RowPicture thumbnailViewForEventBackground(std::shared_ptr<const EventBackgroundPicture> background);
+    static RowPicture thumbnailViewForBackgroundTpl(std::shared_ptr<const EventBackgroundTemplate> tpl);
 };
 
 }  // namespace dayward

@@ -38,15 +38,15 @@ RowPicture thumbnail(std::shared_ptr<const Picture> picture) {
 
 }  // namespace
 
-RowPicture Interface::thumbnailForEventIcon(std::shared_ptr<const EventIconPicture> icon) {
+RowPicture Interface::thumbnailViewForEventIcon(std::shared_ptr<const EventIconPicture> icon) {
     return thumbnail(std::move(icon));
 }
 
-RowPicture Interface::thumbnailForEventBackground(std::shared_ptr<const EventBackgroundPicture> background) {
+RowPicture Interface::thumbnailViewForEventBackground(std::shared_ptr<const EventBackgroundPicture> background) {
     return thumbnail(std::move(background));
 }
 
-RowPicture Interface::thumbnailForBackgroundTpl(std::shared_ptr<const EventBackgroundTemplate> tpl) {
+RowPicture Interface::thumbnailViewForBackgroundTpl(std::shared_ptr<const EventBackgroundTemplate> tpl) {
     return thumbnail(std::move(tpl));
 }
 

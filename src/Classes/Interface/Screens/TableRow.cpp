@@ -39,10 +39,10 @@ void addContent(Sentence& sentence, const RowValue& row) {
     if (const auto* look = std::get_if<LookContent>(&row.content)) {
         for (const std::string& part : {look->title, look->date, look->countdown}) sentence.add(part);
     }
-    if (const auto* header = std::get_if<EventHeaderContent>(&row.content)) {
-        sentence.add(header->name.text.empty() ? header->name.placeholder : header->name.text);
-        sentence.add(header->categoryPlaceholder);
-        sentence.add(header->category);
+    if (const auto* header = std::get_if<EventEditHeaderCell>(&row.content)) {
+        sentence.add(header->nameField.text.empty() ? header->nameField.placeholder : header->nameField.text);
+        sentence.add(header->categoryField.placeholderLabel);
+        sentence.add(header->categoryField.text);
     }
 }
 

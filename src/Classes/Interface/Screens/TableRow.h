@@ -30,7 +30,7 @@ enum class RowKind {
     picture,      ///< label and a picture; RowPicture
     color,        ///< label and a colour; Color
     look,         ///< an event as its look makes it; LookContent
-    eventHeader,  ///< icon, name and category of an event; EventHeaderContent
+    eventHeader,  ///< icon, name and category of an event; EventEditHeaderCell
     action,       ///< a label that does something
     destructive,  ///< the same for what cannot be taken back
 };
@@ -93,16 +93,20 @@ struct LookContent {
     bool operator==(const LookContent&) const = default;
 };
 
-struct EventHeaderContent {
+struct EventEditHeaderCell {
+    struct CategoryField {
+        std::string placeholderLabel;  ///< says what the text is
+        std::string text;
+        bool operator==(const CategoryField&) const = default;
+    };
     /// The parts to tap, for TableScreen::tapItem.
     enum Part : std::size_t { iconPart, categoryPart };
-    RowPicture icon;
-    bool iconInherited = false;
-    std::string iconHelp;  ///< stands on the icon; empty for none
-    TextContent name;
-    std::string categoryPlaceholder;
-    std::string category;
-    bool operator==(const EventHeaderContent&) const = default;
+    RowPicture iconView;
+    bool iconCategoryMark = false;  ///< the icon comes from the category
+    std::string iconHelpLabel;      ///< stands on the icon; empty for none
+    TextContent nameField;
+    CategoryField categoryField;
+    bool operator==(const EventEditHeaderCell&) const = default;
 };
 
 /// All that can be seen and heard of a row.
@@ -112,7 +116,7 @@ struct RowValue {
     std::string label;
     std::string detail;
     std::variant<std::monostate, TextContent, DateContent, WheelsContent, GridContent, RowPicture, Color, LookContent,
-                 EventHeaderContent>
+                 EventEditHeaderCell>
         content;
     std::optional<bool> on;    ///< a switch in the row
     std::optional<bool> open;  ///< the content below the label opens and closes with a tap

@@ -55,7 +55,7 @@ void TableScreen::editText(IndexPath path, const std::string& text) {
     TableRow* row = usableRow(path);
     if (row == nullptr || !row->actions.editText) return;
     if (auto* content = std::get_if<TextContent>(&row->content)) content->text = text;
-    if (auto* header = std::get_if<EventHeaderContent>(&row->content)) header->name.text = text;
+    if (auto* header = std::get_if<EventEditHeaderCell>(&row->content)) header->nameField.text = text;
     const auto action = row->actions.editText;
     action(text);
 }

@@ -60,7 +60,7 @@ GalleryViewController::Cell BackgroundsViewController::cell(const Background& ba
     if (const auto* color = dynamic_cast<const ColorPicture*>(background.get())) {
         item.color = color->color();
     } else {
-        item.picture = Interface::thumbnailForEventBackground(background);
+        item.picture = Interface::thumbnailViewForEventBackground(background);
     }
     return {std::move(item), [this, background] {
                 finish([this, background] {

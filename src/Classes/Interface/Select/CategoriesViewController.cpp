@@ -56,7 +56,7 @@ TableRow CategoriesViewController::rowOf(const Category& category, bool isFirst)
     TableRow row = checkRow("category:" + category->key, name.empty() ? localized("No name") : name, isChecked,
                             [this, category] { didSelect(category); });
     if (mode_ == Mode::manage) row.kind = RowKind::value;
-    row.content = Interface::thumbnailForEventIcon(EventDisplay::icon(nullptr, category));
+    row.content = Interface::thumbnailViewForEventIcon(EventDisplay::icon(nullptr, category));
     row.emphasized = category->key == CategoryLocalStore::kDefaultCategoryKey;
     row.opensScreen = editing_ || mode_ == Mode::manage;
     row.canDelete = editing_ && !isFirst;

@@ -59,7 +59,7 @@ std::vector<TableSection> CategoryViewController::makeSections() {
 TableRow CategoryViewController::iconRow() {
     TableRow row = openingRow("icon", localized("Icon"), {}, [this] { openIcons(); });
     row.kind = RowKind::picture;
-    row.content = Interface::thumbnailForEventIcon(EventDisplay::icon(eventIcon_, category_));
+    row.content = Interface::thumbnailViewForEventIcon(EventDisplay::icon(eventIcon_, category_));
     return row;
 }
 
@@ -67,9 +67,9 @@ TableRow CategoryViewController::backgroundRow() {
     TableRow row = openingRow("background", localized("Background"), {}, [this] { openBackgrounds(); });
     row.kind = RowKind::picture;
     if (eventBackgroundTpl_) {
-        row.content = Interface::thumbnailForBackgroundTpl(eventBackgroundTpl_);
+        row.content = Interface::thumbnailViewForBackgroundTpl(eventBackgroundTpl_);
     } else {
-        row.content = Interface::thumbnailForEventBackground(EventDisplay::background(nullptr, nullptr, category_));
+        row.content = Interface::thumbnailViewForEventBackground(EventDisplay::background(nullptr, nullptr, category_));
     }
     return row;
 }

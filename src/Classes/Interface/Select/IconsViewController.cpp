@@ -34,7 +34,7 @@ std::vector<TableSection> IconsViewController::galleries() {
 
 GalleryViewController::Cell IconsViewController::cell(const Icon& icon, std::string label) {
     const bool isSelected = selected_ && selected_->isEqual(*icon);
-    return {{std::move(label), isSelected, {}, Interface::thumbnailForEventIcon(icon)}, [this, icon] {
+    return {{std::move(label), isSelected, {}, Interface::thumbnailViewForEventIcon(icon)}, [this, icon] {
                 finish([this, icon] {
                     Favorites::add(icon, Favorites::kIcons);
                     completionBlock_(icon);

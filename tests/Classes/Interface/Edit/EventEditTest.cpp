@@ -43,8 +43,8 @@ protected:
         return EventLocalStore::shared().eventByIdentifier(key);
     }
     [[nodiscard]] LookContent look() const { return std::get<LookContent>(shell.row("look").content); }
-    [[nodiscard]] EventHeaderContent header() const {
-        return std::get<EventHeaderContent>(shell.row("header").content);
+    [[nodiscard]] EventEditHeaderCell header() const {
+        return std::get<EventEditHeaderCell>(shell.row("header").content);
     }
     /// Every file of the documents with its content.
     [[nodiscard]] std::map<std::string, std::string> files() const {
@@ -79,8 +79,8 @@ TEST_F(EventEditTest, ShowsEveryFieldOfTheEvent) {
                 ElementsAre("", "", "--", "Date: Mar 20, 2026, 9:00 AM", "Duration: None", "Repeat: Never", "--",
                             "Units: Days", "--", "Alerts: None", "Sound: Default", "--", "Background",
                             "Font: ChalkboardSE-Bold ^", "Text color", "--", "Note: Bring cake", "--", "Delete"));
-    EXPECT_EQ(header().name.text, "Party");
-    EXPECT_EQ(header().iconHelp, "select");
+    EXPECT_EQ(header().nameField.text, "Party");
+    EXPECT_EQ(header().iconHelpLabel, "select");
     EXPECT_EQ(look().title, "Party");
     EXPECT_EQ(look().date, "Friday, March 20 at 9:00 AM");
     EXPECT_EQ(look().countdown, "10 Days");
@@ -137,7 +137,7 @@ TEST_F(EventEditTest, DoneWritesWhatEveryScreenHandedOver) {
     shell.tap("sound");
     shell.tap("choices:");
     shell.back();
-    tapHeader(EventHeaderContent::iconPart);
+    tapHeader(EventEditHeaderCell::iconPart);
     shell.tapItem("group:Love", 0);
     shell.tap("background");
     shell.tapItem("group:Sky", 0);
@@ -148,8 +148,8 @@ TEST_F(EventEditTest, DoneWritesWhatEveryScreenHandedOver) {
     shell.tap("note");
     shell.type("note", "Pack");
     shell.back();
-    EXPECT_FALSE(header().iconInherited);
-    EXPECT_EQ(header().iconHelp, "");
+    EXPECT_FALSE(header().iconCategoryMark);
+    EXPECT_EQ(header().iconHelpLabel, "");
     shell.press(BarButton::Role::done);
 
     const auto saved = stored();
@@ -214,9 +214,9 @@ TEST_F(EventEditTest, InheritsTheLookOfTheChosenCategory) {
     work->eventBackgroundTpl = std::make_shared<RColorEventBackgroundTemplate>();
     CategoryLocalStore::shared().updateCategory(work, CategoryLocalStore::Initialize::no);
     const auto editor = open(event);
-    tapHeader(EventHeaderContent::categoryPart);
+    tapHeader(EventEditHeaderCell::categoryPart);
     shell.tap("category:work");
-    EXPECT_EQ(header().category, "Work");
+    EXPECT_EQ(header().categoryField.text, "Work");
     EXPECT_THAT(shell.rows(), Contains("Font: Georgia ^"));
     EXPECT_TRUE(editor->state().randomBackground) << "picked once, and kept";
     const auto kept = editor->state().randomBackground;
