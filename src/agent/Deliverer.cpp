@@ -54,10 +54,12 @@ bool Deliverer::isOrphan(const Delivery& delivery) const {
 void Deliverer::deliver() {
     if (!read()) return;
     const TimeInterval elapsed = parts_.time.elapsed();
-    if (hasToWrite() && writeAgain_.mayTry(elapsed)) write();
-    withdrawCancelled();
-    if (displayAgain_.mayTry(elapsed)) show();
-    if (!unwritten_.isEmpty() && writeAgain_.mayTry(elapsed)) write();
+    // Marking what was shown is a change as well, in which more may be found to show.
+    do {
+        if (hasToWrite() && writeAgain_.mayTry(elapsed)) write();
+        withdrawCancelled();
+        if (displayAgain_.mayTry(elapsed)) show();
+    } while (hasToWrite() && writeAgain_.mayTry(elapsed));
     watchOthers();
 }
 

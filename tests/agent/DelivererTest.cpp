@@ -1,6 +1,9 @@
 // What is shown, when, and that it is shown once.
 #include "agent/Deliverer.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "agent/AgentFixture.h"
 
 namespace dayward {
@@ -246,6 +249,25 @@ TEST_F(DelivererTest, NothingIsLostOrShownTwiceWhereTheProcessDiesAtAnyOperation
             start();
             EXPECT_THAT(wake(), IsEmpty()) << name;
         }
+    }
+}
+
+TEST_F(DelivererTest, NothingIsLostOrShownTwiceWhereAnyOperationFailsOnce) {
+    for (std::size_t operation = 1; operation < 60; ++operation) {
+        const std::string name = std::to_string(operation) + ".";
+        add({in(1, name + "a"), in(2, name + "b")});
+        files->failOperation(operation);
+        time.pass(1);
+        std::vector<std::string> shown = wake();
+        files->heal();
+        for (int tries = 0; agent->retryAfter() && tries < 3; ++tries) {
+            time.pass(agent->retryAfter()->seconds());
+            std::ranges::copy(wake(), std::back_inserter(shown));
+        }
+        time.pass(1);
+        std::ranges::copy(wake(), std::back_inserter(shown));
+        EXPECT_THAT(shown, ElementsAre(name + "a", name + "b")) << name;
+        EXPECT_THAT(content().scheduled, IsEmpty()) << name;
     }
 }
 
