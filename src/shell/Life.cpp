@@ -13,7 +13,9 @@
 #include "Classes/Interface/Events/HHSplitViewController.h"
 #include "alerts/NotificationsManager.h"
 #include "alerts/WidgetExport.h"
+#include "platform/LocalNotifications.h"
 #include "platform/Log.h"
+#include "shell/NotificationPort.h"
 #include "shell/QtWindow.h"
 #include "shell/SingleInstance.h"
 #include "shell/TerminationSignals.h"
@@ -28,7 +30,7 @@ Life::Life(const Environment::Services& services)
                                          QStringLiteral("PrepareForSleep"), this, SLOT(prepareForSleep(bool)));
 }
 
-bool Life::run(Environment& environment, const LaunchOptions& launch, SingleInstance& instance) {
+bool Life::run(Environment& environment, const LaunchOptions& launch, const Ports& ports) {
     Shell shell(environment);
     QtWindow window(environment, shell);
     if (window.quickWindow() == nullptr) return false;
@@ -50,9 +52,11 @@ bool Life::run(Environment& environment, const LaunchOptions& launch, SingleInst
     const TerminationSignals termination([this] { close(); });
     application_.launch(delegate, launch);
     if (launch.newEvent) AppManager::presentNewEvent();
-    instance.setHandler([this](const QStringList& arguments) { takeStart(arguments); });
+    ports.instance.setHandler([this](const QStringList& arguments) { takeStart(arguments); });
+    serve(ports.notifications);
     QCoreApplication::exec();
-    instance.setHandler(nullptr);
+    ports.notifications.setHandlers({});
+    ports.instance.setHandler(nullptr);
     delegate->setWindow(nullptr);
     window_ = nullptr;
     return true;
@@ -91,6 +95,30 @@ void Life::takeStart(const QStringList& arguments) {
     if (options && options->newEvent) AppManager::presentNewEvent();
 }
 
+void Life::serve(NotificationPort& port) {
+    NotificationPort::Handlers handlers;
+    handlers.deliver = [this](const LocalNotification& notification) { return showFired(notification); };
+    handlers.open = [this](const LocalNotification& notification) {
+        LaunchOptions options;
+        options.localNotification = notification;
+        application_.open(options);
+    };
+    handlers.fetch = [this] {
+        const bool isAway = application_.applicationState() == ApplicationState::background;
+        if (isAway) application_.performFetch();
+        return isAway;
+    };
+    port.setHandlers(std::move(handlers));
+}
+
+/// A window in sight but behind others, or on another desktop, shows nothing to anybody.
+bool Life::showFired(const LocalNotification& notification) {
+    const bool isInFront =
+        application_.applicationState() == ApplicationState::active && window_->quickWindow()->isActive();
+    if (isInFront) application_.notificationDidFire(notification);
+    return isInFront;
+}
+
 void Life::prepareForSleep(bool begins) {
     if (window_ == nullptr) return;
     begins ? application_.systemWillSleep() : application_.systemDidWake();
@@ -98,6 +126,12 @@ void Life::prepareForSleep(bool begins) {
 
 void Life::raiseWindow() {
     if (window_ != nullptr) window_->raise();
+}
+
+/// Without its date nothing tells which bubble it is, and all of its event that are still to come would go.
+void Life::withdrawNotification(const LocalNotification& notification) {
+    LocalNotifications* const device = Environment::current().localNotifications();
+    if (device != nullptr && notification.fireDate) device->cancelLocalNotification(notification);
 }
 
 void Life::showBadgeNumber(std::int64_t number) {

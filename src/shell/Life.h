@@ -10,6 +10,7 @@
 
 namespace dayward {
 
+class NotificationPort;
 class QtWindow;
 class SingleInstance;
 
@@ -20,14 +21,20 @@ public:
     /// To be made before the environment of the same services.
     explicit Life(const Environment::Services& services);
 
+    /// How others on the session bus reach it.
+    struct Ports {
+        SingleInstance& instance;
+        NotificationPort& notifications;
+    };
+
     /// Launches, and runs Qt's loop until the window is closed and what must be finished is. False where
     /// the window could not be loaded.
-    bool run(Environment& environment, const LaunchOptions& launch, SingleInstance& instance);
+    bool run(Environment& environment, const LaunchOptions& launch, const Ports& ports);
 
     // Desktop
     void raiseWindow() override;
     void showBadgeNumber(std::int64_t number) override;
-    void withdrawNotification(const LocalNotification&) override {}
+    void withdrawNotification(const LocalNotification& notification) override;
 
 private slots:
     /// The machine is about to sleep, or has woken.
@@ -36,6 +43,8 @@ private slots:
 private:
     void followWindow();
     void takeStart(const QStringList& arguments);
+    void serve(NotificationPort& port);
+    bool showFired(const LocalNotification& notification);
     void close();
     void end();
 

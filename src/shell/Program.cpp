@@ -11,6 +11,8 @@
 #include "Classes/App/ArchiveRegistration.h"
 #include "Classes/App/LaunchArguments.h"
 #include "Classes/Settings/InterfaceSettings.h"
+#include "agent/desktop/AgentNotifications.h"
+#include "agent/desktop/BusNames.h"
 #include "cli/ProgramVersion.h"
 #include "platform/FileSystem.h"
 #include "platform/Strings.h"
@@ -18,6 +20,7 @@
 #include "platform/linux/AsioQueues.h"
 #include "platform/linux/LinuxEnvironment.h"
 #include "shell/Life.h"
+#include "shell/NotificationPort.h"
 #include "shell/QtAudioDevice.h"
 #include "shell/QtMainLoop.h"
 #include "shell/QtStart.h"
@@ -39,11 +42,12 @@ struct Options {
     std::vector<std::string> launch;
 };
 
-std::string resourceDirectory() {
+std::filesystem::path programDirectory() {
     std::error_code error;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return (program.parent_path().parent_path() / "share" / "dayward").string();
+    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
 }
+
+std::string resourceDirectory() { return (programDirectory().parent_path() / "share" / "dayward").string(); }
 
 void complain(const std::string& line) { std::cerr << kName << ": " << line << std::endl; }
 
@@ -79,7 +83,10 @@ QStringList qtArguments(const std::vector<std::string>& arguments) {
 
 int run(const Options& options, const LaunchOptions& launch) {
     const QTemporaryDir scratch;
-    SingleInstance instance;
+    const BusHome home = BusHome::of(options.home);
+    NotificationPort port(home.directory);
+    SingleInstance instance(QString::fromStdString(applicationBusName(home)));
+    if (!options.selfTest) port.registerObject();
     if (!options.selfTest && instance.begin(qtArguments(options.launch)) == SingleInstance::Role::later) return done;
     const auto queues = std::make_shared<AsioQueues>();
     auto services = makeServices(options.selfTest ? scratch.path().toStdString() : options.home, queues);
@@ -87,13 +94,17 @@ int run(const Options& options, const LaunchOptions& launch) {
         complain(services.error().description());
         return failed;
     }
+    const auto scheduled = std::make_shared<AgentNotifications>(std::move(services->localNotifications),
+                                                                AgentClient(home, programDirectory().string()));
+    services->localNotifications = scheduled;
     Life life(*services);
     Environment environment(std::move(*services));
     const EnvironmentScope scope(&environment);
     const QtMainLoop loop(queues->mainLoop());
     CCApp::setInformation(AppInfo::information(kProgramVersion));
     if (options.selfTest) return passesSelfTest(environment) ? done : failed;
-    return life.run(environment, launch, instance) ? done : failed;
+    queues->global().async([scheduled] { scheduled->keepAgent(); });
+    return life.run(environment, launch, {instance, port}) ? done : failed;
 }
 
 }  // namespace

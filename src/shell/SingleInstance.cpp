@@ -14,28 +14,25 @@ namespace {
 const QString kInterface = QStringLiteral("org.freedesktop.Application");
 constexpr int kHandOverMilliseconds = 5000;
 
-/// Whether the first start has taken them.
-bool handOver(QDBusConnection& bus, const QStringList& arguments) {
-    QDBusMessage call =
-        QDBusMessage::createMethodCall(QString::fromLatin1(SingleInstance::kService),
-                                       QString::fromLatin1(SingleInstance::kPath), kInterface,
-                                       QStringLiteral("ActivateAction"));
-    QVariantList parameter;
-    for (const QString& argument : arguments) parameter.append(argument);
-    call << QString::fromLatin1(SingleInstance::kStartAction) << parameter << QVariantMap();
-    return bus.call(call, QDBus::Block, kHandOverMilliseconds).type() == QDBusMessage::ReplyMessage;
-}
-
 }  // namespace
 
 SingleInstance::Role SingleInstance::begin(const QStringList& arguments) {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) return Role::first;
     bus.registerObject(QString::fromLatin1(kPath), this, QDBusConnection::ExportAllSlots);
-    if (bus.registerService(QString::fromLatin1(kService))) return Role::first;
-    if (handOver(bus, arguments)) return Role::later;
+    if (bus.registerService(service_)) return Role::first;
+    if (handOver(arguments)) return Role::later;
     logError("another start has the bus name but does not answer");
     return Role::first;
+}
+
+bool SingleInstance::handOver(const QStringList& arguments) const {
+    QDBusMessage call = QDBusMessage::createMethodCall(service_, QString::fromLatin1(kPath), kInterface,
+                                                       QStringLiteral("ActivateAction"));
+    QVariantList parameter;
+    for (const QString& argument : arguments) parameter.append(argument);
+    call << QString::fromLatin1(kStartAction) << parameter << QVariantMap();
+    return QDBusConnection::sessionBus().call(call, QDBus::Block, kHandOverMilliseconds).type() == QDBusMessage::ReplyMessage;
 }
 
 void SingleInstance::setHandler(std::function<void(const QStringList& arguments)> handler) {

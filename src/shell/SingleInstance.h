@@ -1,4 +1,4 @@
-// One application for each session: the first start takes the bus name, a later one hands its arguments
+// One application for each home in a session: the first start takes the bus name, a later one hands its arguments
 // to the first and ends. Without a session bus each start stands alone. Main thread only.
 //
 // The object is that of org.freedesktop.Application, so that the desktop can start and raise it too.
@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <QVariantMap>
 #include <functional>
+#include <utility>
 
 namespace dayward {
 
@@ -16,12 +17,14 @@ class SingleInstance final : public QObject {
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    static constexpr const char* kService = "org.dayward.Dayward";
     static constexpr const char* kPath = "/org/dayward/Dayward";
     /// The action by which a later start hands over its arguments.
     static constexpr const char* kStartAction = "start";
 
     enum class Role { first, later };
+
+    /// `service` is the home's bus name (agent/desktop/BusNames.h).
+    explicit SingleInstance(QString service) : service_(std::move(service)) {}
 
     /// Takes the name, or hands the arguments over where another has it.
     Role begin(const QStringList& arguments);
@@ -37,7 +40,10 @@ public slots:
 
 private:
     void start(const QStringList& arguments);
+    /// Whether the first start has taken them.
+    bool handOver(const QStringList& arguments) const;
 
+    const QString service_;
     std::function<void(const QStringList& arguments)> handler_;
     QList<QStringList> waiting_;
 };

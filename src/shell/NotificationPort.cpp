@@ -1,0 +1,73 @@
+#include "shell/NotificationPort.h"
+
+#include <QDBusConnection>
+#include <chrono>
+#include <utility>
+
+#include "agent/desktop/BusNames.h"
+#include "agent/desktop/NotificationMessage.h"
+#include "platform/Log.h"
+
+namespace dayward {
+
+namespace {
+
+constexpr const char* kTokenKey = "activation-token";
+constexpr const char* kTokenVariable = "XDG_ACTIVATION_TOKEN";
+
+qulonglong monotonicMicroseconds() {
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return static_cast<qulonglong>(std::chrono::duration_cast<std::chrono::microseconds>(now).count());
+}
+
+}  // namespace
+
+NotificationPort::NotificationPort(std::string directory) : directory_(std::move(directory)) {}
+
+void NotificationPort::registerObject() {
+    QDBusConnection::sessionBus().registerObject(QString::fromLatin1(NotificationsObject::kPath), this,
+                                                 QDBusConnection::ExportAllSlots);
+}
+
+void NotificationPort::setHandlers(Handlers handlers) {
+    handlers_ = std::move(handlers);
+    if (!handlers_.open) return;
+    for (const LocalNotification& notification : std::exchange(opened_, {})) handlers_.open(notification);
+}
+
+bool NotificationPort::Deliver(const QString& home, const QByteArray& notification, qulonglong deadline) {
+    const auto fired = isOwn(home) ? decoded(notification) : std::nullopt;
+    if (!fired || !handlers_.deliver || monotonicMicroseconds() > deadline) return false;
+    return handlers_.deliver(*fired);
+}
+
+void NotificationPort::Open(const QString& home, const QByteArray& notification, const QVariantMap& platformData) {
+    const auto opened = isOwn(home) ? decoded(notification) : std::nullopt;
+    if (!opened) return;
+    // The window takes it from there as it comes to the front.
+    const QByteArray token = platformData.value(QString::fromLatin1(kTokenKey)).toString().toUtf8();
+    if (!token.isEmpty()) qputenv(kTokenVariable, token);
+    if (handlers_.open) return handlers_.open(*opened);
+    opened_.push_back(*opened);
+}
+
+bool NotificationPort::Fetch(const QString& home) { return isOwn(home) && handlers_.fetch && handlers_.fetch(); }
+
+bool NotificationPort::isOwn(const QString& home) {
+    if (home.toStdString() == directory_) return true;
+    refuse("this application keeps another home");
+    return false;
+}
+
+std::optional<LocalNotification> NotificationPort::decoded(const QByteArray& notification) {
+    auto read = notificationOfMessage(Data(notification.begin(), notification.end()));
+    if (read) return *std::move(read);
+    refuse(read.error().description());
+    return std::nullopt;
+}
+
+void NotificationPort::refuse(const std::string& reason) {
+    if (calledFromDBus()) sendErrorReply(QDBusError::AccessDenied, QString::fromStdString(reason));
+}
+
+}  // namespace dayward
