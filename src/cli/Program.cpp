@@ -12,6 +12,7 @@
 #include "Classes/App/AppManager.h"
 #include "Classes/App/ArchiveRegistration.h"
 #include "Classes/Event/EventLocalStore.h"
+#include "agent/desktop/AgentNotifications.h"
 #include "alerts/NotificationsManager.h"
 #include "alerts/WidgetExport.h"
 #include "cli/Command.h"
@@ -28,11 +29,19 @@ namespace {
 
 enum Exit { done = 0, failed = 1, wrongUsage = 2 };
 
-/// Beside the program: PREFIX/bin/dayward has PREFIX/share/dayward.
-std::string resourceDirectory() {
+std::filesystem::path programDirectory() {
     std::error_code error;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return (program.parent_path().parent_path() / "share" / "dayward").string();
+    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+}
+
+/// Beside the program: PREFIX/bin/dayward has PREFIX/share/dayward.
+std::string resourceDirectory() { return (programDirectory().parent_path() / "share" / "dayward").string(); }
+
+/// Whoever schedules starts what fires it; not for a clock that nobody else has.
+void keepAgent(Environment::Services& services, const GlobalOptions& options) {
+    if (!options.now.empty()) return;
+    services.localNotifications = std::make_shared<AgentNotifications>(
+        std::move(services.localNotifications), AgentClient(BusHome::of(options.home), programDirectory().string()));
 }
 
 /// One line, whatever the user's texts and file names in it hold.
@@ -138,6 +147,7 @@ int run(const ChosenCommand& chosen, const GlobalOptions& options, bool live) {
     }
     // A command that ends at once has no use for what changes meanwhile.
     if (!live) services->watcher = nullptr;
+    keepAgent(*services, options);
     Environment environment(std::move(*services));
     const EnvironmentScope scope(&environment);
     const Result<> result = perform(environment, chosen, options);
@@ -157,7 +167,7 @@ int run(const ChosenCommand& chosen, const GlobalOptions& options, bool live) {
 void openApplication(const GlobalOptions& options) {
     if (std::getenv("DISPLAY") == nullptr && std::getenv("WAYLAND_DISPLAY") == nullptr) return;
     std::error_code error;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", error).parent_path() / "dayward-app";
+    const auto program = programDirectory() / "dayward-app";
     if (!std::filesystem::exists(program, error)) return;
     if (const auto home = absolutePath(options.home)) setenv("DAYWARD_HOME", home->c_str(), 1);
     const std::string path = program.string();
