@@ -8,13 +8,7 @@ install(FILES man/dayward-app.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES completion/dayward-app.bash
         DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME dayward-app)
 
-# The bus starts programs by their whole path, which is known when they are installed.
-install(CODE "
-    set(PROGRAM_DIRECTORY \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}\")
-    configure_file(\"${CMAKE_CURRENT_SOURCE_DIR}/desktop/${APPLICATION_ID}.service.in\"
-                   \"${CMAKE_CURRENT_BINARY_DIR}/${APPLICATION_ID}.service\" @ONLY)")
-install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${APPLICATION_ID}.service
-        DESTINATION ${CMAKE_INSTALL_DATADIR}/dbus-1/services)
+install_bus_service(${APPLICATION_ID})
 
 find_program(DAYWARD_RSVG_CONVERT rsvg-convert REQUIRED)
 set(ICON ${CMAKE_CURRENT_SOURCE_DIR}/icons/${APPLICATION_ID})
