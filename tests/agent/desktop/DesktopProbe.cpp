@@ -3,6 +3,7 @@
 //   show KEY BODY [late=TIME] [sound=NAME] [action=TEXT]    digest KEY BODY TIME [KEY BODY TIME]…
 //   withdraw KEY    badge NUMBER    quiet    name    token
 //   deliver EVENT BODY    open EVENT BODY    fetch
+// With "device" before the home it only tells the state of the device, and shows what stands behind it there.
 #include <unistd.h>
 
 #include <array>
@@ -11,6 +12,7 @@
 #include <sstream>
 
 #include "agent/AgentRequests.h"
+#include "agent/desktop/AgentDevice.h"
 #include "agent/desktop/AgentService.h"
 #include "agent/desktop/DBusApplicationLink.h"
 #include "agent/desktop/DesktopDisplay.h"
@@ -127,6 +129,18 @@ void readLines(const Parts& parts, std::string& rest, bool& ends) {
     }
 }
 
+int tellDevice(const std::string& home, const std::string& body) {
+    const std::string programs = std::filesystem::read_symlink("/proc/self/exe").parent_path().string();
+    AgentDevice device(AgentClient(BusHome::of(home), programs));
+    const NotificationDeviceState state = device.state();
+    say(std::string(state.keeperAnswers ? "kept" : "not kept") + ", service " + state.service.value_or("none") +
+        (state.hasActions ? ", with actions" : "") + (state.isQuiet ? *state.isQuiet ? ", quiet" : ", not quiet" : ""));
+    LocalNotification notification;
+    notification.alertBody = body;
+    if (!body.empty()) tell("shown", device.show(notification));
+    return 0;
+}
+
 int run(const std::string& home, const std::string& now, const std::string& locale) {
     LinuxOptions options;
     options.home = home;
@@ -167,4 +181,8 @@ int run(const std::string& home, const std::string& now, const std::string& loca
 }  // namespace
 }  // namespace dayward
 
-int main(int argc, char** argv) { return argc == 4 ? dayward::run(argv[1], argv[2], argv[3]) : 2; }
+int main(int argc, char** argv) {
+    if (argc != 4) return 2;
+    if (std::string(argv[1]) == "device") return dayward::tellDevice(argv[2], argv[3]);
+    return dayward::run(argv[1], argv[2], argv[3]);
+}

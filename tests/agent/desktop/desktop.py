@@ -63,7 +63,7 @@ class DesktopTest(unittest.TestCase):
     """A scratch directory, and what is started ends with the test. The bus is that of the process."""
 
     def setUp(self):
-        directory = tempfile.TemporaryDirectory(prefix="dayward-test-")
+        directory = tempfile.TemporaryDirectory(prefix="dayward-test-", ignore_cleanup_errors=True)
         self.addCleanup(directory.cleanup)
         self.scratch = pathlib.Path(directory.name)
         self.home = self.scratch / "home"

@@ -2,8 +2,9 @@
 """The agent as a process on a session bus with a mocked notification service: from the schedule to the bubble, and from
 the bubble's buttons back. Its clock is driven, so that nothing waits for the time.
 
-Use: test_agent.py DAYWARD-AGENT. Ends with 77 where there is no bus or mock to start."""
+Use: test_agent.py DAYWARD-AGENT DAYWARD DESKTOP-PROBE. Ends with 77 where there is no bus or mock to start."""
 import os
+import signal
 import subprocess
 import unittest
 
@@ -11,7 +12,7 @@ import dbus
 
 from desktop import DesktopTest, DrivenAgent, alert, archived, call, on_bus, wait_for, write_schedule
 
-AGENT = None
+AGENT = PROGRAM = PROBE = None
 NOON = 1773144000  # 2026-03-10 12:00 UTC
 MINUTE, HOUR = 60, 3600
 
@@ -121,9 +122,62 @@ class Answers(AgentTest):
         self.assertEqual(second.stderr, "dayward-agent: another agent of this home runs\n")
 
 
+class Beginning(AgentTest):
+    """Whoever needs the agent starts it."""
+
+    def setUp(self):
+        super().setUp()
+        self.addCleanup(self.end_agents)
+
+    def names(self):
+        return [str(name) for name in dbus.SessionBus().list_names() if name.startswith("org.dayward.Agent")]
+
+    def end_agents(self):
+        for name in self.names():
+            number = call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                          "GetConnectionUnixProcessID", name)
+            os.kill(number, signal.SIGKILL)
+        wait_for("the agents' end", lambda: not self.names())
+
+    def run_program(self, *arguments):
+        done = subprocess.run([PROGRAM, *map(str, arguments)], capture_output=True, text=True, timeout=20, env=self.env)
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+
+    def add(self, *options):
+        self.run_program(*options, "add", "Fair", "--date", "2200-01-01", "--alert", "on event")
+
+    def device(self, home, body=""):
+        return subprocess.run([PROBE, "device", home, body], capture_output=True, text=True, timeout=20,
+                              env=self.env).stdout.splitlines()
+
+    def test_scheduling_starts_the_agent_of_the_home(self):
+        self.run_program("--home", self.home, "list")
+        self.add("--home", self.home, "--now", "2026-03-10T12:00:00")
+        self.assertEqual(self.names(), [], "no agent has such a clock")
+        self.add("--home", self.home)
+        wait_for("the agent", self.names)
+        self.assertRegex(self.names()[0], r"^org\.dayward\.Agent\.h[0-9a-f]{16}$")
+        self.add()
+        wait_for("the agent of the user's own home", lambda: "org.dayward.Agent" in self.names())
+        self.add()
+        self.add("--home", self.home)
+        self.assertEqual(len(self.names()), 2)
+
+    def test_the_device_tells_whether_alerts_will_come(self):
+        self.assertEqual(self.device(""), ["kept, service none"])
+        service = self.start_service(Inhibited=False)
+        self.assertEqual(self.device("", "Test"), ["kept, service mock-notify, with actions, not quiet", "shown"])
+        self.assertEqual([sent.body for sent in service.bubbles()], ["Test"])
+        self.assertEqual(self.device(self.home), ["kept, service mock-notify, with actions, not quiet"])
+        self.env["DBUS_SESSION_BUS_ADDRESS"] = "unix:path=/nonexistent"
+        first, second = self.device("", "Test")
+        self.assertEqual(first, "not kept, service none")
+        self.assertIn("shown failed: ", second)
+
+
 def main():
-    global AGENT
-    AGENT, = on_bus(needed=["dbus-daemon"])
+    global AGENT, PROGRAM, PROBE
+    AGENT, PROGRAM, PROBE = on_bus(needed=["dbus-daemon"], services=lambda arguments: {"org.dayward.Agent": arguments[0]})
     unittest.main(argv=[__file__])
 
 
