@@ -23,7 +23,7 @@
 namespace dayward {
 
 Life::Life(const Environment::Services& services)
-    : application_({services.queues, services.clock, services.notifications}, *this) {
+    : application_({services.queues, services.clock, services.notifications, services.localNotifications}, *this) {
     QDBusConnection::systemBus().connect(QStringLiteral("org.freedesktop.login1"),
                                          QStringLiteral("/org/freedesktop/login1"),
                                          QStringLiteral("org.freedesktop.login1.Manager"),

@@ -6,6 +6,7 @@
 
 #include "platform/Clock.h"
 #include "platform/DispatchQueue.h"
+#include "platform/LocalNotifications.h"
 #include "platform/NotificationCenter.h"
 
 namespace dayward {
@@ -208,11 +209,15 @@ void DesktopApplication::performFetch() {
     delegate_->performFetchWithCompletionHandler(*this, [](BackgroundFetchResult) {});
 }
 
+// The schedule is changed at once: the steps of a flush rely on their order.
+
 void DesktopApplication::setApplicationIconBadgeNumber(std::int64_t number) {
+    if (parts_.localNotifications) return parts_.localNotifications->setApplicationIconBadgeNumber(number);
     parts_.queues->main().async([this, number] { desktop_.showBadgeNumber(number); });
 }
 
 void DesktopApplication::cancelLocalNotification(const LocalNotification& notification) {
+    if (parts_.localNotifications) return parts_.localNotifications->cancelLocalNotification(notification);
     parts_.queues->main().async([this, notification] { desktop_.withdrawNotification(notification); });
 }
 

@@ -21,6 +21,7 @@
 namespace dayward {
 
 class Clock;
+class LocalNotifications;
 class NotificationCenter;
 class Queues;
 
@@ -40,6 +41,8 @@ public:
         std::shared_ptr<Queues> queues;
         std::shared_ptr<Clock> clock;
         std::shared_ptr<NotificationCenter> notifications;
+        /// Keeps the badge and what is scheduled; null: the desktop is asked.
+        std::shared_ptr<LocalNotifications> localNotifications = {};
     };
 
     /// Time for background tasks from the moment at which the window goes out of sight.

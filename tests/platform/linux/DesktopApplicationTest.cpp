@@ -4,6 +4,7 @@
 
 #include "platform/NotificationCenter.h"
 #include "support/ScriptedApplication.h"
+#include "support/FakeLocalNotifications.h"
 #include "support/TestEnvironment.h"
 
 namespace dayward {
@@ -83,6 +84,23 @@ TEST_F(DesktopApplicationTest, EachChangeIsToldToTheDelegateAndThenPosted) {
     EXPECT_THAT(take(), ElementsAre("background 2", "DidEnt"));
     application.windowDidShow();
     EXPECT_THAT(take(), ElementsAre("foreground 2", "WillEn", "active 0", "DidBec"));
+}
+
+TEST_F(DesktopApplicationTest, TheScheduleKeepsTheBadgeWhereThereIsOne) {
+    application.setApplicationIconBadgeNumber(3);
+    environment.queues->runAll();
+    EXPECT_THAT(take(), ElementsAre("badge 3"));
+    const auto schedule = std::make_shared<FakeLocalNotifications>();
+    LocalNotification alert;
+    alert.fireDate = environment->now() + TimeInterval(60);
+    schedule->scheduleLocalNotification(alert);
+    DesktopApplication scheduling{{environment.queues, environment.clock, center, schedule}, *delegate};
+    scheduling.setApplicationIconBadgeNumber(4);
+    EXPECT_EQ(schedule->applicationIconBadgeNumber(), 4) << "at once: what follows in a flush may set another one";
+    scheduling.cancelLocalNotification(alert);
+    EXPECT_TRUE(schedule->scheduledLocalNotifications().empty());
+    environment.queues->runAll();
+    EXPECT_THAT(take(), IsEmpty());
 }
 
 TEST_F(DesktopApplicationTest, ASleepingMachineIsInTheBackgroundWhateverTheWindowDoes) {
