@@ -7,6 +7,7 @@
 #include "alerts/BadgeNumbers.h"
 #include "alerts/MissedEventsHelper.h"
 #include "platform/Environment.h"
+#include "platform/LocalNotifications.h"
 #include "platform/Strings.h"
 #include "platform/UserDefaults.h"
 
@@ -81,6 +82,12 @@ std::optional<std::int64_t> AppBadge::currentNumber(const Events& events, Date n
     const auto event = chosenEvent(events);
     if (!event) return std::nullopt;
     return present == BadgeType::daysAfterEvent ? daysAfter(*event, now) : daysBefore({event}, now);
+}
+
+void AppBadge::showCurrentNumber(const Events& events, Date now) {
+    LocalNotifications* device = Environment::current().localNotifications();
+    const auto number = device != nullptr ? currentNumber(events, now) : std::nullopt;
+    if (number && *number != device->applicationIconBadgeNumber()) device->setApplicationIconBadgeNumber(*number);
 }
 
 std::vector<LocalNotification> AppBadge::silentNotifications(const Events& events, Date now) {

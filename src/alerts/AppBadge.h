@@ -56,6 +56,8 @@ public:
 
     /// The number of that moment. Nothing where the chosen event is none of these: the number stays.
     static std::optional<std::int64_t> currentNumber(const Events& events, Date now);
+    /// Sets the device's number to that one, where it is another.
+    static void showCurrentNumber(const Events& events, Date now);
     /// One for each change of the number in the time ahead, by fire date; kWindow says how long that is. They
     /// belong to no event, are instants, and only set the number.
     static std::vector<LocalNotification> silentNotifications(const Events& events, Date now);

@@ -88,6 +88,8 @@ std::vector<Scene> scenes() {
         detail("share", 1, true),
         settings("settings", {}),
         settings("settings-defaults", {"defaultValues"}),
+        settings("settings-badge", {"badge"}),
+        settings("settings-alerts", {"alerts"}),
         settings("settings-widget", {"widget", "type1"}),
         settings("settings-theme", {"theme"}),
         settings("settings-information", {"about"}),

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "Classes/Interface/Info/AlertHealthViewController.h"
+#include "Classes/Interface/Info/BadgeViewController.h"
 #include "Classes/Interface/Info/ChoiceViewController.h"
 #include "Classes/Interface/Info/DefaultValuesViewController.h"
 #include "Classes/Interface/Info/EventsSortViewController.h"
@@ -11,6 +13,7 @@
 #include "Classes/Interface/Select/CategoriesViewController.h"
 #include "Classes/Settings/AppSettings.h"
 #include "Classes/Settings/InterfaceSettings.h"
+#include "alerts/AppBadge.h"
 #include "alerts/AppWidget.h"
 #include "platform/Strings.h"
 
@@ -59,7 +62,10 @@ TableSection SettingsViewController::glanceSection() {
     return {"glance",
             {},
             {},
-            {destinationRow("badge", localized("Badge"), services_.badge),
+            {openingRow("alerts", localized("Alerts"), {},
+                        [this] { open(std::make_shared<AlertHealthViewController>(services_.notificationDevice)); }),
+             openingRow("badge", localized("Badge"), AppBadge::displayName(AppBadge::type()),
+                        [this] { open(std::make_shared<BadgeViewController>(services_.refreshNotifications)); }),
              openingRow("widget", localized("Widget"), AppWidget::displayName(AppWidget::type()),
                         [this] { open(std::make_shared<WidgetViewController>()); })}};
 }

@@ -1,5 +1,5 @@
-// The list of settings. What is built by other parts of the program (badge, cloud, lock) comes in
-// as Services; a row whose service is not there is shown at rest. Main thread only.
+// The list of settings. What is built by other parts of the program (cloud, lock) comes in as Services; a row
+// whose service is not there is shown at rest. Main thread only.
 #pragma once
 
 #include <functional>
@@ -11,6 +11,8 @@
 
 namespace dayward {
 
+class NotificationDevice;
+
 class SettingsViewController final : public TableScreen {
 public:
     /// A row that opens a screen; without `open` it is at rest.
@@ -19,7 +21,8 @@ public:
         std::function<std::shared_ptr<ViewController>()> open;
     };
     struct Services {
-        Destination badge;
+        std::function<void()> refreshNotifications = {};              ///< after a choice that changes what they are
+        std::shared_ptr<NotificationDevice> notificationDevice = {};  ///< null where nothing shows them
         Destination cloud;
         bool canLock = false;  ///< the owner's check is there
     };

@@ -70,11 +70,11 @@ TEST_F(SettingsScreensTest, ChangesTheDefaultsAtOnce) {
 TEST_F(SettingsScreensTest, ListsTheSettings) {
     openSettings();
     EXPECT_THAT(shell.rows(), ElementsAre("Default Values", "Categories", "Sort: by Date", "Icons in rows *", "--",
-                                          "Badge", "Widget: Today's events", "--", "Touch ID: Keep safe at launch", "Cloud", "--",
+                                          "Alerts", "Badge: Missed events", "Widget: Today's events", "--", "Touch ID: Keep safe at launch", "Cloud", "--",
                                           "Theme: As the system", "Language: As the system", "--", "About"));
-    for (const char* id : {"badge", "lock", "cloud"}) EXPECT_FALSE(shell.row(id).enabled) << id;
+    for (const char* id : {"lock", "cloud"}) EXPECT_FALSE(shell.row(id).enabled) << id;
     shell.toggle("lock", true);
-    shell.tap("badge");
+    shell.tap("cloud");
     EXPECT_FALSE(AppSettings::TouchIDOn());
     EXPECT_THAT(shell.take(), ElementsAre());
     shell.toggle("icons", false);
@@ -85,13 +85,12 @@ TEST_F(SettingsScreensTest, ListsTheSettings) {
 
 TEST_F(SettingsScreensTest, OpensWhatOtherPartsBring) {
     openSettings(
-        {.badge = {[] { return "Missed events"; }, [] { return std::make_shared<InformationViewController>(); }},
-         .cloud = {},
+        {.cloud = {[] { return "Folder"; }, [] { return std::make_shared<InformationViewController>(); }},
          .canLock = true});
-    EXPECT_THAT(shell.rows(), Contains("Badge: Missed events"));
+    EXPECT_THAT(shell.rows(), Contains("Cloud: Folder"));
     shell.toggle("lock", true);
     EXPECT_TRUE(AppSettings::TouchIDOn());
-    shell.tap("badge");
+    shell.tap("cloud");
     EXPECT_THAT(shell.take(), ElementsAre("push About"));
 }
 

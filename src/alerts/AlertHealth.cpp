@@ -1,0 +1,45 @@
+#include "alerts/AlertHealth.h"
+
+#include <algorithm>
+
+#include "platform/Environment.h"
+#include "platform/LocalNotifications.h"
+#include "platform/Strings.h"
+#include "resources/XELAudioManager.h"
+
+namespace dayward {
+
+AlertHealth AlertHealth::present(NotificationDevice* device) {
+    AlertHealth health;
+    if (device != nullptr) health.device = device->state();
+    LocalNotifications* schedule = Environment::current().localNotifications();
+    if (schedule == nullptr) return health;
+    auto alerts = schedule->scheduledLocalNotifications();
+    std::erase_if(alerts, [](const LocalNotification& one) { return !one.alertBody; });
+    health.scheduledCount = alerts.size();
+    if (alerts.size() > kShownNext) alerts.resize(kShownNext);
+    health.next = std::move(alerts);
+    return health;
+}
+
+std::vector<std::string> AlertHealth::problems() const {
+    std::vector<std::string> problems;
+    if (!device.service) problems.push_back(localized("Your desktop has no service that shows notifications."));
+    if (!device.keeperAnswers) {
+        problems.push_back(localized("The helper that gives alerts while Dayward is closed does not answer."));
+    }
+    if (device.isQuiet.value_or(false)) {
+        problems.push_back(localized("Do not disturb is on: the desktop keeps alerts back."));
+    }
+    return problems;
+}
+
+LocalNotification testAlert() {
+    LocalNotification alert;
+    alert.fireDate = Environment::current().now();
+    alert.alertBody = localized("This is a test. Your alerts look and sound like this.");
+    alert.soundName = XELAudioManager::kDefaultSoundName;
+    return alert;
+}
+
+}  // namespace dayward
