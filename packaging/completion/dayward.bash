@@ -3,7 +3,7 @@ _dayward() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]}
     local global="--home --now --tz --locale --json --help --version"
     local look="--date --time --repeat --duration --alert --units --style --category --icon --background --font --text-color --show-age --note"
-    local commands="list show add edit remove watch categories settings rule interval document notifications doctor widget"
+    local commands="list show add edit remove watch categories settings missed badge rule interval document notifications doctor widget"
     local word command=""
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         if [[ " $commands " == *" $word "* ]]; then command=$word; break; fi
@@ -23,6 +23,8 @@ _dayward() {
         list) COMPREPLY=($(compgen -W "--sort --search --ids $global" -- "$current")) ;;
         add|edit) COMPREPLY=($(compgen -W "$look --no-show-age --name $global" -- "$current")) ;;
         categories) COMPREPLY=($(compgen -W "add edit remove --name --icon --background --font --text-color $global" -- "$current")) ;;
+        missed) COMPREPLY=($(compgen -W "--clear $global" -- "$current")) ;;
+        badge) COMPREPLY=($(compgen -W "none missed next before after $global" -- "$current")) ;;
         rule) COMPREPLY=($(compgen -W "next between last describe normalize batch --start --time --after --count --from --to --max $global" -- "$current")) ;;
         interval) COMPREPLY=($(compgen -W "--from --to --units --style --as $global" -- "$current")) ;;
         document) COMPREPLY=($(compgen -W "read write archive $global" -- "$current") $(compgen -f -- "$current")) ;;

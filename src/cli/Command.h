@@ -51,6 +51,8 @@ void addIntervalCommand(CLI::App& app, ChosenCommand& chosen);
 void addDocumentCommand(CLI::App& app, ChosenCommand& chosen);
 void addNotificationsCommand(CLI::App& app, ChosenCommand& chosen);
 void addDoctorCommand(CLI::App& app, ChosenCommand& chosen);
+void addMissedCommand(CLI::App& app, ChosenCommand& chosen);
+void addBadgeCommand(CLI::App& app, ChosenCommand& chosen);
 void addWidgetCommand(CLI::App& app, ChosenCommand& chosen);
 
 /// What `dayward` does without a command where it cannot open the application.

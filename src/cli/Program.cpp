@@ -79,6 +79,8 @@ void addCommands(CLI::App& app, ChosenCommand& chosen) {
     addIntervalCommand(app, chosen);
     addDocumentCommand(app, chosen);
     addNotificationsCommand(app, chosen);
+    addMissedCommand(app, chosen);
+    addBadgeCommand(app, chosen);
     addDoctorCommand(app, chosen);
     addWidgetCommand(app, chosen);
 }

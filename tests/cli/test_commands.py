@@ -45,6 +45,41 @@ class FirstStart(ProgramTest):
         self.assertEqual(len(names), 7)
 
 
+class MissedAndBadge(ProgramTest):
+    def test_nothing_is_missed_at_first(self):
+        self.assertEqual(self.run_json("missed"), {"missed": []})
+        self.assertEqual(self.run_ok("missed", "--clear"), "No missed events\n")
+        self.assertEqual(self.run_ok("missed", locale="ru_RU"), "Пропущенных событий нет\n")
+
+    def test_the_badge_counts_the_days_before_and_after_an_event(self):
+        self.assertEqual(self.run_json("badge")["type"], 1)
+        identifier = self.add("Trip", "--date", "2026-03-12", "--time", "18:00")
+        before = self.run_json("badge", "before", "Trip")
+        self.assertEqual((before["type"], before["eventKey"], before["number"]), (3, identifier, 3))
+        self.assertEqual([(c["date"], c["number"]) for c in before["changes"]],
+                         [("2026-03-10T18:00:00+00:00", 2), ("2026-03-11T18:00:00+00:00", 1),
+                          ("2026-03-12T18:00:00+00:00", 0)])
+        self.assertEqual(self.run_ok("badge"), "Days before the event\nEvent: Trip\nNumber: 3\n")
+        self.assertEqual(self.run_json("badge", now="2026-03-12T18:00:00")["number"], 0)
+        self.assertEqual(self.run_json("badge", "4")["number"], 0, "the event stays chosen")
+        self.assertEqual(self.run_json("badge", now="2026-03-14T18:00:00")["number"], 2)
+        self.run_ok("remove", "Trip")
+        gone = self.run_json("badge")
+        self.assertEqual((gone["number"], gone["changes"]), (None, []))
+
+    def test_the_nearest_event_counts(self):
+        self.assertEqual(self.run_json("badge", "next")["number"], 3, "a Friday 13th")
+        self.assertEqual(self.run_json("badge", "none")["number"], 0)
+
+    def test_a_choice_that_cannot_be_is_refused(self):
+        self.assertIn("none, missed, next, before and after", self.refused(1, "badge", "sideways"))
+        self.refused(1, "badge", "5")
+        self.assertIn("needs an event", self.refused(1, "badge", "after"))
+        self.assertIn("no event", self.refused(1, "badge", "after", "Nobody"))
+        self.assertIn("takes no event", self.refused(1, "badge", "next", "Christmas"))
+        self.assertEqual(self.run_json("badge")["type"], 1)
+
+
 class Events(ProgramTest):
     def test_an_added_event_has_what_was_asked_for(self):
         identifier = self.add("Mother's birthday", "--date", "1960-05-04", "--repeat", "yearly", "--show-age",
