@@ -9,6 +9,7 @@
 #include "alerts/AppBadge.h"
 #include "alerts/EventNotification.h"
 #include "alerts/EventNotifications.h"
+#include "alerts/MissedEventsHelper.h"
 #include "alerts/NearestNotifications.h"
 #include "alerts/NotificationDifference.h"
 #include "alerts/NotificationPresenter.h"
@@ -33,22 +34,18 @@ Notifications nearest(const AppBadge::Events& events, std::size_t count) {
     return nearestNotifications(events, AppBadge::silentNotifications(events, Environment::current().now()), count);
 }
 
-void setBadgeNumber(LocalNotifications& device, const AppBadge::Events& events) {
-    const auto number = AppBadge::currentNumber(events, Environment::current().now());
-    if (number && *number != device.applicationIconBadgeNumber()) device.setApplicationIconBadgeNumber(*number);
-}
-
 /// Due, of an event that is still there: the device has yet to show it.
-bool isBeingShown(const LocalNotification& notification, Date now) {
-    return notification.fireDate && *notification.fireDate < now &&
+bool isBeingShown(const LocalNotification& notification, const Environment& environment) {
+    const auto due = dueDate(notification, environment.timeZone());
+    return due && *due < environment.now() &&
            EventLocalStore::shared().eventByIdentifier(eventIdentifier(notification)) != nullptr;
 }
 
 /// Takes what is being shown out of the schedule.
 Notifications takeShown(Notifications& scheduled) {
-    const Date now = Environment::current().now();
+    const Environment& environment = Environment::current();
     const auto shown = std::ranges::stable_partition(
-        scheduled, [&](const LocalNotification& notification) { return !isBeingShown(notification, now); });
+        scheduled, [&](const LocalNotification& notification) { return !isBeingShown(notification, environment); });
     Notifications result(std::make_move_iterator(shown.begin()), std::make_move_iterator(shown.end()));
     scheduled.erase(shown.begin(), shown.end());
     return result;
@@ -98,6 +95,13 @@ void NotificationsManager::follow() {
     observations_.push_back(environment_.notifications().addObserver(
         EventLocalStoreDidUpdateNotification, [this](const Notification& update) { take(update); },
         &EventLocalStore::shared()));
+    observations_.push_back(environment_.notifications().addObserver(MissedEventsHelper::kDidUpdateNotification,
+                                                                     [this](const Notification&) { showMissedCount(); }));
+}
+
+void NotificationsManager::showMissedCount() {
+    const EnvironmentScope scope(&environment_);
+    if (AppBadge::type() == BadgeType::missedEvents) AppBadge::showCurrentNumber({}, environment_.now());
 }
 
 void NotificationsManager::take(const Notification& update) {
@@ -181,7 +185,7 @@ void NotificationsManager::performRefresh() {
     const Notifications shown = takeShown(scheduled);
     const AppBadge::Events events = EventLocalStore::shared().allEvents();
     apply(*device, scheduled, nearest(events, roomBeside(shown)));
-    setBadgeNumber(*device, events);
+    AppBadge::showCurrentNumber(events, environment_.now());
 }
 
 std::vector<LocalNotification> NotificationsManager::wantedNotifications() {

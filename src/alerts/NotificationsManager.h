@@ -28,7 +28,8 @@ public:
     static constexpr TimeInterval kDelay{0.1};
 
     /// From now on each event that the store reports as updated or removed is handed to updateForEvent() or
-    /// removeForEvent(). For the start of a program; a second call changes nothing.
+    /// removeForEvent(), and the badge follows the count of missed events where it shows that. For the start of a
+    /// program; a second call changes nothing.
     static void followStore();
 
     /// Asks for the permission to notify, once a process, as soon as there is an event.
@@ -60,6 +61,7 @@ private:
     static NotificationsManager& shared();
     void follow();
     void take(const Notification& update);
+    void showMissedCount();
     void add(NotificationTarget target);
     void registerOnce();
     void performBatch();

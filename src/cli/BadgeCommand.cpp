@@ -7,6 +7,7 @@
 #include "Classes/Event/EventLocalStore.h"
 #include "Classes/Event/HHEvent.h"
 #include "alerts/AppBadge.h"
+#include "alerts/NotificationsManager.h"
 #include "cli/Arguments.h"
 #include "cli/Command.h"
 #include "cli/EventLookup.h"
@@ -79,7 +80,7 @@ Result<> run(Environment& environment, const BadgeOptions& options, bool json) {
     const Date now = environment.now();
     if (options.type) {
         TRY_VOID(choose(options));
-        AppBadge::showCurrentNumber(events, now);
+        NotificationsManager::syncRefresh();
     }
     const auto number = AppBadge::currentNumber(events, now);
     if (json) {

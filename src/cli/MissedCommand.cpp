@@ -4,7 +4,6 @@
 
 #include "Classes/Event/EventLocalStore.h"
 #include "Classes/Event/HHEvent.h"
-#include "alerts/AppBadge.h"
 #include "alerts/MissedEventsHelper.h"
 #include "cli/Command.h"
 #include "cli/Output.h"
@@ -39,10 +38,9 @@ void print(const std::vector<std::string>& identifiers, bool json) {
     if (identifiers.empty()) printLine(localized("No missed events"));
 }
 
-void clearMissed(Environment& environment) {
+void clearMissed() {
     MissedEventsHelper::find();
     MissedEventsHelper::clear();
-    AppBadge::showCurrentNumber(EventLocalStore::shared().allEvents(), environment.now());
 }
 
 }  // namespace
@@ -52,8 +50,8 @@ void addMissedCommand(CLI::App& app, ChosenCommand& chosen) {
     CLI::App* command = app.add_subcommand("missed", "The events whose alerts fired unseen");
     command->add_flag("--clear", *clear, "Forget them");
     command->callback([clear, &chosen] {
-        chosen.action = [clear](Environment& environment, const GlobalOptions& options) -> Result<> {
-            if (*clear) clearMissed(environment);
+        chosen.action = [clear](Environment&, const GlobalOptions& options) -> Result<> {
+            if (*clear) clearMissed();
             print(MissedEventsHelper::missedEventsIfFound(), options.json);
             return {};
         };

@@ -38,6 +38,7 @@ bool Life::run(Environment& environment, const LaunchOptions& launch, const Port
     EventScreensServices services;
     services.share = &shell.shareServices();
     services.handleFirstLaunch = [] { AppManager::handleFirstLaunch(); };
+    services.settings.refreshNotifications = [] { NotificationsManager::refresh(); };
     const HHSplitViewController split(shell.navigation(), services);
     const auto notificationAlerts = std::make_shared<NotificationAlertPresenter>(shell.navigation());
     NotificationsManager::setPresenter(notificationAlerts);

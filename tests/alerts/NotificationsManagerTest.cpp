@@ -2,6 +2,7 @@
 
 #include "AlertsFixture.h"
 #include "alerts/AppBadge.h"
+#include "alerts/MissedEventsHelper.h"
 #include "alerts/EventNotifications.h"
 #include "alerts/NotificationDifference.h"
 #include "alerts/NotificationPresenter.h"
@@ -164,6 +165,20 @@ TEST_F(NotificationsManagerTest, TheBadgesNotificationsShareTheLimitAndItsNumber
     NotificationsManager::syncRefresh();
     EXPECT_THAT(scheduled(), Not(Contains("2026-03-11T00:00:00 ")));
     EXPECT_EQ(device->applicationIconBadgeNumber(), 3);
+}
+
+TEST_F(NotificationsManagerTest, TheCountOfMissedEventsIsShownAtOnce) {
+    NotificationsManager::followStore();
+    AppBadge::setType(BadgeType::missedEvents);
+    MissedEventsHelper::setMissedEvents({"a", "b"});
+    EXPECT_EQ(device->applicationIconBadgeNumber(), 2);
+    AppBadge::setType(BadgeType::daysBeforeNextEvent);
+    MissedEventsHelper::clear();
+    EXPECT_EQ(device->applicationIconBadgeNumber(), 2);
+    AppBadge::setType(BadgeType::missedEvents);
+    MissedEventsHelper::setMissedEvents({"a"});
+    MissedEventsHelper::clear();
+    EXPECT_EQ(device->applicationIconBadgeNumber(), 0);
 }
 
 TEST_F(NotificationsManagerTest, PermissionIsAskedOnceAndNotBeforeTheFirstEvent) {
