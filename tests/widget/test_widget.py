@@ -170,17 +170,20 @@ class Following(WidgetTest):
 
 
 class Window(WidgetTest):
-    def picture(self, name, *arguments):
+    def setUp(self):
+        super().setUp()
+        if not (pathlib.Path(program.PROGRAM).parent / "dayward-widget-window").exists():
+            self.skipTest("the window is not built")
+
+    def picture(self, name, *arguments, now=None):
         path = pathlib.Path(self.directory.name) / name
         done = subprocess.run(
-            self.command("--picture", path, *arguments, name="dayward-widget-window"), capture_output=True, text=True,
+            self.command("--picture", path, *arguments, name="dayward-widget-window", now=now), capture_output=True, text=True,
             timeout=60, env=self.environment(QT_QPA_PLATFORM="offscreen", XDG_RUNTIME_DIR=self.directory.name))
         self.assertEqual((done.returncode, done.stderr), (0, ""))
         return path.read_bytes()
 
     def test_it_loads_and_draws_in_light_and_dark_and_in_each_size(self):
-        if not (pathlib.Path(program.PROGRAM).parent / "dayward-widget-window").exists():
-            self.skipTest("the window is not built")
         self.add("Dentist", "--date", "2026-03-13", "--units", "day")
         light = self.picture("light.png", "--theme", "light", "--count", 1)
         self.assertNotEqual(light, self.picture("dark.png", "--theme", "dark", "--count", 1))
@@ -189,6 +192,13 @@ class Window(WidgetTest):
         self.assertGreater(height(ten), 5 * height(light))
         self.run_ok("remove", "Dentist")
         self.assertNotEqual(light, self.picture("none.png", "--theme", "light", "--count", 1))
+
+    def test_a_long_countdown_leaves_the_date_whole(self):
+        self.add("Graduation", "--date", "2027-08-13", "--time", "10:15", "--units", "year,month,week,day,hour,minute")
+        one = self.picture("one.png", "--count", 1, now="2026-03-10T09:00:00")
+        self.run_ok("edit", "Graduation", "--time", "10:16")
+        other = self.picture("other.png", "--count", 1, now="2026-03-10T09:01:00")
+        self.assertTrue(one != other, "the last figure of the date is seen")
 
 
 if __name__ == "__main__":

@@ -68,6 +68,8 @@ Window {
                     id: row
                     required property var modelData
                     required property int index
+                    /// Where there is no room for it beside the date, the countdown goes below.
+                    readonly property bool stacked: beside.advanceWidth + date.implicitWidth + 2 * texts.gap > width - texts.x
 
                     width: parent.width
                     height: window.rowHeight
@@ -105,14 +107,20 @@ Window {
                         mipmap: true
                         source: row.modelData.icon
                     }
+                    TextMetrics {
+                        id: beside
+                        font: countdown.font
+                        text: row.modelData.countdown
+                    }
                     Column {
                         id: texts
+                        readonly property int gap: 10
                         anchors.left: icon.right
                         anchors.leftMargin: 12
-                        anchors.right: countdown.left
-                        anchors.rightMargin: 10
+                        anchors.right: row.stacked ? parent.right : countdown.left
+                        anchors.rightMargin: gap
                         anchors.verticalCenter: parent.verticalCenter
-                        spacing: 2
+                        spacing: row.stacked ? 0 : 2
                         Line {
                             width: parent.width
                             text: row.modelData.title
@@ -122,26 +130,36 @@ Window {
                             horizontalAlignment: Text.AlignLeft
                         }
                         Line {
+                            id: date
                             width: parent.width
                             text: row.modelData.date
                             font.pixelSize: 13
                             color: window.secondaryText
                             horizontalAlignment: Text.AlignLeft
                         }
+                        Line {
+                            visible: row.stacked
+                            width: parent.width
+                            text: row.modelData.countdown
+                            font.pixelSize: 13
+                            font.weight: Font.DemiBold
+                            fontSizeMode: Text.HorizontalFit
+                            minimumPixelSize: 9
+                            color: countdown.color
+                            horizontalAlignment: Text.AlignLeft
+                        }
                     }
                     Line {
                         id: countdown
+                        visible: !row.stacked
                         anchors.right: parent.right
-                        anchors.rightMargin: 10
+                        anchors.rightMargin: texts.gap
                         anchors.verticalCenter: parent.verticalCenter
-                        width: Math.min(implicitWidth, row.width * 0.42)
                         text: row.modelData.countdown
                         font.pixelSize: 15
                         font.weight: Font.DemiBold
                         color: row.modelData.now || row.modelData.today ? window.accent : window.text
                         horizontalAlignment: Text.AlignRight
-                        wrapMode: Text.Wrap
-                        maximumLineCount: 2
                     }
                     HoverHandler {
                         id: over
