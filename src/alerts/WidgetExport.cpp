@@ -3,8 +3,12 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <numeric>
+#include <span>
 
 #include "Classes/Category/CategoryLocalStore.h"
+#include "Classes/Category/EventIconPicture.h"
+#include "Classes/Category/NamedPicture.h"
 #include "Classes/Event/EventLocalStore.h"
 #include "Classes/Event/HHEvent.h"
 #include "Classes/Settings/InterfaceSettings.h"
@@ -48,19 +52,20 @@ std::shared_ptr<WidgetEvent> copyOf(const HHEvent& event) {
     return copy;
 }
 
-/// The places of the events whose icons are taken: what comes soonest before what is over.
-std::vector<std::size_t> placesWithIcons(const Events& events) {
+/// So many events' icons are made together.
+constexpr std::size_t kAtATime = 128;
+
+/// The places of the events, of many what comes soonest before what is over.
+std::vector<std::size_t> placesByDate(const Events& events) {
     std::vector<std::size_t> places(events.size());
-    for (std::size_t place = 0; place < places.size(); ++place) places[place] = place;
-    if (places.size() <= WidgetExport::kMaximalIcons) return places;
+    std::iota(places.begin(), places.end(), std::size_t{0});
+    if (places.size() <= kAtATime) return places;
     const Date now = Environment::current().now();
     std::vector<Date> next(events.size());
     inParallel(events.size(), 256, [&](std::size_t place) {
         next[place] = events[place]->datesAt(now).next.value_or(Date::sinceReference(HUGE_VAL));
     });
-    const auto end = places.begin() + WidgetExport::kMaximalIcons;
-    std::ranges::partial_sort(places, end, {}, [&](std::size_t place) { return next[place]; });
-    places.erase(end, places.end());
+    std::ranges::stable_sort(places, {}, [&](std::size_t place) { return next[place]; });
     return places;
 }
 
@@ -72,17 +77,61 @@ std::optional<Data> iconData(const Image& image) {
     return std::nullopt;
 }
 
-/// Events share icons; each is made smaller once.
+/// Makes the icons of a few events at a time, each of a name once.
+class Icons {
+public:
+    using Pictures = std::vector<std::shared_ptr<const EventIconPicture>>;
+    using Icon = std::optional<Data>;
+
+    /// In the order of the pictures.
+    std::vector<Icon> of(const Pictures& pictures) {
+        Pictures wanted;
+        std::map<Key, std::size_t> places;
+        for (const auto& picture : pictures) {
+            const Key key = keyOf(picture);
+            if (!isMade(key) && places.try_emplace(key, wanted.size()).second) wanted.push_back(picture);
+        }
+        std::vector<Icon> made(wanted.size());
+        inParallel(wanted.size(), 4, [&](std::size_t i) { made[i] = iconData(*wanted[i]->getImage()); });
+        std::vector<Icon> icons;
+        for (const auto& picture : pictures) {
+            const auto place = places.find(keyOf(picture));
+            icons.push_back(place != places.end() ? made[place->second] : named_.at(keyOf(picture).second));
+        }
+        for (const auto& [key, place] : places) {
+            if (key.first == nullptr) named_.emplace(key.second, std::move(made[place]));
+        }
+        return icons;
+    }
+
+private:
+    /// A name, or another picture's place in memory.
+    using Key = std::pair<const EventIconPicture*, std::string>;
+
+    static Key keyOf(const std::shared_ptr<const EventIconPicture>& picture) {
+        const auto* named = dynamic_cast<const NamedPicture*>(picture.get());
+        return named != nullptr ? Key{nullptr, named->named()} : Key{picture.get(), {}};
+    }
+
+    [[nodiscard]] bool isMade(const Key& key) const { return key.first == nullptr && named_.contains(key.second); }
+
+    std::map<std::string, Icon> named_;
+};
+
 void takeIcons(const Events& events, const Copies& copies) {
-    const std::vector<std::size_t> places = placesWithIcons(events);
-    std::vector<std::shared_ptr<const Image>> images(places.size());
-    inParallel(places.size(), 4, [&](std::size_t i) { images[i] = events[places[i]]->displayIcon()->getImage(); });
-    std::map<std::shared_ptr<const Image>, std::optional<Data>> made;
-    for (const auto& image : images) made.try_emplace(image);
-    std::vector<decltype(made)::value_type*> entries;
-    for (auto& entry : made) entries.push_back(&entry);
-    inParallel(entries.size(), 4, [&](std::size_t i) { entries[i]->second = iconData(*entries[i]->first); });
-    for (std::size_t i = 0; i < places.size(); ++i) copies[places[i]]->icon = made.at(images[i]);
+    const std::vector<std::size_t> places = placesByDate(events);
+    Icons made;
+    std::size_t bytes = 0;
+    for (std::size_t begin = 0; begin < places.size() && bytes < WidgetExport::kMaximalIconBytes; begin += kAtATime) {
+        const auto some = std::span(places).subspan(begin, std::min(kAtATime, places.size() - begin));
+        Icons::Pictures pictures;
+        for (const std::size_t place : some) pictures.push_back(events[place]->displayIcon());
+        auto icons = made.of(pictures);
+        for (std::size_t i = 0; i < some.size(); ++i) {
+            if (icons[i]) bytes += icons[i]->size();
+            copies[some[i]]->icon = std::move(icons[i]);
+        }
+    }
 }
 
 }  // namespace

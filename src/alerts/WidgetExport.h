@@ -19,8 +19,8 @@ class WidgetExport final : public WidgetService {
 public:
     /// Icons are made smaller to so many pixels.
     static constexpr int kIconSize = 96;
-    /// The events that come next have their icons; a widget shows ten of them before it is written anew.
-    static constexpr std::size_t kMaximalIcons = 128;
+    /// Every event has its icon, until the icons of those that come sooner are so large together.
+    static constexpr std::size_t kMaximalIconBytes = std::size_t{16} << 20;
     /// Changes that come within this time are written together.
     static constexpr TimeInterval kDelay{1};
 

@@ -140,10 +140,7 @@ Writer::Reference Writer::text(std::string_view value) {
 
 Writer::Reference Writer::data(std::span<const std::uint8_t> value) {
     std::uint8_t* at = putMarker(room(kLongestMarker + value.size()), 0x40, value.size());
-    const std::uint8_t* end = std::ranges::copy(value, at).out;
-    offsets_.push_back(used_);
-    used_ = static_cast<std::size_t>(end - bytes_.data());
-    return static_cast<Reference>(offsets_.size() - 1);
+    return shared(std::ranges::copy(value, at).out);
 }
 
 Writer::Reference Writer::uid(std::uint64_t number) {

@@ -146,7 +146,7 @@ struct KeyedArchiver::Impl {
     Number encodeValue(bool value) { return leaf(writer.boolean(value)); }
     Number encodeValue(std::int64_t value) { return leaf(writer.integer(value)); }
     Number encodeValue(double value) { return leaf(writer.real(value)); }
-    Number encodeValue(const Data& value) { return append(writer.data(value)); }
+    Number encodeValue(const Data& value) { return leaf(writer.data(value)); }
 
     /// A text like the null object's would be read as it.
     Number encodeValue(std::string_view value) {

@@ -5,11 +5,14 @@
 #include <random>
 
 #include "Classes/App/ArchiveRegistration.h"
+#include "Classes/Category/ImageEventIconPicture.h"
+#include "Classes/Category/NamedEventIconPicture.h"
 #include "Classes/Event/EventLocalStore.h"
 #include "Classes/Event/HHEvent.h"
 #include "alerts/AppWidget.h"
 #include "alerts/WidgetExport.h"
 #include "platform/FileSystem.h"
+#include "platform/ImageImport.h"
 #include "platform/KeyedArchiver.h"
 #include "platform/KeyedUnarchiver.h"
 #include "platform/UserDefaults.h"
@@ -151,6 +154,34 @@ TEST_F(WidgetTest, SelectedEventsGoOutInTheirOrderWithoutThoseThatWereRemoved) {
     AppWidget::setType(WidgetType::selectedEvents);
     EXPECT_EQ(exportedKeys(), (std::vector<std::string>{"c", "a"}));
     EXPECT_TRUE(AppWidget::events().front()->icon) << "the category's icon";
+}
+
+TEST_F(WidgetTest, EveryEventHasItsIconAndEqualOnesAreWrittenOnce) {
+    constexpr int kSide = WidgetExport::kIconSize;
+    Random random;
+    Data noise(std::size_t{kSide} * kSide * 4);
+    for (auto& byte : noise) byte = static_cast<std::uint8_t>(random.whole(0, 255));
+    const std::size_t iconSize = Image(kSide, kSide, noise).pngData()->size();
+    ASSERT_GT(iconSize, 10'000U);
+    std::vector<std::shared_ptr<HHEvent>> events;
+    for (int i = 0; i < 300; ++i) {
+        events.push_back(std::make_shared<HHEvent>());
+        if (i % 3 == 0) events.back()->setIcon(std::make_shared<NamedEventIconPicture>("heart4.png"));
+        if (i % 3 == 1)
+            events.back()->setIcon(std::make_shared<ImageEventIconPicture>(std::make_shared<Image>(kSide, kSide, noise)));
+    }
+    EventLocalStore::shared().updateEvents(events);
+    const auto copies = exported();
+    ASSERT_EQ(copies.size(), events.size());
+    for (const auto& copy : copies) {
+        const auto image = EventLocalStore::shared().eventByIdentifier(copy->key())->displayIcon()->getImage();
+        ASSERT_TRUE(copy->icon);
+        const auto shown = Image::decodePNG(*copy->icon);
+        ASSERT_TRUE(shown);
+        EXPECT_EQ(*shown, scaledToFit(*image, kSide));
+    }
+    const auto file = environment->files().status(joinPath(environment->paths().group, "group.defaults"));
+    EXPECT_LT((*file)->size, 10 * iconSize);
 }
 
 TEST_F(WidgetTest, ACopyThatHasNotChangedIsNotWritten) {
