@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <utility>
 
 #include "Classes/Settings/InterfaceSettings.h"
@@ -34,6 +35,13 @@ public:
     void debug(std::string_view) override {}
 };
 
+/// In the directory that goes with the session, as the bubbles do.
+std::string bubblesPath(const BusHome& home) {
+    const char* const directory = std::getenv("XDG_RUNTIME_DIR");
+    if (directory == nullptr || *directory != '/') return {};
+    return joinPath(directory, agentBusName(home) + ".bubbles");
+}
+
 }  // namespace
 
 Result<std::unique_ptr<AgentDesktop>> AgentDesktop::make(const Options& options, const AgentTime& time) {
@@ -53,7 +61,8 @@ AgentDesktop::AgentDesktop(const Options& options, const AgentTime& time, std::u
         const auto spoken = speak();
         if (!spoken) logError(spoken.error().description());
     };
-    display_ = std::make_unique<DesktopDisplay>(*bus_, DesktopDisplay::Options{applicationBusName(home_), willShow});
+    display_ = std::make_unique<DesktopDisplay>(
+        *bus_, DesktopDisplay::Options{applicationBusName(home_), willShow, bubblesPath(home_)});
     link_ = std::make_unique<DBusApplicationLink>(
         *bus_, DBusApplicationLink::Parts{home_, joinPath(options.programs, "dayward-app"),
                                           [this] { return display_->takeActivationToken(); }});

@@ -17,8 +17,6 @@ constexpr const char* kShowAction = "show";
 constexpr std::pair<const char*, Snooze> kSnoozes[] = {{"snooze-ten-minutes", Snooze::tenMinutes},
                                                        {"snooze-one-hour", Snooze::oneHour},
                                                        {"snooze-tomorrow", Snooze::tomorrow}};
-/// So many bubbles are remembered; a service that tells of no end lets none grow old here.
-constexpr std::size_t kMostBubbles = 256;
 
 std::vector<Bubble::Action> actionsFor(const LocalNotification& notification) {
     const std::string show = notification.alertAction.value_or(localized("Show"));
@@ -43,7 +41,8 @@ struct DesktopDisplay::Sending {
 };
 
 DesktopDisplay::DesktopDisplay(SessionBus& bus, Options options)
-    : bus_(bus), options_(std::move(options)), service_(bus, this), badge_(bus) {
+    : bus_(bus), options_(std::move(options)), service_(bus, this), badge_(bus), bubbles_(options_.bubbles) {
+    bubbles_.setService(service_.identity());
     bus.watchOwner(options_.application, [this](const std::string& owner) {
         if (owner.empty()) badge_.show(badgeNumber_);
     });
@@ -51,6 +50,7 @@ DesktopDisplay::DesktopDisplay(SessionBus& bus, Options options)
 
 Result<> DesktopDisplay::prepare() {
     if (!service_.isReachable()) return failure("no notification service runs");
+    bubbles_.setService(service_.identity());
     if (options_.willShow) options_.willShow();
     return {};
 }
@@ -79,7 +79,7 @@ Result<> DesktopDisplay::send(Keys keys, const AlertText& text, const std::vecto
     const auto wasLate = std::ranges::count_if(keys, [&](const auto& key) { return answeredLate_.erase(key) > 0; });
     if (wasLate == std::ranges::ssize(keys)) return {};
 
-    Bubble bubble{numberOf(keys), text.summary, text.body, {}, keys.back(), std::nullopt};
+    Bubble bubble{bubbles_.numberOf(keys), text.summary, text.body, {}, keys.back(), std::nullopt};
     if (service_.can("actions")) bubble.actions = actionsFor(alerts.back().notification);
     const auto sound = soundOf(alerts);
     const bool serviceCanPlay = sound && service_.can("sound") && AlertSound::isForServices(*sound);
@@ -98,7 +98,7 @@ Result<> DesktopDisplay::send(Keys keys, const AlertText& text, const std::vecto
 }
 
 void DesktopDisplay::finish(const std::shared_ptr<Sending>& sending, Result<std::uint32_t> answer) {
-    if (answer) remember(*answer, sending->keys);
+    if (answer) bubbles_.remember(*answer, sending->keys);
     if (sending->isGivenUp) {
         for (const std::string& key : sending->keys) {
             if (unanswered_.erase(key) > 0 && answer) answeredLate_.insert(key);
@@ -110,26 +110,8 @@ void DesktopDisplay::finish(const std::shared_ptr<Sending>& sending, Result<std:
     sending->answer = std::move(answer);
 }
 
-std::uint32_t DesktopDisplay::numberOf(const Keys& keys) const {
-    for (const auto& [number, shown] : bubbles_) {
-        if (std::ranges::find_first_of(shown, keys) != shown.end()) return number;
-    }
-    return 0;
-}
-
-void DesktopDisplay::remember(std::uint32_t number, const Keys& keys) {
-    bubbles_.insert_or_assign(number, keys);
-    if (bubbles_.size() > kMostBubbles) bubbles_.erase(bubbles_.begin());
-}
-
 void DesktopDisplay::withdraw(const std::string& key) {
-    const auto found = std::ranges::find_if(
-        bubbles_, [&](const auto& bubble) { return std::ranges::find(bubble.second, key) != bubble.second.end(); });
-    if (found == bubbles_.end()) return;
-    std::erase(found->second, key);
-    if (!found->second.empty()) return;
-    service_.close(found->first);
-    bubbles_.erase(found);
+    if (const std::uint32_t number = bubbles_.withdraw(key); number != 0) service_.close(number);
 }
 
 void DesktopDisplay::setBadgeNumber(std::int64_t number) {
@@ -138,22 +120,21 @@ void DesktopDisplay::setBadgeNumber(std::int64_t number) {
 }
 
 void DesktopDisplay::didInvoke(std::uint32_t number, const std::string& action, const std::string& token) {
-    const auto bubble = bubbles_.extract(number);
-    if (!bubble || listener_ == nullptr) return;
+    const auto keys = bubbles_.take(number);
+    if (!keys || listener_ == nullptr) return;
     service_.close(number);  // some services leave it where it is
-    const Keys& keys = bubble.mapped();
     const auto snooze = std::ranges::find(kSnoozes, action, [](const auto& known) { return std::string_view(known.first); });
     if (snooze != std::end(kSnoozes)) {
-        for (const std::string& key : keys) listener_->didSnooze(key, snooze->second);
+        for (const std::string& key : *keys) listener_->didSnooze(key, snooze->second);
     } else {
         token_ = token;
-        listener_->didOpen(keys.back());
+        listener_->didOpen(keys->back());
     }
 }
 
 /// A new service knows nothing of what the old one was given; that one's answers have come as errors.
 void DesktopDisplay::serviceDidChange(bool isThere) {
-    bubbles_.clear();
+    bubbles_.setService(service_.identity());
     answeredLate_.clear();
     if (isThere && listener_ != nullptr) listener_->displayDidAppear();
 }

@@ -6,7 +6,6 @@
 #pragma once
 
 #include <functional>
-#include <map>
 #include <memory>
 #include <set>
 #include <utility>
@@ -14,6 +13,7 @@
 #include "agent/NotificationDisplay.h"
 #include "agent/desktop/AlertSound.h"
 #include "agent/desktop/AlertTexts.h"
+#include "agent/desktop/BubbleMemory.h"
 #include "agent/desktop/LauncherBadge.h"
 #include "agent/desktop/NotificationService.h"
 
@@ -26,6 +26,7 @@ public:
     struct Options {
         std::string application;         ///< its bus name; its own badge goes with it
         std::function<void()> willShow;  ///< brings the environment up to date; may be empty
+        std::string bubbles;             ///< the path of a file of the session; empty: none
     };
 
     /// The bus outlives it.
@@ -43,20 +44,18 @@ public:
     [[nodiscard]] std::string takeActivationToken() { return std::exchange(token_, {}); }
 
 private:
-    using Keys = std::vector<std::string>;
+    using Keys = BubbleMemory::Keys;
     struct Sending;
 
     // NotificationServiceListener
     void didInvoke(std::uint32_t number, const std::string& action, const std::string& token) override;
-    void didClose(std::uint32_t number) override { bubbles_.erase(number); }
+    void didClose(std::uint32_t number) override { bubbles_.take(number); }
     void serviceDidChange(bool isThere) override;
 
     Result<> prepare();
     [[nodiscard]] BodyKind bodyKind();
     Result<> send(Keys keys, const AlertText& text, const std::vector<DueAlert>& alerts);
     void finish(const std::shared_ptr<Sending>& sending, Result<std::uint32_t> answer);
-    [[nodiscard]] std::uint32_t numberOf(const Keys& keys) const;
-    void remember(std::uint32_t number, const Keys& keys);
 
     SessionBus& bus_;
     const Options options_;
@@ -64,9 +63,9 @@ private:
     LauncherBadge badge_;
     AlertSound sound_;
     NotificationDisplayListener* listener_ = nullptr;
-    std::map<std::uint32_t, Keys> bubbles_;  ///< what each shows
-    std::set<std::string> unanswered_;       ///< sent, and given up waiting for
-    std::set<std::string> answeredLate_;     ///< shown, but the caller does not know
+    BubbleMemory bubbles_;
+    std::set<std::string> unanswered_;    ///< sent, and given up waiting for
+    std::set<std::string> answeredLate_;  ///< shown, but the caller does not know
     std::string token_;
     std::int64_t badgeNumber_ = 0;
 };

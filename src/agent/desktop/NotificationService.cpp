@@ -83,6 +83,11 @@ void NotificationService::follow() {
 
 bool NotificationService::isReachable() { return !bus_.ownerOf(kName).empty() || bus_.start(kName).has_value(); }
 
+std::string NotificationService::identity() {
+    const std::string owner = bus_.ownerOf(kName);
+    return owner.empty() ? owner : bus_.id() + ' ' + owner;
+}
+
 std::optional<std::string> NotificationService::name() {
     if (!isReachable()) return std::nullopt;
     const auto name = onBus("GetServerInformation", [&] {

@@ -54,6 +54,8 @@ public:
 
     /// Runs, or could be started.
     [[nodiscard]] bool isReachable();
+    /// Tells the one that runs from every other, before and after it; empty where none runs.
+    [[nodiscard]] std::string identity();
     /// What it calls itself; nothing where none runs.
     [[nodiscard]] std::optional<std::string> name();
     /// Whether it has one of the capabilities "actions", "body", "body-markup", "sound" ….

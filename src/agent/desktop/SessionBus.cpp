@@ -83,6 +83,15 @@ bool SessionBus::waitUntil(const std::function<bool()>& condition, TimeInterval 
     }
 }
 
+std::string SessionBus::id() {
+    std::string id;
+    const auto asked = onBus("GetId", [&] {
+        daemon_->callMethod("GetId").onInterface(kDaemon).withTimeout(microseconds(kPatience)).storeResultsTo(id);
+    });
+    if (!asked) logDebug([&] { return asked.error().description(); });
+    return id;
+}
+
 std::string SessionBus::ownerOf(const std::string& name) {
     std::string owner;
     // Nobody's name is an error on the bus, and no news.

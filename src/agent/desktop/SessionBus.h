@@ -41,6 +41,8 @@ public:
     /// Handles what comes in until the condition holds. False where the time is over first.
     bool waitUntil(const std::function<bool()>& condition, TimeInterval limit = kPatience);
 
+    /// Tells this bus from every other, before and after it.
+    [[nodiscard]] std::string id();
     /// The unique name of who has the name now; empty where nobody has.
     [[nodiscard]] std::string ownerOf(const std::string& name);
     /// Lets the bus start the program that serves the name. Fails where it knows none, or the program does not come

@@ -159,7 +159,7 @@ int run(const std::string& home, const std::string& now, const std::string& loca
     const EnvironmentScope scope(&environment);
     Printer printer;
     const BusHome busHome = BusHome::of(home);
-    DesktopDisplay display(**bus, {applicationBusName(busHome), {}});
+    DesktopDisplay display(**bus, {applicationBusName(busHome), {}, home + "/bubbles"});
     display.setListener(&printer);
     const std::string program = (std::filesystem::read_symlink("/proc/self/exe").parent_path() / "dayward-app").string();
     DBusApplicationLink link(**bus, {busHome, program, [&] { return display.takeActivationToken(); }});

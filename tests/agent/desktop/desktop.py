@@ -4,7 +4,9 @@ import os
 import plistlib
 import pathlib
 import queue
+import shlex
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -16,6 +18,7 @@ PATIENCE = 20
 NOTIFICATIONS = "org.freedesktop.Notifications"
 NOTIFICATIONS_PATH = "/org/freedesktop/Notifications"
 ALL_CAPABILITIES = "body body-markup actions"
+INSTALLED = pathlib.Path(os.environ["HOME"], "installed-service")
 
 
 def wait_for(what, condition):
@@ -77,12 +80,19 @@ class DesktopTest(unittest.TestCase):
         return bool(call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "NameHasOwner", name))
 
     def start_service(self, capabilities=ALL_CAPABILITIES, **properties):
-        """A mocked notification service; see Service."""
-        service = Service(self, capabilities)
+        """A mocked notification service."""
+        process = self.run_beside(*mock_command(capabilities))
+        wait_for("the notification service", lambda: self.has_owner(NOTIFICATIONS))
+        service = Service(process)
         for name, value in properties.items():
             service.mock("AddProperty", NOTIFICATIONS, name, value)
         return service
 
+    def install_service(self, capabilities=ALL_CAPABILITIES):
+        """A mocked notification service that the bus can start."""
+        INSTALLED.write_text("#!/bin/sh\nexec " + shlex.join(mock_command(capabilities)) + "\n")
+        INSTALLED.chmod(0o700)
+        self.addCleanup(INSTALLED.unlink)
 
     def follow_badges(self):
         """Gives a function that waits for the next number on the application's icon."""
@@ -103,17 +113,20 @@ class DesktopTest(unittest.TestCase):
 
 def call(name, path, interface, method, *arguments):
     import dbus
-    return dbus.Interface(dbus.SessionBus().get_object(name, path, introspect=False), interface).get_dbus_method(method)(
-        *arguments)
+    remote = dbus.SessionBus().get_object(name, path, introspect=False)
+    return remote.get_dbus_method(method, interface)(*arguments)
+
+
+def mock_command(capabilities):
+    return [sys.executable, "-m", "dbusmock", "--logfile", os.devnull, "--template", "notification_daemon",
+            "--parameters", '{"capabilities": "%s"}' % capabilities]
 
 
 class Service:
-    """The mocked service."""
+    """The mocked service that runs."""
 
-    def __init__(self, test, capabilities):
-        self.process = test.run_beside(sys.executable, "-m", "dbusmock", "--logfile", os.devnull, "--template",
-                                       "notification_daemon", "--parameters", '{"capabilities": "%s"}' % capabilities)
-        wait_for("the notification service", lambda: test.has_owner(NOTIFICATIONS))
+    def __init__(self, process=None):
+        self.process = process
 
     def mock(self, method, *arguments):
         return call(NOTIFICATIONS, NOTIFICATIONS_PATH, "org.freedesktop.DBus.Mock", method, *arguments)
@@ -137,6 +150,11 @@ class Service:
 
     def end(self):
         self.process.end()
+
+    def kill(self):
+        number = call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                      "GetConnectionUnixProcessID", NOTIFICATIONS)
+        os.kill(number, signal.SIGKILL)
 
 
 class Sent:
@@ -164,10 +182,16 @@ def on_bus(needed=(), services=None, screen=None):
     with tempfile.TemporaryDirectory(prefix="dayward-run-") as runtime:
         kept = {name: value for name, value in os.environ.items()
                 if not name.startswith(("DAYWARD", "XDG", "WAYLAND", "DISPLAY", "DBUS", "QT_", "LC_", "TZ"))}
-        kept |= {"XDG_RUNTIME_DIR": runtime, "HOME": runtime, "LC_ALL": "C.UTF-8", "TZ": "UTC"}
+        kept |= {"HOME": runtime, "XDG_RUNTIME_DIR": runtime, "XDG_DATA_HOME": f"{runtime}/.local/share",
+                 "LC_ALL": "C.UTF-8", "TZ": "UTC"}
         directory = pathlib.Path(runtime, ".local/share/dbus-1/services")
         directory.mkdir(parents=True)
-        for name, program in (services(sys.argv[1:]) if services else {}).items():
+        # Whatever service is installed on this machine, here it is the one of a test or none.
+        program = pathlib.Path(runtime, "service")
+        program.write_text(f"#!/bin/sh\n[ -x {runtime}/{INSTALLED.name} ] && exec {runtime}/{INSTALLED.name}\nexit 1\n")
+        program.chmod(0o700)
+        started = {NOTIFICATIONS: program} | (services(sys.argv[1:]) if services else {})
+        for name, program in started.items():
             (directory / f"{name}.service").write_text(f"[D-BUS Service]\nName={name}\nExec={program}\n")
         command = ["dbus-run-session", "--", sys.executable, *sys.argv, "--inside"]
         if screen:
@@ -246,7 +270,8 @@ def write_schedule(state, scheduled, now):
     """The schedule of a home, given its state directory, as a fetch of just now left it: it stands for no events."""
     state.mkdir(parents=True, exist_ok=True)
     (state / "notifications.schedule").write_bytes(archived(
-        {"version": 1, "scheduled": scheduled, "snoozed": [], "withdrawn": [], "badgeNumber": 0, "needsRebuild": False}))
+        {"version": 1, "scheduled": scheduled, "snoozed": [], "withdrawn": [], "badgeNumber": 0,
+         "needsRebuild": False}))
     (state / "notifications.delivered").write_bytes(archived(
         {"version": 1, "recent": [], "earlier": "", "fetched": Moment(now)}))
 

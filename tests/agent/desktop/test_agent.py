@@ -10,7 +10,7 @@ import unittest
 
 import dbus
 
-from desktop import DesktopTest, DrivenAgent, alert, archived, call, on_bus, wait_for, write_schedule
+from desktop import DesktopTest, DrivenAgent, Moment, alert, archived, call, on_bus, wait_for, write_schedule
 
 AGENT = PROGRAM = PROBE = None
 NOON = 1773144000  # 2026-03-10 12:00 UTC
@@ -74,7 +74,7 @@ class Firing(AgentTest):
 
     def test_a_silent_one_sets_the_badge(self):
         badges = self.follow_badges()
-        self.start_agent({"fireDate": alert("", NOON + MINUTE)["fireDate"], "applicationIconBadgeNumber": 3, "userInfo": {}})
+        self.start_agent({"fireDate": Moment(NOON + MINUTE), "applicationIconBadgeNumber": 3, "userInfo": {}})
         self.assertEqual(badges(), 0)
         self.agent.pass_to(NOON + 2 * MINUTE)
         self.assertEqual(badges(), 3)
@@ -177,7 +177,7 @@ class Beginning(AgentTest):
 
 def main():
     global AGENT, PROGRAM, PROBE
-    AGENT, PROGRAM, PROBE = on_bus(needed=["dbus-daemon"], services=lambda arguments: {"org.dayward.Agent": arguments[0]})
+    AGENT, PROGRAM, PROBE = on_bus(["dbus-daemon"], lambda arguments: {"org.dayward.Agent": arguments[0]})
     unittest.main(argv=[__file__])
 
 

@@ -50,8 +50,8 @@ class ApplicationTest(DesktopTest):
         self.command("add", name, "--date", day, "--time", time, "--alert", "on event", *options)
 
     def command(self, *arguments):
-        done = subprocess.run([PROGRAM, *self.home_options(), "--json", *map(str, arguments)], capture_output=True, text=True,
-                              timeout=PATIENCE)
+        done = subprocess.run([PROGRAM, *self.home_options(), "--json", *map(str, arguments)], capture_output=True,
+                              text=True, timeout=PATIENCE)
         self.assertEqual((done.returncode, done.stderr), (0, ""), arguments)
         return json.loads(done.stdout)
 

@@ -9,7 +9,7 @@ import unittest
 
 import dbus
 
-from desktop import DesktopTest, archived, call, on_bus, wait_for
+from desktop import DesktopTest, Service, archived, call, on_bus, wait_for
 
 PROBE = None
 WAVE = "Marimba.wav"
@@ -82,6 +82,9 @@ class Taps(DisplayTest):
         self.service = self.start_service()
         self.start_probe()
 
+    def closed(self):
+        return [int(number) for number, in self.service.calls("CloseNotification")]
+
     def test_each_button_tells_what_it_is_for_and_takes_the_bubble_away(self):
         for number, (action, told) in enumerate({"default": "open e", "show": "open e",
                                                  "snooze-ten-minutes": "snooze e ten minutes",
@@ -90,7 +93,7 @@ class Taps(DisplayTest):
             self.ask("show", "e", "E")
             self.service.tap(number, action)
             self.expect(told)
-            wait_for("the closing", lambda: [int(closed) for closed, in self.service.calls("CloseNotification")][-1:] == [number])
+            wait_for("the closing", lambda: number in self.closed())
             self.service.tap(number, action)  # a second time nothing comes
         self.assertEqual(self.ask("token"), "token ")
 
@@ -111,9 +114,9 @@ class Taps(DisplayTest):
         self.probe.say("withdraw", "a")
         self.probe.say("withdraw", "nobody")
         self.assertEqual(self.ask("quiet"), "quiet unknown")
-        self.assertEqual([int(number) for number, in self.service.calls("CloseNotification")], [1])
+        self.assertEqual(self.closed(), [1])
         self.probe.say("withdraw", "c")
-        wait_for("the digest's end", lambda: [2] in [list(map(int, one)) for one in self.service.calls("CloseNotification")])
+        wait_for("the digest's end", lambda: 2 in self.closed())
 
     def test_signals_of_others_bubbles_are_nothing(self):
         self.ask("show", "a", "A")
@@ -138,6 +141,19 @@ class Services(DisplayTest):
         self.assertEqual(self.ask("show", "a", "A"), "shown a")
         sent, = second.bubbles()
         self.assertEqual((sent.replaces, sent.actions), (0, {}), "nothing is known of the first service's")
+
+    def test_a_service_that_the_bus_starts_is_one_from_the_first_bubble_on(self):
+        self.install_service("actions")
+        self.start_probe()
+        told = self.ask("show", "a", "A")
+        while told != "shown a":  # it may be slow to come
+            told = self.probe.line() if told != "appeared" else self.ask("show", "a", "A")
+        service = Service()
+        self.addCleanup(service.kill)
+        service.tap(1)
+        told = self.probe.line()
+        self.assertEqual(self.probe.line() if told == "appeared" else told, "open a")
+        self.assertEqual(len(service.bubbles()), 1)
 
     def test_a_service_that_hangs_shows_each_once(self):
         service = self.start_service()
@@ -165,6 +181,47 @@ class Services(DisplayTest):
         self.expect("appeared", "appeared")
         self.assertEqual(self.ask("show", "b", "B"), "shown b")
         self.assertEqual([sent.body for sent in second.bubbles()], ["B"])
+
+
+class Followers(DisplayTest):
+    """One agent was killed, another follows it."""
+
+    def setUp(self):
+        super().setUp()
+        self.service = self.start_service()
+        self.start_probe()
+        self.ask("show", "a", "A")
+        self.ask("digest", "b", "B", NOON, "c", "C", NOON)
+
+    def follow(self):
+        self.probe.end()
+        self.start_probe()
+
+    def test_it_hears_the_buttons_of_the_bubbles_and_replaces_them(self):
+        self.follow()
+        self.service.tap(1)
+        self.expect("open a")
+        self.ask("show", "c", "C again")
+        self.assertEqual(self.service.bubbles()[-1].replaces, 2)
+        self.follow()
+        self.service.tap(1)  # taken already
+        self.service.tap(2, "snooze-tomorrow")
+        self.expect("snooze c tomorrow")
+
+    def test_it_takes_another_services_numbers_for_nothing(self):
+        self.service.end()
+        self.service = self.start_service()
+        self.follow()
+        self.service.tap(1)
+        self.ask("show", "a", "A")
+        self.assertEqual(self.service.bubbles()[-1].replaces, 0)
+
+    def test_a_broken_memory_is_none(self):
+        (self.home / "bubbles").write_bytes(b"\xff\x00 1 2\n1 a\n")
+        self.follow()
+        self.service.tap(1)
+        self.ask("show", "a", "A")
+        self.assertEqual(self.service.bubbles()[-1].replaces, 0)
 
 
 class Sounds(DisplayTest):
