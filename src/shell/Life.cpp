@@ -37,6 +37,7 @@ bool Life::run(Environment& environment, const LaunchOptions& launch, const Port
     window_ = &window;
     EventScreensServices services;
     services.share = &shell.shareServices();
+    services.settings.notificationDevice = ports.device;
     services.handleFirstLaunch = [] { AppManager::handleFirstLaunch(); };
     services.settings.refreshNotifications = [] { NotificationsManager::refresh(); };
     const HHSplitViewController split(shell.navigation(), services);

@@ -10,6 +10,7 @@
 
 namespace dayward {
 
+class NotificationDevice;
 class NotificationPort;
 class QtWindow;
 class SingleInstance;
@@ -21,10 +22,11 @@ public:
     /// To be made before the environment of the same services.
     explicit Life(const Environment::Services& services);
 
-    /// How others on the session bus reach it.
+    /// How others on the session bus reach it, and it the agent.
     struct Ports {
         SingleInstance& instance;
         NotificationPort& notifications;
+        std::shared_ptr<NotificationDevice> device;
     };
 
     /// Launches, and runs Qt's loop until the window is closed and what must be finished is. False where

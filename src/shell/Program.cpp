@@ -11,6 +11,7 @@
 #include "Classes/App/ArchiveRegistration.h"
 #include "Classes/App/LaunchArguments.h"
 #include "Classes/Settings/InterfaceSettings.h"
+#include "agent/desktop/AgentDevice.h"
 #include "agent/desktop/AgentNotifications.h"
 #include "agent/desktop/BusNames.h"
 #include "cli/ProgramVersion.h"
@@ -94,9 +95,9 @@ int run(const Options& options, const LaunchOptions& launch) {
         complain(services.error().description());
         return failed;
     }
-    const auto scheduled = std::make_shared<AgentNotifications>(std::move(services->localNotifications),
-                                                                AgentClient(home, programDirectory().string()));
-    services->localNotifications = scheduled;
+    const AgentClient agent(home, programDirectory().string());
+    const auto scheduled = std::make_shared<AgentNotifications>(services->localNotifications, agent);
+    if (!options.selfTest) services->localNotifications = scheduled;
     Life life(*services);
     Environment environment(std::move(*services));
     const EnvironmentScope scope(&environment);
@@ -104,7 +105,7 @@ int run(const Options& options, const LaunchOptions& launch) {
     CCApp::setInformation(AppInfo::information(kProgramVersion));
     if (options.selfTest) return passesSelfTest(environment) ? done : failed;
     queues->global().async([scheduled] { scheduled->keepAgent(); });
-    return life.run(environment, launch, {instance, port}) ? done : failed;
+    return life.run(environment, launch, {instance, port, std::make_shared<AgentDevice>(agent)}) ? done : failed;
 }
 
 }  // namespace
