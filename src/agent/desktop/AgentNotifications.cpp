@@ -10,8 +10,13 @@ void AgentNotifications::change(const std::vector<LocalNotification>& cancelled,
     if (!scheduled.empty()) keepAgent();
 }
 
+void AgentNotifications::setApplicationIconBadgeNumber(std::int64_t number) {
+    schedule_->setApplicationIconBadgeNumber(number);
+    if (number != 0) keepAgent();
+}
+
 void AgentNotifications::keepAgent() {
-    if (schedule_->scheduledLocalNotifications().empty()) return;
+    if (schedule_->scheduledLocalNotifications().empty() && schedule_->applicationIconBadgeNumber() == 0) return;
     const auto running = agent_.ensureRunning();
     if (!running) logDebug([&] { return "agent: " + running.error().description(); });
 }

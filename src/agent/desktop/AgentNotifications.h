@@ -14,7 +14,7 @@ public:
     AgentNotifications(std::shared_ptr<LocalNotifications> schedule, AgentClient agent)
         : schedule_(std::move(schedule)), agent_(std::move(agent)) {}
 
-    /// Starts the agent where something waits and it does not run. A failure is a debug line: without a desktop nothing
+    /// Starts the agent where something waits, or the icon has a number, and it does not run. A failure is a debug line: without a desktop nothing
     /// can be shown.
     void keepAgent();
 
@@ -30,9 +30,7 @@ public:
     void change(const std::vector<LocalNotification>& cancelled,
                 const std::vector<LocalNotification>& scheduled) override;
     [[nodiscard]] std::int64_t applicationIconBadgeNumber() override { return schedule_->applicationIconBadgeNumber(); }
-    void setApplicationIconBadgeNumber(std::int64_t number) override {
-        schedule_->setApplicationIconBadgeNumber(number);
-    }
+    void setApplicationIconBadgeNumber(std::int64_t number) override;
 
 private:
     const std::shared_ptr<LocalNotifications> schedule_;
