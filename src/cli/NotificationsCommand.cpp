@@ -1,14 +1,18 @@
-// dayward notifications [refresh]
+// dayward notifications [health|test|refresh]
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
 #include "Classes/App/AppServices.h"
 #include "Classes/Event/EventLocalStore.h"
 #include "Classes/Event/HHEvent.h"
+#include "agent/desktop/AgentDevice.h"
+#include "alerts/AlertHealth.h"
 #include "alerts/EventNotification.h"
 #include "alerts/NotificationsManager.h"
+#include "cli/AlertHealthOutput.h"
 #include "cli/Command.h"
 #include "cli/Output.h"
+#include "cli/Program.h"
 #include "cli/Terminal.h"
 #include "intervals/ISODate.h"
 #include "platform/DateFormatter.h"
@@ -79,15 +83,30 @@ Result<> refreshInBackground() {
     return {};
 }
 
+bool tellHealth(const GlobalOptions& options) {
+    AgentDevice device(agentOf(options));
+    const AlertHealth health = AlertHealth::present(&device);
+    printAlertHealth(health, options.json);
+    return health.alertsWillCome();
+}
+
 }  // namespace
 
 void addNotificationsCommand(CLI::App& app, ChosenCommand& chosen) {
     CLI::App* command = app.add_subcommand("notifications", "What the alerts will say, and when: the nearest first");
     CLI::App* refresh = command->add_subcommand("refresh", "Schedule everything anew")->group("");
+    CLI::App* health = command->add_subcommand("health", "Whether alerts will come; asks the desktop");
+    CLI::App* test = command->add_subcommand("test", "Show one alert now");
     command->require_subcommand(0, 1);
     command->callback([=, &chosen] {
-        chosen.action = [=](Environment& environment, const GlobalOptions& options) -> Result<> {
+        chosen.needsStore = !health->parsed() && !test->parsed();
+        chosen.action = [=, &chosen](Environment& environment, const GlobalOptions& options) -> Result<> {
             if (refresh->parsed()) return refreshInBackground();
+            if (test->parsed()) return AgentDevice(agentOf(options)).show(testAlert());
+            if (health->parsed()) {
+                chosen.exitStatus = tellHealth(options) ? 0 : 1;
+                return {};
+            }
             printNotifications(environment, NotificationsManager::wantedNotifications(), options.json);
             return {};
         };

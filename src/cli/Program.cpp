@@ -40,8 +40,8 @@ std::string resourceDirectory() { return (programDirectory().parent_path() / "sh
 /// Whoever schedules starts what fires it; not for a clock that nobody else has.
 void keepAgent(Environment::Services& services, const GlobalOptions& options) {
     if (!options.now.empty()) return;
-    services.localNotifications = std::make_shared<AgentNotifications>(
-        std::move(services.localNotifications), AgentClient(BusHome::of(options.home), programDirectory().string()));
+    services.localNotifications =
+        std::make_shared<AgentNotifications>(std::move(services.localNotifications), agentOf(options));
 }
 
 /// One line, whatever the user's texts and file names in it hold.
@@ -177,6 +177,10 @@ void openApplication(const GlobalOptions& options) {
 }
 
 }  // namespace
+
+AgentClient agentOf(const GlobalOptions& options) {
+    return AgentClient(BusHome::of(options.home), programDirectory().string());
+}
 
 int runProgram(int argc, char** argv) {
     occupyStandardDescriptors();

@@ -3,6 +3,7 @@
 the bubble's buttons back. Its clock is driven, so that nothing waits for the time.
 
 Use: test_agent.py DAYWARD-AGENT DAYWARD DESKTOP-PROBE. Ends with 77 where there is no bus or mock to start."""
+import json
 import os
 import signal
 import subprocess
@@ -162,6 +163,32 @@ class Beginning(AgentTest):
         self.add()
         self.add("--home", self.home)
         self.assertEqual(len(self.names()), 2)
+
+    def test_the_command_line_tells_whether_alerts_will_come_and_shows_one(self):
+        def notifications(*arguments):
+            return subprocess.run([PROGRAM, "--home", self.home, "--json", "notifications", *arguments], timeout=20,
+                                  capture_output=True, text=True, env=self.env)
+        poor = notifications("health")
+        self.assertEqual(poor.returncode, 1)
+        self.assertEqual(json.loads(poor.stdout) | {"problems": []},
+                         {"alertsWillCome": False, "helperAnswers": True, "service": None, "hasActions": False,
+                          "doNotDisturb": None, "scheduled": 0, "problems": []})
+        self.assertEqual(notifications("test").returncode, 1)
+        service = self.start_service(Inhibited=True)
+        rich = notifications("health")
+        self.assertEqual(rich.returncode, 0)
+        health = json.loads(rich.stdout)
+        self.assertEqual((health["service"], health["hasActions"], health["doNotDisturb"], len(health["problems"])),
+                         ("mock-notify", True, True, 1))
+        self.assertEqual(notifications("test").returncode, 0)
+        self.assertIn("This is a test.", service.bubbles()[-1].body)
+
+    def test_a_number_on_the_icon_is_shown_by_the_agent(self):
+        badges = self.follow_badges()
+        self.add("--home", self.home)
+        self.run_program("--home", self.home, "badge", "before", "Fair")
+        while badges() == 0:
+            pass
 
     def test_the_device_tells_whether_alerts_will_come(self):
         self.assertEqual(self.device(""), ["kept, service none"])
