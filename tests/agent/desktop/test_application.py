@@ -14,7 +14,9 @@ import subprocess
 import time
 import unittest
 
-from desktop import PATIENCE, DesktopTest, DrivenAgent, on_bus, wait_for
+import dbus
+
+from desktop import PATIENCE, DesktopTest, DrivenAgent, alert, archived, call, on_bus, wait_for
 
 AGENT = APPLICATION = PROGRAM = None
 DAY = 86400
@@ -56,7 +58,14 @@ class ApplicationTest(DesktopTest):
         return json.loads(done.stdout)
 
     def start_application(self):
-        return self.run_beside(APPLICATION, *self.home_options())
+        """Until it is in front and knows it, which takes what fires there only. Its window."""
+        self.run_beside(APPLICATION, *self.home_options())
+        window = wait_for("the window", self.window)
+        output("xdotool", "windowactivate", "--sync", window)
+        first = dbus.ByteArray(archived(alert("Ready!", 0)))
+        wait_for("the front", lambda: self.ask_application("Deliver", first,
+                                                           dbus.UInt64(time.monotonic_ns() // 1000 + 10 ** 6)))
+        return window
 
     def end_applications(self):
         """Whoever started them."""
@@ -77,6 +86,16 @@ class ApplicationTest(DesktopTest):
                       if color >> 16 & 255 == color & 255 > (color >> 8 & 255) + 40)
         return magenta > SCREEN[0] * SCREEN[1] * 0.3
 
+    def ask_application(self, method, *arguments):
+        name, = [name for name in dbus.SessionBus().list_names() if name.startswith("org.dayward.Dayward.h")]
+        return call(name, "/org/dayward/Dayward/Notifications", "org.dayward.Dayward.Notifications1", method,
+                    str(self.home / "state"), *arguments)
+
+    def minimize(self, window):
+        """Until the application knows it, which fetches out of sight only."""
+        output("xdotool", "windowminimize", "--sync", window)
+        wait_for("the background", lambda: self.ask_application("Fetch"))
+
     def fire(self):
         self.agent.pass_to(NOON + MINUTE // 2)
 
@@ -92,9 +111,8 @@ class Taps(ApplicationTest):
 
     def test_a_tap_brings_the_running_application_to_the_front(self):
         service = self.start_service()
-        self.start_application()
-        first = wait_for("the window", self.window)
-        output("xdotool", "windowminimize", "--sync", first)
+        first = self.start_application()
+        self.minimize(first)
         self.fire()
         self.assertEqual([sent.body for sent in service.bubbles()], ["Picnic is happening!"])
         service.tap(1, "show")
@@ -104,13 +122,10 @@ class Taps(ApplicationTest):
     def test_in_front_it_gets_the_alert_in_place_of_the_service(self):
         service = self.start_service()
         self.add("Dentist", "12:05")
-        self.start_application()
-        window = wait_for("the window", self.window)
-        output("xdotool", "windowactivate", "--sync", window)
-        time.sleep(1)
+        window = self.start_application()
         self.fire()
         self.assertEqual(service.bubbles(), [])
-        output("xdotool", "windowminimize", "--sync", window)
+        self.minimize(window)
         self.agent.pass_to(NOON + 6 * MINUTE)
         self.assertEqual([sent.body for sent in service.bubbles()], ["Dentist is happening!"])
 
