@@ -1,13 +1,12 @@
 #include "Classes/Interface/Info/BadgeViewController.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "Classes/Event/EventLocalStore.h"
 #include "Classes/Event/HHEvent.h"
+#include "Classes/Interface/Info/EventsByName.h"
 #include "alerts/AppBadge.h"
 #include "alerts/MissedEventsHelper.h"
-#include "platform/Collation.h"
 #include "platform/Environment.h"
 #include "platform/PercentFormat.h"
 #include "platform/Strings.h"
@@ -15,19 +14,6 @@
 namespace dayward {
 
 namespace {
-
-std::string nameOf(const HHEvent& event) {
-    return event.name() && !event.name()->empty() ? *event.name() : localized("No name");
-}
-
-AppBadge::Events eventsByName() {
-    auto events = EventLocalStore::shared().allEvents();
-    std::ranges::sort(events, {}, [](const auto& event) { return event->identifier(); });
-    std::ranges::stable_sort(events, [](const auto& one, const auto& other) {
-        return plainStringOrder(nameOf(*one), nameOf(*other)) < 0;
-    });
-    return events;
-}
 
 /// What the icon shows with the present choice.
 std::string presentNumberText() {
@@ -73,7 +59,7 @@ TableSection BadgeViewController::eventsSection() {
                          {}};
     const auto chosen = AppBadge::eventKey();
     for (const auto& event : eventsByName()) {
-        section.rows.push_back(checkRow("event:" + event->identifier(), nameOf(*event), event->identifier() == chosen,
+        section.rows.push_back(checkRow("event:" + event->identifier(), listedName(*event), event->identifier() == chosen,
                                         [this, key = event->identifier()] {
                                             AppBadge::setEventKey(key);
                                             didChoose();

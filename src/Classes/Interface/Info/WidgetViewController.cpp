@@ -4,22 +4,14 @@
 
 #include "Classes/Event/EventLocalStore.h"
 #include "Classes/Event/HHEvent.h"
+#include "Classes/Interface/Info/EventsByName.h"
 #include "alerts/AppWidget.h"
-#include "platform/Collation.h"
 #include "platform/Environment.h"
 #include "platform/NotificationCenter.h"
 #include "platform/Strings.h"
 #include "platform/UserDefaults.h"
 
 namespace dayward {
-
-namespace {
-
-std::string nameOf(const HHEvent& event) {
-    return event.name() && !event.name()->empty() ? *event.name() : localized("No name");
-}
-
-}  // namespace
 
 WidgetViewController::WidgetViewController() { setTitle(localized("Widget")); }
 
@@ -62,19 +54,14 @@ TableSection WidgetViewController::typeSection() {
 }
 
 TableSection WidgetViewController::eventsSection() {
-    auto events = EventLocalStore::shared().allEvents();
-    std::ranges::sort(events, {}, [](const auto& event) { return event->identifier(); });
-    std::ranges::stable_sort(events, [](const auto& one, const auto& other) {
-        return plainStringOrder(nameOf(*one), nameOf(*other)) < 0;
-    });
     TableSection section{"events", localized("Selected events for a widget"), {}, {}};
-    for (const auto& event : events) section.rows.push_back(eventRow(*event));
+    for (const auto& event : eventsByName()) section.rows.push_back(eventRow(*event));
     return section;
 }
 
 TableRow WidgetViewController::eventRow(const HHEvent& event) {
     const bool selected = std::ranges::find(widgetEventsKeys_, event.identifier()) != widgetEventsKeys_.end();
-    return toggleRow("event:" + event.identifier(), nameOf(event), selected, [this, key = event.identifier()](bool on) {
+    return toggleRow("event:" + event.identifier(), listedName(event), selected, [this, key = event.identifier()](bool on) {
         Environment::current().notifications().post(EventCellDidChangedValue, this,
                                                     {{EventCellEventKey, key}, {EventCellValueKey, on}});
     });
