@@ -16,9 +16,9 @@
 #include "alerts/NotificationsManager.h"
 #include "alerts/WidgetExport.h"
 #include "cli/Command.h"
+#include "cli/ProgramArguments.h"
 #include "cli/ProgramVersion.h"
 #include "cli/Terminal.h"
-#include "intervals/ISODate.h"
 #include "platform/Environment.h"
 #include "platform/FileSystem.h"
 #include "platform/linux/LinuxEnvironment.h"
@@ -100,21 +100,15 @@ std::optional<LinuxOptions> linuxOptions(const GlobalOptions& options, bool live
     result.zone = options.zone;
     result.locale = options.locale;
     result.archiveClasses = allArchiveClasses();
-    const auto zone = options.zone.empty() ? Result<TimeZone>(TimeZone::system()) : TimeZone::named(options.zone);
-    if (!zone) {
-        complain("--tz: there is no time zone '" + options.zone + "'");
-        return std::nullopt;
-    }
-    if (options.now.empty()) return result;
-    const std::optional<Date> now = dateFromISOText(options.now, Calendar(*zone));
+    const auto now = givenNow(options.now, options.zone);
     if (!now) {
-        complain("--now: '" + options.now + "' is not a time such as 2027-03-14T09:00:00");
+        complain(now.error().description());
         return std::nullopt;
     }
-    if (live) {
-        result.shift = *now - SystemClock().now();
-    } else {
+    if (!live) {
         result.fixedNow = *now;
+    } else if (*now) {
+        result.shift = **now - SystemClock().now();
     }
     return result;
 }
@@ -190,13 +184,7 @@ int runProgram(int argc, char** argv) {
     ChosenCommand chosen;
     declareGlobalOptions(app, options);
     addCommands(app, chosen);
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) return app.exit(error);
-        complain(std::string(error.what()) + "; try --help");
-        return wrongUsage;
-    }
+    if (const auto status = parseArguments(app, argc, argv)) return *status;
     const bool live = app.get_subcommands().empty() || app.got_subcommand("watch");
     if (!chosen.action) {
         openApplication(options);

@@ -14,6 +14,7 @@
 #include "agent/desktop/AgentDevice.h"
 #include "agent/desktop/AgentNotifications.h"
 #include "agent/desktop/BusNames.h"
+#include "cli/ProgramArguments.h"
 #include "cli/ProgramVersion.h"
 #include "platform/FileSystem.h"
 #include "platform/Strings.h"
@@ -117,13 +118,7 @@ int runApplication(int argc, char** argv) {
     parser.add_flag("--self-test", options.selfTest, "Load every screen, then end");
     parser.set_version_flag("--version", std::string(kProgramVersion));
     parser.allow_extras();
-    try {
-        parser.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) return parser.exit(error);
-        complain(std::string(error.what()) + "; try --help");
-        return wrongUsage;
-    }
+    if (const auto status = parseArguments(parser, argc, argv)) return *status;
     options.launch = parser.remaining();
     const auto launch = launchOptionsFromArguments(options.launch);
     if (!launch) {

@@ -7,8 +7,8 @@
 #include <map>
 #include <memory>
 
+#include "cli/ProgramArguments.h"
 #include "cli/ProgramVersion.h"
-#include "intervals/ISODate.h"
 #include "platform/Clock.h"
 #include "widget/WidgetSession.h"
 #include "widget/WidgetText.h"
@@ -99,11 +99,9 @@ int follow(WidgetSession& session, WidgetWait& wait, const WidgetTextOptions& op
 }
 
 int run(const Options& options) {
-    const auto zone = options.zone.empty() ? Result<TimeZone>(TimeZone::system()) : TimeZone::named(options.zone);
-    if (!zone) return complain("--tz: there is no time zone '" + options.zone + "'", wrongUsage);
-    const auto now = options.now.empty() ? std::nullopt : dateFromISOText(options.now, Calendar(*zone));
-    if (!options.now.empty() && !now)
-        return complain("--now: '" + options.now + "' is not a time such as 2027-03-14T09:00:00", wrongUsage);
+    const auto given = givenNow(options.now, options.zone);
+    if (!given) return complain(given.error().description(), wrongUsage);
+    const std::optional<Date> now = *given;
     const std::string resources = (programDirectory().parent_path() / "share" / "dayward").string();
     WidgetSession session({options.home, resources, options.zone, options.locale, kName});
     const WidgetTextOptions texts = textOptions(options);
@@ -127,12 +125,7 @@ int runWidget(int argc, char** argv) {
     CLI::App parser("What comes next, for bars, scripts and the desktop. Without --format, a small window.", kName);
     Options options;
     declare(parser, options);
-    try {
-        parser.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) return parser.exit(error);
-        return complain(std::string(error.what()) + "; try --help", wrongUsage);
-    }
+    if (const auto status = parseArguments(parser, argc, argv)) return *status;
     if (!options.format.empty()) return run(options);
     if (options.follow) return complain("--follow prints lines and needs --format; try --help", wrongUsage);
     return openWindow(argv);

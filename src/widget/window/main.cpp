@@ -8,8 +8,8 @@
 #include <filesystem>
 #include <iostream>
 
+#include "cli/ProgramArguments.h"
 #include "cli/ProgramVersion.h"
-#include "intervals/ISODate.h"
 #include "platform/FileSystem.h"
 #include "platform/Paths.h"
 #include "shell/QtStart.h"
@@ -108,14 +108,10 @@ int show(const Options& options, WidgetBoard::Options content) {
 }
 
 int run(const Options& options) {
-    const auto zone = options.zone.empty() ? Result<TimeZone>(TimeZone::system()) : TimeZone::named(options.zone);
-    if (!zone) return complain("--tz: there is no time zone '" + options.zone + "'", wrongUsage);
+    const auto now = givenNow(options.now, options.zone);
+    if (!now) return complain(now.error().description(), wrongUsage);
     WidgetBoard::Options content;
-    if (!options.now.empty()) {
-        content.now = dateFromISOText(options.now, Calendar(*zone));
-        if (!content.now)
-            return complain("--now: '" + options.now + "' is not a time such as 2027-03-14T09:00:00", wrongUsage);
-    }
+    content.now = *now;
     if (!options.theme.empty()) content.dark = options.theme == "dark";
     content.home = QString::fromStdString(options.home);
     return show(options, std::move(content));
@@ -127,12 +123,7 @@ int runWindow(int argc, char** argv) {
     CLI::App parser("What comes next, as a small window on the desktop.", kName);
     Options options;
     declare(parser, options);
-    try {
-        parser.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) return parser.exit(error);
-        return complain(std::string(error.what()) + "; try --help", wrongUsage);
-    }
+    if (const auto status = parseArguments(parser, argc, argv)) return *status;
     QCoreApplication::setApplicationName(QStringLiteral("dayward-widget"));
     QGuiApplication::setDesktopFileName(QStringLiteral("org.dayward.Dayward.Widget"));
     QQuickWindow::setDefaultAlphaBuffer(true);
