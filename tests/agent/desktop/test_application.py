@@ -86,10 +86,10 @@ class ApplicationTest(DesktopTest):
                       if color >> 16 & 255 == color & 255 > (color >> 8 & 255) + 40)
         return magenta > SCREEN[0] * SCREEN[1] * 0.3
 
-    def ask_application(self, method, *arguments):
+    def ask_application(self, method, *arguments, home=None):
         name, = [name for name in dbus.SessionBus().list_names() if name.startswith("org.dayward.Dayward.h")]
         return call(name, "/org/dayward/Dayward/Notifications", "org.dayward.Dayward.Notifications1", method,
-                    str(self.home / "state"), *arguments)
+                    home or str(self.home / "state"), *arguments)
 
     def minimize(self, window):
         """Until the application knows it, which fetches out of sight only."""
@@ -128,6 +128,20 @@ class Taps(ApplicationTest):
         self.minimize(window)
         self.agent.pass_to(NOON + 6 * MINUTE)
         self.assertEqual([sent.body for sent in service.bubbles()], ["Dentist is happening!"])
+
+
+    def test_what_is_not_its_own_or_comes_too_late_is_refused(self):
+        self.start_application()
+        message, soon = dbus.ByteArray(archived(alert("A", 0))), dbus.UInt64(time.monotonic_ns() // 1000 + 10 ** 7)
+        self.assertTrue(self.ask_application("Deliver", message, soon))
+        self.assertFalse(self.ask_application("Deliver", message, dbus.UInt64(time.monotonic_ns() // 1000 - 1)))
+        other = str(self.scratch / "other/state")
+        for call_refused in (lambda: self.ask_application("Deliver", message, soon, home=other),
+                             lambda: self.ask_application("Open", message, dbus.Dictionary(signature="sv"), home=other),
+                             lambda: self.ask_application("Fetch", home=other)):
+            self.assertRaisesRegex(dbus.DBusException, "another home", call_refused)
+        with self.assertRaisesRegex(dbus.DBusException, "AccessDenied"):
+            self.ask_application("Deliver", dbus.ByteArray(b"no archive"), soon)
 
 
 class OwnHome(ApplicationTest):
