@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "platform/Environment.h"
 #include "platform/FileSystem.h"
 #include "platform/Log.h"
 #include "platform/linux/DetachedProcess.h"
@@ -20,7 +21,10 @@ constexpr std::chrono::seconds kOneMoment{1};
 }  // namespace
 
 std::optional<std::string> AlertSound::path(const LocalNotification& notification) {
-    return notification.soundName ? XELAudioManager::pathOfSound(*notification.soundName) : std::nullopt;
+    auto path = notification.soundName ? XELAudioManager::pathOfSound(*notification.soundName) : std::nullopt;
+    if (!path || isForServices(*path)) return path;
+    const std::string uncompressed = std::string(deletingPathExtension(*path)) + ".wav";
+    return Environment::current().files().exists(uncompressed) ? uncompressed : path;
 }
 
 bool AlertSound::isForServices(const std::string& path) {

@@ -11,7 +11,7 @@ namespace dayward {
 
 class AlertSound {
 public:
-    /// The file; nothing where the alert has no sound.
+    /// The file, uncompressed where there is one; nothing where the alert has no sound.
     static std::optional<std::string> path(const LocalNotification& notification);
     /// Notification services play uncompressed files; few play others.
     static bool isForServices(const std::string& path);

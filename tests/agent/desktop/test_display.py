@@ -241,7 +241,9 @@ class Sounds(DisplayTest):
         self.start_with_player()
         self.ask("show", "a", "A", f"sound={WAVE}")
         self.ask("show", "b", "B", "sound=nowhere.wav")
-        with_file, without = service.bubbles()
+        self.ask("show", "c", "C", "sound=Default")
+        with_file, without, with_default = service.bubbles()
+        self.assertTrue(with_default.hints["sound-file"].endswith("/share/dayward/iphone_tritone.wav"))
         self.assertTrue(with_file.hints["sound-file"].endswith("/share/dayward/" + WAVE))
         self.assertNotIn("suppress-sound", with_file.hints)
         self.assertNotIn("sound-file", without.hints)
@@ -253,7 +255,7 @@ class Sounds(DisplayTest):
         for key in "abc":
             self.ask("show", key, key, "sound=UILocalNotificationDefaultSoundName")
         wait_for("the sound", self.sounds)
-        self.assertEqual(self.sounds(), ["iphone_tritone.mp3"])
+        self.assertEqual(self.sounds(), ["iphone_tritone.wav"])
 
     def test_do_not_disturb_is_kept(self):
         service = self.start_service("body", Inhibited=True)
@@ -264,7 +266,7 @@ class Sounds(DisplayTest):
         self.assertEqual(self.ask("quiet"), "quiet no")
         self.ask("show", "b", "B", "sound=Default")
         wait_for("the sound", self.sounds)
-        self.assertEqual(self.sounds(), ["iphone_tritone.mp3"])
+        self.assertEqual(self.sounds(), ["iphone_tritone.wav"])
 
 
 class Requests(DisplayTest):

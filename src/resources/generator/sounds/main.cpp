@@ -51,14 +51,22 @@ Samples played(const Json& item, const Json& instruments) {
     return samples;
 }
 
+void write(const std::string& path, const Data& bytes) { writeFile(path, bytes.data(), bytes.size()); }
+
+/// One that is compressed has an uncompressed one beside it, for those who play no others.
+void writeSound(const std::string& directory, const std::string& file, const Samples& samples) {
+    constexpr std::string_view kCompressed = ".mp3";
+    const std::string path = directory + "/" + file;
+    if (!file.ends_with(kCompressed)) return write(path, waveFile(samples));
+    write(path, mp3File(samples));
+    write(path.substr(0, path.size() - kCompressed.size()) + ".wav", waveFile(samples));
+}
+
 void run(const std::vector<std::string>& arguments) {
     const Catalogue catalogue = Catalogue::read(arguments[0]);
     const Json& instruments = catalogue.table.at("instruments");
     catalogue.forEach([&](const Json& item) {
-        const std::string file = item.at("file");
-        const Samples samples = played(item, instruments);
-        const Data bytes = file.ends_with(".mp3") ? mp3File(samples) : waveFile(samples);
-        writeFile(arguments[1] + "/" + file, bytes.data(), bytes.size());
+        writeSound(arguments[1], item.at("file"), played(item, instruments));
     });
     catalogue.writeIndex(arguments[1], "sound");
 }
