@@ -1,4 +1,6 @@
 // What a user does with the event list, by fingers, mouse and keyboard.
+#include "Classes/App/AppManager.h"
+#include "Classes/Import/SiblingImportService.h"
 #include "Classes/Interface/Events/EventDetailViewController.h"
 #include "alerts/MissedEventsHelper.h"
 #include "shell/FlowsFixture.h"
@@ -229,6 +231,50 @@ TEST_F(ListFlows, theHeaderOfTodayIsOfTheDayThatItIs) {
     environment.clock->advance(TimeInterval(86400));
     split.master()->timerAction();
     EXPECT_TRUE(until([&] { return item(QStringLiteral("Today Wednesday, March 11")) != nullptr; }));
+}
+
+/// The sibling edition is there; what it is asked is counted.
+class ScriptedSibling final : public SiblingImportService {
+public:
+    int asked = 0;
+
+    [[nodiscard]] bool canImportFromFreeVersion() const override { return true; }
+    void performImportFromFreeVersion() override { ++asked; }
+    bool handleOpenURL(const std::string&) override { return false; }
+};
+
+class FirstLaunch : public Flows {
+protected:
+    FirstLaunch() {
+        AppManager::setWindow(&window);
+        AppManager::setSiblingImport(sibling);
+        AppManager::initializeApp();
+        AppManager::handleFirstLaunch();
+    }
+    ~FirstLaunch() override { AppManager::setWindow(nullptr); }
+
+    const std::shared_ptr<ScriptedSibling> sibling = std::make_shared<ScriptedSibling>();
+};
+
+TEST_F(FirstLaunch, addsTheDefaultEventsOnceWhereTheOfferIsDeclined) {
+    ASSERT_TRUE(until([&] { return item(QStringLiteral("Import events from free version?")) != nullptr; }));
+    EXPECT_TRUE(names().empty()) << "nothing before the answer";
+    tap(QStringLiteral("No"));
+    ASSERT_TRUE(until([&] { return !names().empty(); }));
+    const auto added = names();
+    AppManager::handleFirstLaunch();
+    settle();
+    EXPECT_EQ(names(), added);
+    EXPECT_EQ(item(QStringLiteral("Import events from free version?")), nullptr);
+    EXPECT_EQ(sibling->asked, 0);
+}
+
+TEST_F(FirstLaunch, asksTheSiblingWhereTheOfferIsTaken) {
+    tap(QStringLiteral("Yes"));
+    ASSERT_TRUE(until([&] { return sibling->asked == 1; }));
+    AppManager::handleFirstLaunch();
+    settle();
+    EXPECT_TRUE(names().empty());
 }
 
 }  // namespace dayward
