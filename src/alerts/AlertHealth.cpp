@@ -1,7 +1,9 @@
 #include "alerts/AlertHealth.h"
 
 #include <algorithm>
+#include <iterator>
 
+#include "alerts/NotificationDifference.h"
 #include "platform/Environment.h"
 #include "platform/LocalNotifications.h"
 #include "platform/Strings.h"
@@ -15,11 +17,17 @@ AlertHealth AlertHealth::present(NotificationDevice* device) {
     LocalNotifications* schedule = Environment::current().localNotifications();
     if (schedule == nullptr) return health;
     auto alerts = schedule->scheduledLocalNotifications();
+    std::ranges::move(schedule->snoozedLocalNotifications(), std::back_inserter(alerts));
+    std::ranges::stable_sort(alerts, firesBefore);
     std::erase_if(alerts, [](const LocalNotification& one) { return !one.alertBody; });
     health.scheduledCount = alerts.size();
     if (alerts.size() > kShownNext) alerts.resize(kShownNext);
     health.next = std::move(alerts);
     return health;
+}
+
+std::string AlertHealth::verdict() const {
+    return localized(alertsWillCome() ? "Alerts will come, also while Dayward is closed." : "Alerts will not come.");
 }
 
 std::vector<std::string> AlertHealth::problems() const {

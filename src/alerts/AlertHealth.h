@@ -14,13 +14,15 @@ struct AlertHealth {
     static constexpr std::size_t kShownNext = 3;
 
     NotificationDeviceState device;
-    std::size_t scheduledCount = 0;       ///< alerts; what only sets the badge does not count
+    std::size_t scheduledCount = 0;       ///< alerts, also snoozed ones; what only sets the badge does not count
     std::vector<LocalNotification> next;  ///< the first kShownNext of them, by fire date
 
     /// As things are now; without a device nothing answers. May take as long as the device does.
     static AlertHealth present(NotificationDevice* device);
 
     [[nodiscard]] bool alertsWillCome() const { return device.keeperAnswers && device.service; }
+    /// The same as a sentence in the user's language.
+    [[nodiscard]] std::string verdict() const;
     /// What is in the way, a sentence each in the user's language; also what only delays or hides alerts.
     [[nodiscard]] std::vector<std::string> problems() const;
 };

@@ -25,6 +25,8 @@ public:
     virtual void registerUserNotificationSettings(UserNotificationTypes types) = 0;
     /// What is still to fire, by fire date.
     [[nodiscard]] virtual std::vector<LocalNotification> scheduledLocalNotifications() = 0;
+    /// Alerts that the user put off, by fire date. They take places of the schedule, but are nobody's to change.
+    [[nodiscard]] virtual std::vector<LocalNotification> snoozedLocalNotifications() = 0;
     /// One that equals a scheduled one changes nothing.
     virtual void scheduleLocalNotification(const LocalNotification& notification) = 0;
     /// It no longer fires, and goes out of sight if it has fired.

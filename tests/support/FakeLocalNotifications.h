@@ -19,6 +19,10 @@ public:
         const Lock lock(mutex_);
         return scheduled_;
     }
+    std::vector<LocalNotification> snoozedLocalNotifications() override {
+        const Lock lock(mutex_);
+        return snoozed_;
+    }
     void scheduleLocalNotification(const LocalNotification& notification) override { change({}, {notification}); }
     void cancelLocalNotification(const LocalNotification& notification) override { change({notification}, {}); }
     void change(const std::vector<LocalNotification>& cancelled,
@@ -42,6 +46,11 @@ public:
         ++changes_;
     }
 
+    /// As the user does it.
+    void snooze(const LocalNotification& notification) {
+        const Lock lock(mutex_);
+        snoozed_.push_back(notification);
+    }
     /// What has fired leaves the schedule.
     void fireUntil(Date now) {
         const Lock lock(mutex_);
@@ -60,7 +69,7 @@ public:
 private:
     mutable Mutex mutex_;
     std::vector<UserNotificationTypes> registered_ DAYWARD_GUARDED_BY(mutex_);
-    std::vector<LocalNotification> scheduled_ DAYWARD_GUARDED_BY(mutex_);
+    std::vector<LocalNotification> scheduled_, snoozed_ DAYWARD_GUARDED_BY(mutex_);
     std::int64_t badge_ DAYWARD_GUARDED_BY(mutex_) = 0;
     int changes_ DAYWARD_GUARDED_BY(mutex_) = 0;
 };

@@ -25,6 +25,9 @@ public:
     [[nodiscard]] std::vector<LocalNotification> scheduledLocalNotifications() override {
         return schedule_->scheduledLocalNotifications();
     }
+    [[nodiscard]] std::vector<LocalNotification> snoozedLocalNotifications() override {
+        return schedule_->snoozedLocalNotifications();
+    }
     void scheduleLocalNotification(const LocalNotification& notification) override { change({}, {notification}); }
     void cancelLocalNotification(const LocalNotification& notification) override { change({notification}, {}); }
     void change(const std::vector<LocalNotification>& cancelled,

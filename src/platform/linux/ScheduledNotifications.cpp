@@ -1,5 +1,7 @@
 #include "platform/linux/ScheduledNotifications.h"
 
+#include <algorithm>
+
 #include "platform/Log.h"
 
 namespace dayward {
@@ -17,6 +19,12 @@ void ScheduledNotifications::edit(const std::function<void(NotificationSchedule:
 }
 
 std::vector<LocalNotification> ScheduledNotifications::scheduledLocalNotifications() { return content().scheduled; }
+
+std::vector<LocalNotification> ScheduledNotifications::snoozedLocalNotifications() {
+    auto snoozed = content().snoozed;
+    std::ranges::stable_sort(snoozed, {}, &LocalNotification::fireDate);
+    return snoozed;
+}
 
 void ScheduledNotifications::change(const std::vector<LocalNotification>& cancelled,
                                     const std::vector<LocalNotification>& scheduled) {

@@ -13,6 +13,7 @@ public:
     /// A desktop asks nobody for permission.
     void registerUserNotificationSettings(UserNotificationTypes) override {}
     [[nodiscard]] std::vector<LocalNotification> scheduledLocalNotifications() override;
+    [[nodiscard]] std::vector<LocalNotification> snoozedLocalNotifications() override;
     void scheduleLocalNotification(const LocalNotification& notification) override { change({}, {notification}); }
     void cancelLocalNotification(const LocalNotification& notification) override { change({notification}, {}); }
     void change(const std::vector<LocalNotification>& cancelled,

@@ -51,8 +51,7 @@ std::vector<TableSection> AlertHealthViewController::makeSections() {
 
 TableSection AlertHealthViewController::verdictSection() const {
     TableSection section{"verdict", {}, {}, {}};
-    section.rows.push_back(textRow("verdict", localized(health_->alertsWillCome() ? "Alerts will come, also while Dayward is closed."
-                                                                                  : "Alerts will not come.")));
+    section.rows.push_back(textRow("verdict", health_->verdict()));
     for (const std::string& problem : health_->problems()) {
         section.rows.push_back(textRow("problem" + std::to_string(section.rows.size()), problem));
     }

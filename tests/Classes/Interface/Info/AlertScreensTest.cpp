@@ -93,13 +93,17 @@ TEST_F(AlertScreens, TellsThatAlertsWillComeAndWhich) {
     schedule("", "2026-03-10T13:00:00");
     schedule("A is happening!", "2026-03-10T14:00:00");
     for (const char* time : {"2026-03-11T09:00:00", "2026-03-12T09:00:00", "2026-03-13T09:00:00"}) schedule("B", time);
+    LocalNotification snoozed;
+    snoozed.fireDate = environment.at("2026-03-11T08:00:00");
+    snoozed.alertBody = "Later";
+    notifications->snooze(snoozed);
     openAlerts(device);
     EXPECT_THAT(shell.rows(),
                 ElementsAre("Alerts will come, also while Dayward is closed.", "--", "Helper answers: Yes",
                             "Shown by: Desk", "Buttons on alerts: Yes", "--",
-                            "A is happening!: Tuesday, March 10 at 2:00 PM", "B: Wednesday, March 11 at 9:00 AM",
-                            "B: Thursday, March 12 at 9:00 AM", "--", "Send a test alert"));
-    EXPECT_EQ(footer(2), "Scheduled: 4") << "what only sets the badge is no alert";
+                            "A is happening!: Tuesday, March 10 at 2:00 PM", "Later: Wednesday, March 11 at 8:00 AM",
+                            "B: Wednesday, March 11 at 9:00 AM", "--", "Send a test alert"));
+    EXPECT_EQ(footer(2), "Scheduled: 5") << "what only sets the badge is no alert";
     shell.take();
     shell.tap("test");
     EXPECT_FALSE(shell.row("test").enabled) << "one at a time";
