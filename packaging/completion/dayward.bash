@@ -28,7 +28,7 @@ _dayward() {
         rule) COMPREPLY=($(compgen -W "next between last describe normalize batch --start --time --after --count --from --to --max $global" -- "$current")) ;;
         interval) COMPREPLY=($(compgen -W "--from --to --units --style --as $global" -- "$current")) ;;
         document) COMPREPLY=($(compgen -W "read write archive $global" -- "$current") $(compgen -f -- "$current")) ;;
-        notifications) COMPREPLY=($(compgen -W "health test $global" -- "$current")) ;;
+        notifications) COMPREPLY=($(compgen -W "--scheduled test refresh $global" -- "$current")) ;;
         widget) COMPREPLY=($(compgen -W "type events today selected --none --format --count --separator --follow text json waybar $global" -- "$current")) ;;
         *) COMPREPLY=($(compgen -W "$global" -- "$current")) ;;
     esac

@@ -1,6 +1,8 @@
-// dayward notifications [health|test|refresh]
+// dayward notifications [--scheduled], dayward notifications test|refresh
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <memory>
+#include <tuple>
 
 #include "Classes/App/AppServices.h"
 #include "Classes/Event/EventLocalStore.h"
@@ -8,69 +10,64 @@
 #include "agent/desktop/AgentDevice.h"
 #include "alerts/AlertHealth.h"
 #include "alerts/EventNotification.h"
+#include "alerts/NotificationDifference.h"
 #include "alerts/NotificationsManager.h"
-#include "cli/AlertHealthOutput.h"
 #include "cli/Command.h"
-#include "cli/Output.h"
+#include "cli/NotificationList.h"
 #include "cli/Program.h"
-#include "cli/Terminal.h"
-#include "intervals/ISODate.h"
-#include "platform/DateFormatter.h"
 #include "platform/Environment.h"
+#include "platform/LocalNotifications.h"
 #include "platform/Strings.h"
 
 namespace dayward {
 
 namespace {
 
-constexpr const char* kGap = "  ";
-
-template <class T>
-JSON orNull(const std::optional<T>& value) {
-    return value ? JSON(*value) : JSON(nullptr);
+JSON withOwnerName(JSON fields, const LocalNotification& notification) {
+    const auto event = EventLocalStore::shared().eventByIdentifier(eventIdentifier(notification));
+    fields["ownerName"] = event && event->name() ? JSON(*event->name()) : JSON(nullptr);
+    return fields;
 }
 
-JSON notificationJSON(const LocalNotification& notification) {
-    const auto& date = notification.fireDate;
-    const auto owner = eventIdentifier(notification);
-    const auto event = EventLocalStore::shared().eventByIdentifier(owner);
-    return {{"fireDate", date ? JSON(isoText(*date)) : JSON(nullptr)},
-            {"fireDateSeconds", date ? JSON(date->secondsSinceReference()) : JSON(nullptr)},
-            {"body", orNull(notification.alertBody)},
-            {"owner", orNull(owner)},
-            {"ownerName", event ? orNull(event->name()) : JSON(nullptr)},
-            {"sound", orNull(notification.soundName)},
-            {"badgeNumber", orNull(notification.applicationIconBadgeNumber)}};
-}
-
-/// What it says, or which number it sets.
-std::string textOf(const LocalNotification& notification) {
-    if (notification.alertBody) return *notification.alertBody;
-    const auto& number = notification.applicationIconBadgeNumber;
-    return localized("Badge") + (number ? " " + std::to_string(*number) : "");
-}
-
-void printLines(const Environment& environment, const std::vector<LocalNotification>& notifications) {
-    const auto formatter = DateFormatter::withStyles(DateFormatter::Style::medium, DateFormatter::Style::short_,
-                                                     environment.locale(), environment.timeZone());
-    std::vector<std::string> dates;
-    int width = 0;
-    for (const LocalNotification& notification : notifications) {
-        dates.push_back(notification.fireDate ? formatter.stringFromDate(*notification.fireDate) : "");
-        width = std::max(width, displayWidth(dates.back()));
+void printWanted(const Environment& environment, bool json) {
+    const auto wanted = NotificationsManager::wantedNotifications();
+    if (!json) {
+        if (wanted.empty()) printLine(localized("No notifications"));
+        return printNotificationLines(environment, wanted);
     }
-    for (std::size_t index = 0; index < notifications.size(); ++index) {
-        printLine(fitted(padded(dates[index], width) + kGap + textOf(notifications[index]), terminalWidth()));
-    }
-    if (notifications.empty()) printLine(localized("No notifications"));
-}
-
-void printNotifications(const Environment& environment, const std::vector<LocalNotification>& notifications,
-                        bool json) {
-    if (!json) return printLines(environment, notifications);
     JSON list = JSON::array();
-    for (const LocalNotification& notification : notifications) list.push_back(notificationJSON(notification));
+    for (const LocalNotification& one : wanted) list.push_back(withOwnerName(notificationJSON(one), one));
     printJSON({{"notifications", std::move(list)}});
+}
+
+struct Scheduled {
+    LocalNotification notification;
+    bool isSnoozed = false;
+};
+
+/// What the device's schedule holds, by fire date.
+std::vector<Scheduled> scheduledNow(LocalNotifications& device) {
+    std::vector<Scheduled> scheduled;
+    for (auto& one : device.scheduledLocalNotifications()) scheduled.push_back({std::move(one), false});
+    for (auto& one : device.snoozedLocalNotifications()) scheduled.push_back({std::move(one), true});
+    std::ranges::stable_sort(scheduled, firesBefore, &Scheduled::notification);
+    return scheduled;
+}
+
+void printScheduled(const Environment& environment, bool json) {
+    const auto scheduled = scheduledNow(*environment.localNotifications());
+    JSON list = JSON::array();
+    std::vector<LocalNotification> notifications;
+    std::vector<bool> isSnoozed;
+    for (const Scheduled& one : scheduled) {
+        list.push_back(withOwnerName(notificationJSON(one.notification), one.notification));
+        list.back()["snoozed"] = one.isSnoozed;
+        notifications.push_back(one.notification);
+        isSnoozed.push_back(one.isSnoozed);
+    }
+    if (json) return printJSON({{"notifications", std::move(list)}});
+    if (scheduled.empty()) printLine(localized("No notifications"));
+    printNotificationLines(environment, notifications, isSnoozed);
 }
 
 /// What the application does in the background, without it.
@@ -83,31 +80,27 @@ Result<> refreshInBackground() {
     return {};
 }
 
-bool tellHealth(const GlobalOptions& options) {
-    AgentDevice device(agentOf(options));
-    const AlertHealth health = AlertHealth::present(&device);
-    printAlertHealth(health, options.json);
-    return health.alertsWillCome();
+Result<> sendTest(const GlobalOptions& options) {
+    TRY_VOID(AgentDevice(agentOf(options)).show(testAlert()));
+    options.json ? printJSON({{"sent", true}}) : printLine(localized("Sent"));
+    return {};
 }
 
 }  // namespace
 
 void addNotificationsCommand(CLI::App& app, ChosenCommand& chosen) {
     CLI::App* command = app.add_subcommand("notifications", "What the alerts will say, and when: the nearest first");
-    CLI::App* refresh = command->add_subcommand("refresh", "Schedule everything anew")->group("");
-    CLI::App* health = command->add_subcommand("health", "Whether alerts will come; asks the desktop");
-    CLI::App* test = command->add_subcommand("test", "Show one alert now");
+    const auto scheduled = std::make_shared<bool>(false);
+    command->add_flag("--scheduled", *scheduled, "What the device has been given to show, snoozed alerts included");
+    CLI::App* refresh = command->add_subcommand("refresh", "Find what was missed, and schedule everything anew");
+    CLI::App* test = command->add_subcommand("test", "Show an alert now");
     command->require_subcommand(0, 1);
     command->callback([=, &chosen] {
-        chosen.needsStore = !health->parsed() && !test->parsed();
-        chosen.action = [=, &chosen](Environment& environment, const GlobalOptions& options) -> Result<> {
+        if (test->parsed()) chosen.needsStore = false;
+        chosen.action = [=](Environment& environment, const GlobalOptions& options) -> Result<> {
             if (refresh->parsed()) return refreshInBackground();
-            if (test->parsed()) return AgentDevice(agentOf(options)).show(testAlert());
-            if (health->parsed()) {
-                chosen.exitStatus = tellHealth(options) ? 0 : 1;
-                return {};
-            }
-            printNotifications(environment, NotificationsManager::wantedNotifications(), options.json);
+            if (test->parsed()) return sendTest(options);
+            *scheduled ? printScheduled(environment, options.json) : printWanted(environment, options.json);
             return {};
         };
     });

@@ -28,7 +28,7 @@ class ProgramTest(unittest.TestCase):
     def start(self, *arguments, input=None, home=None, now=None, zone=None, locale=None):
         command = [PROGRAM, "--home", str(home or self.home), "--now", now or self.now, "--tz", zone or self.zone,
                    "--locale", locale or self.locale, *map(str, arguments)]
-        environment = {k: v for k, v in os.environ.items() if not k.startswith(("DAYWARD", "XDG", "LC_", "TZ"))}
+        environment = {k: v for k, v in os.environ.items() if not k.startswith(("DAYWARD", "XDG", "LC_", "TZ", "DBUS"))}
         return subprocess.run(command, input=input, capture_output=True, text=True, env=environment, timeout=120)
 
     def run_ok(self, *arguments, **options):

@@ -273,7 +273,7 @@ class Documents(ProgramTest):
 
     def test_doctor_names_the_broken_package(self):
         identifier = self.add("Sound", "--date", "2026-05-01")
-        self.assertEqual(self.run_json("doctor"), {"problems": []})
+        self.assertEqual(self.run_json("doctor")["problems"], [])
         package = next(self.home.rglob(identifier + ".evn"))
         (package / "general.t").write_bytes(b"not an archive")
         done = self.start("--json", "doctor")
@@ -382,7 +382,7 @@ class Usage(ProgramTest):
         done = subprocess.run(["bash", "-c", f'"{program.PROGRAM}" --home "{self.home}" --json list >&-'],
                               capture_output=True, text=True, timeout=60)
         self.assertEqual((done.returncode, done.stderr), (1, "dayward: standard output cannot be written\n"))
-        self.assertEqual(self.run_json("doctor"), {"problems": []})
+        self.assertEqual(self.run_json("doctor")["problems"], [])
 
     def test_two_writers_at_once_lose_nothing(self):
         self.run_ok("list")

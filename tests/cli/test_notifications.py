@@ -1,5 +1,6 @@
 """What `dayward notifications` tells: the nearest alerts of all events as of a moment."""
 import datetime
+import plistlib
 import program
 from program import ProgramTest
 
@@ -67,8 +68,8 @@ class Notifications(ProgramTest):
         identifier = self.add("Tea", "--date", "2026-07-01", "--time", "09:30", "--alert", "1 day before")
         self.assertEqual(self.wanted(zone="Europe/Berlin"), [{
             "fireDate": "2026-06-30T09:30:00+02:00", "fireDateSeconds": 804497400.0,
-            "body": "Tea - is coming in 1 Day!", "owner": identifier, "ownerName": "Tea", "sound": None,
-            "badgeNumber": None}])
+            "body": "Tea - is coming in 1 Day!", "owner": identifier, "sound": None, "badgeNumber": None,
+            "ownerName": "Tea"}])
         self.assertEqual(self.run_ok("notifications"), "Jun 30, 2026, 9:30 AM  Tea - is coming in 1 Day!\n")
         self.assertEqual(self.run_ok("notifications", locale="ru_RU"),
                          "30 июн. 2026 г., 09:30  До события «Tea»: 1 День!\n")
@@ -77,6 +78,56 @@ class Notifications(ProgramTest):
         self.add("Quiet", "--date", "2026-07-01", "--alert", "none")
         self.assertEqual(self.wanted(), [])
         self.assertEqual(self.run_ok("notifications"), "No notifications\n")
+
+    def put_off(self, schedule):
+        """Half an hour earlier the first one comes as an alert that the user put off."""
+        archive = plistlib.loads(schedule.read_bytes())
+        objects = archive["$objects"]
+
+        def copy_of(reference):
+            objects.append(dict(objects[reference.data]))
+            return plistlib.UID(len(objects) - 1)
+
+        def values(record):
+            return {objects[key.data]: value for key, value in zip(record["NS.keys"], record["NS.objects"])}
+
+        root = values(objects[archive["$top"]["root"].data])
+        snoozed = copy_of(objects[root["scheduled"].data]["NS.objects"][0])
+        record = objects[snoozed.data]
+        date = copy_of(values(record)["fireDate"])
+        objects[date.data]["NS.time"] -= 1800
+        record["NS.objects"] = [date if value == values(record)["fireDate"] else value for value in record["NS.objects"]]
+        objects[root["snoozed"].data]["NS.objects"] = [snoozed]
+        schedule.write_bytes(plistlib.dumps(archive, fmt=plistlib.FMT_BINARY))
+
+    def scheduled(self):
+        return [(one["fireDate"][:16], one["body"], one["snoozed"])
+                for one in self.run_json("notifications", "--scheduled")["notifications"]]
+
+    def test_the_schedule_is_told_with_what_was_snoozed(self):
+        identifier = self.add("Tea", "--date", "2026-07-01", "--time", "09:30", "--alert", "on event")
+        self.assertEqual(self.scheduled(), [("2026-07-01T09:30", "Tea is happening!", False)])
+        schedule = self.home / "state" / "notifications.schedule"
+        self.put_off(schedule)
+        self.assertEqual(self.scheduled(), [("2026-07-01T09:00", "Tea is happening!", True),
+                                            ("2026-07-01T09:30", "Tea is happening!", False)])
+        self.assertEqual(self.run_ok("notifications", "--scheduled").splitlines()[0],
+                         "Jul 1, 2026, 9:00 AM  Tea is happening! (snoozed)")
+        doctor = self.run_json("doctor")["alerts"]
+        self.assertEqual((doctor["scheduled"], [one["owner"] for one in doctor["next"]]), (2, [identifier] * 2))
+        self.run_ok("remove", identifier)
+        self.assertEqual(self.scheduled(), [("2026-07-01T09:00", "Tea is happening!", True)])
+
+    def test_without_a_desktop_alerts_will_not_come(self):
+        self.add("Tea", "--date", "2026-07-01", "--time", "09:30", "--alert", "on event")
+        told = self.run_json("doctor")["alerts"]
+        self.assertEqual((told["alertsWillCome"], told["helperAnswers"], told["service"], len(told["problems"])), (False, False, None, 2))
+        self.assertEqual(self.run_ok("doctor").splitlines(), [
+            "No problems found", "Alerts will not come.", "Your desktop has no service that shows notifications.",
+            "The helper that gives alerts while Dayward is closed does not answer.", "Helper answers: No",
+            "Shown by: None", "Scheduled: 1",
+            "Jul 1, 2026, 9:30 AM  Tea is happening!"])
+        self.refused(1, "notifications", "test")
 
     def test_refreshing_says_nothing(self):
         self.assertEqual(self.run_ok("notifications", "refresh"), "")

@@ -143,6 +143,7 @@ class Beginning(AgentTest):
     def run_program(self, *arguments):
         done = subprocess.run([PROGRAM, *map(str, arguments)], capture_output=True, text=True, timeout=20, env=self.env)
         self.assertEqual((done.returncode, done.stderr), (0, ""))
+        return done.stdout
 
     def add(self, *options):
         self.run_program(*options, "add", "Fair", "--date", "2200-01-01", "--alert", "on event")
@@ -165,22 +166,21 @@ class Beginning(AgentTest):
         self.assertEqual(len(self.names()), 2)
 
     def test_the_command_line_tells_whether_alerts_will_come_and_shows_one(self):
-        def notifications(*arguments):
-            return subprocess.run([PROGRAM, "--home", self.home, "--json", "notifications", *arguments], timeout=20,
-                                  capture_output=True, text=True, env=self.env)
-        poor = notifications("health")
-        self.assertEqual(poor.returncode, 1)
-        self.assertEqual(json.loads(poor.stdout) | {"problems": []},
+        def test():
+            return subprocess.run([PROGRAM, "--home", self.home, "notifications", "test"], timeout=20,
+                                  capture_output=True, text=True, env=self.env).returncode
+
+        def health():
+            return json.loads(self.run_program("--home", self.home, "--json", "doctor"))["alerts"]
+        self.assertEqual(health() | {"problems": []},
                          {"alertsWillCome": False, "helperAnswers": True, "service": None, "hasActions": False,
-                          "doNotDisturb": None, "scheduled": 0, "problems": []})
-        self.assertEqual(notifications("test").returncode, 1)
+                          "doNotDisturb": None, "scheduled": 0, "next": [], "problems": []})
+        self.assertEqual(test(), 1)
         service = self.start_service(Inhibited=True)
-        rich = notifications("health")
-        self.assertEqual(rich.returncode, 0)
-        health = json.loads(rich.stdout)
-        self.assertEqual((health["service"], health["hasActions"], health["doNotDisturb"], len(health["problems"])),
-                         ("mock-notify", True, True, 1))
-        self.assertEqual(notifications("test").returncode, 0)
+        rich = health()
+        self.assertEqual((rich["alertsWillCome"], rich["service"], rich["hasActions"], rich["doNotDisturb"],
+                          len(rich["problems"])), (True, "mock-notify", True, True, 1))
+        self.assertEqual(test(), 0)
         self.assertIn("This is a test.", service.bubbles()[-1].body)
 
     def test_a_number_on_the_icon_is_shown_by_the_agent(self):
