@@ -24,11 +24,10 @@ void Agent::wake() {
     wantsWake_ = false;
     deliverer_.deliver();
     showBadge();
-    if (isKept()) fetch_.wake(deliverer_.record().fetched, schedule().needsRebuild);
+    if (isNeeded()) fetch_.wake(deliverer_.record().fetched, schedule().needsRebuild);
 }
 
-/// Nothing is fetched for a home in which nobody has scheduled anything yet.
-bool Agent::isKept() const { return schedule() != NotificationSchedule::Content() || deliverer_.record().fetched; }
+bool Agent::isNeeded() const { return schedule() != NotificationSchedule::Content() || deliverer_.record().fetched; }
 
 void Agent::showBadge() {
     if (std::exchange(badge_, schedule().badgeNumber) != schedule().badgeNumber) {
@@ -51,7 +50,7 @@ std::optional<Date> Agent::nextMoment() const {
     for (const auto* list : {&schedule().scheduled, &schedule().snoozed}) {
         for (const LocalNotification& notification : *list) consider(dueDate(notification, zone));
     }
-    if (isKept()) consider(fetch_.nextMoment(deliverer_.record().fetched));
+    if (isNeeded()) consider(fetch_.nextMoment(deliverer_.record().fetched));
     return least;
 }
 

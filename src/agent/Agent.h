@@ -28,6 +28,8 @@ public:
     [[nodiscard]] std::optional<Date> nextMoment() const;
     /// How long until something that failed is tried again.
     [[nodiscard]] std::optional<TimeInterval> retryAfter() const;
+    /// Somebody has scheduled something once; nothing is fetched before that.
+    [[nodiscard]] bool isNeeded() const;
     [[nodiscard]] bool isFetching() const { return fetch_.isRunning(); }
 
     // AgentRequests
@@ -48,7 +50,6 @@ private:
     static constexpr std::size_t kMostUnscheduled = 16;
 
     [[nodiscard]] const LocalNotification* shown(const std::string& key) const;
-    [[nodiscard]] bool isKept() const;
     void showBadge();
     void didFetch();
 

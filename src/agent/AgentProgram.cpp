@@ -11,6 +11,7 @@
 #include "agent/DrivenTime.h"
 #include "agent/EventLoop.h"
 #include "agent/FilesSource.h"
+#include "agent/IdleEnd.h"
 #include "agent/LineDisplay.h"
 #include "agent/ProgramRefresher.h"
 #include "agent/SystemTime.h"
@@ -90,8 +91,13 @@ Result<> run(const AgentOptions& options) {
         loop.add(*source);
     }
     if (EventSource* const events = surroundings->events()) loop.add(*events);
-    if (!TRY(surroundings->serve(agent))) return failure("another agent of this home runs");
-    while (!surroundings->isOver()) {
+    IdleEnd idle(*time, [&] { return agent.isNeeded() || !options.drivenClock.empty(); });
+    loop.add(idle);
+    if (!TRY(surroundings->serve(agent))) {
+        logError("dayward-agent: another agent of this home runs");
+        return {};
+    }
+    while (!surroundings->isOver() && !idle.isOver()) {
         while (agent.wantsWake()) agent.wake();
         time->arm({agent.nextMoment(), agent.retryAfter(), agent.isFetching()});
         loop.waitOnce();

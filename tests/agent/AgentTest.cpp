@@ -1,5 +1,6 @@
 // The user's answers, and the fetch that fills the schedule.
 #include "agent/AgentFixture.h"
+#include "agent/IdleEnd.h"
 #include "agent/SnoozeTime.h"
 
 namespace dayward {
@@ -108,6 +109,23 @@ TEST_F(AgentTest, FetchesOnceADayAndAfterALongSleepAndNeverForNobody) {
     agent->refresh();
     wake();
     EXPECT_EQ(link.fetches, 5);
+}
+
+TEST_F(AgentTest, EndsWhereNobodyHasScheduledAnything) {
+    const IdleEnd idle(time, [&] { return agent->isNeeded(); });
+    wake();
+    EXPECT_EQ(idle.timeout(), IdleEnd::kAfter);
+    time.pass(59);
+    EXPECT_FALSE(idle.isOver());
+    time.pass(1);
+    EXPECT_TRUE(idle.isOver());
+    const LocalNotification alert = in(1, "a");
+    add({alert});
+    wake();
+    time.pass(1);
+    EXPECT_THAT(wake(), ElementsAre("a"));
+    EXPECT_FALSE(idle.isOver()) << "the events may have more later";
+    EXPECT_EQ(idle.timeout(), std::nullopt);
 }
 
 TEST_F(AgentTest, WithoutTheApplicationAProgramRefreshesAndIsTriedAgain) {
