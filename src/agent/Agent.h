@@ -1,7 +1,7 @@
 // What the process does when it wakes: shows what is due, keeps the badge, fetches, and takes the user's answers.
 //
-// Whoever waits calls wake() when the clock, the schedule or the zone may be another, and wantsWake() tells it to
-// after an answer. The agent's thread only.
+// Whoever waits tells needWake() and calls wake() while wantsWake(), which the user's answers make true as well. The
+// agent's thread only.
 #pragma once
 
 #include <map>
@@ -23,6 +23,8 @@ public:
     Agent& operator=(const Agent&) = delete;
 
     void wake();
+    /// The clock, the schedule or the zone may be another.
+    void needWake() { wantsWake_ = true; }
     [[nodiscard]] bool wantsWake() const { return wantsWake_; }
     /// When it is to be woken by the wall clock.
     [[nodiscard]] std::optional<Date> nextMoment() const;

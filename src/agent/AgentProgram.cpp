@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "agent/Agent.h"
@@ -76,8 +77,9 @@ Result<> run(const AgentOptions& options) {
     removeStaleTemporaries(*files, paths.state);
     const std::unique_ptr<AgentWait> time = TRY(makeWait(options));
     // Watched before it is read: what is scheduled in between is not missed.
-    FilesSource zone(TRY(PathWatch::make(zoneFiles())), [&] { time->readZone(); });
-    FilesSource changes(TRY(PathWatch::make({joinPath(paths.state, NotificationSchedule::kFileName)})), [] {});
+    PathWatch zoneWatch = TRY(PathWatch::make(zoneFiles()));
+    time->readZone();
+    PathWatch scheduleWatch = TRY(PathWatch::make({joinPath(paths.state, NotificationSchedule::kFileName)}));
     const std::unique_ptr<Surroundings> surroundings = TRY(makeSurroundings(options, *time));
 
     NotificationSchedule schedule(files, classes, paths.state);
@@ -85,6 +87,11 @@ Result<> run(const AgentOptions& options) {
     ProgramRefresher refresher([&] { return refreshCommand(options, *time); });
     Agent agent({schedule, record, *time, surroundings->display(), surroundings->link(), ownClaimant(), isClaimantAlive},
                 refresher);
+    FilesSource zone(std::move(zoneWatch), [&] {
+        time->readZone();
+        agent.needWake();
+    });
+    FilesSource changes(std::move(scheduleWatch), [&] { agent.needWake(); });
     EventLoop loop;
     for (EventSource* source : {static_cast<EventSource*>(time.get()), static_cast<EventSource*>(&zone),
                                 static_cast<EventSource*>(&changes), static_cast<EventSource*>(&refresher)}) {
@@ -101,7 +108,7 @@ Result<> run(const AgentOptions& options) {
         while (agent.wantsWake()) agent.wake();
         time->arm({agent.nextMoment(), agent.retryAfter(), agent.isFetching()});
         loop.waitOnce();
-        agent.wake();
+        if (time->takeRung()) agent.needWake();
     }
     return {};
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <utility>
 
 #include "agent/AgentTime.h"
 #include "agent/EventSource.h"
@@ -19,8 +20,21 @@ class AgentWait : public AgentTime, public EventSource {
 public:
     /// Dispatched at the earlier of both, and when the wall clock is set.
     virtual void arm(const NextWake& next) = 0;
+    /// Whether it was dispatched since it was asked last.
+    [[nodiscard]] bool takeRung() { return std::exchange(hasRung_, false); }
     /// The device may be in another zone.
     virtual void readZone() = 0;
+
+    void dispatch() final {
+        hasRung_ = true;
+        ring();
+    }
+
+protected:
+    virtual void ring() = 0;
+
+private:
+    bool hasRung_ = false;
 };
 
 }  // namespace dayward

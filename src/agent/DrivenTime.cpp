@@ -47,7 +47,7 @@ std::optional<TimeInterval> DrivenTime::timeout() const {
     return now_ < target_ && !next_.isBusy ? std::optional(TimeInterval()) : std::nullopt;
 }
 
-void DrivenTime::dispatch() {
+void DrivenTime::ring() {
     if (watch_.take() && readLine()) return;
     if (now_ < target_ && !next_.isBusy) advance(std::min(target_, next_.moment.value_or(target_)));
 }

@@ -23,11 +23,11 @@ public:
 
     [[nodiscard]] pollfd descriptor() const override { return {watch_.descriptor(), POLLIN, 0}; }
     [[nodiscard]] std::optional<TimeInterval> timeout() const override;
-    void dispatch() override;
 
 private:
     DrivenTime(PathWatch watch, std::string path) : watch_(std::move(watch)), path_(std::move(path)) {}
 
+    void ring() override;
     bool readLine();
     void advance(Date moment);
 

@@ -18,9 +18,9 @@ public:
 
     [[nodiscard]] pollfd descriptor() const override { return {alarm_.descriptor(), POLLIN, 0}; }
     [[nodiscard]] std::optional<TimeInterval> timeout() const override;
-    void dispatch() override { (void)alarm_.take(); }
 
 private:
+    void ring() override { (void)alarm_.take(); }
     explicit SystemTime(WallClockAlarm alarm) : alarm_(std::move(alarm)) {}
 
     WallClockAlarm alarm_;
