@@ -83,7 +83,7 @@ def measured_by(program, rows, options):
 
 
 def measured_by_script(script, rows, options):
-    """A script prints {"row/side": {"unit": "ns" or "B", "values": […]}} for the rows that it is given."""
+    """A script prints {"row/side": {"unit": "ns", "B" or "times", "values": […]}} for the rows that it is given."""
     command = [sys.executable, script, "3" if options.quick else "9", *sorted(rows)]
     figures = json.loads(subprocess.run(command, stdout=subprocess.PIPE, text=True, check=True).stdout)
     return {tuple(name.split("/")): [(value, figure["unit"], "") for value in figure["values"]]
@@ -116,6 +116,8 @@ def instructions_each(program, rows):
 def shown(value, unit):
     if unit == "B":
         return f"{value:,.0f} B"
+    if unit == "times":
+        return f"{value:g}"
     for name, size in (("s", 1e9), ("ms", 1e6), ("µs", 1e3)):
         if value >= size:
             return f"{value / size:.3g} {name}"
