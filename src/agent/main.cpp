@@ -1,14 +1,12 @@
 // The program dayward-agent: shows the alerts when they are due, whether the application runs or not.
 #include <CLI/CLI.hpp>
 #include <filesystem>
-#include <iostream>
 
 #include "agent/AgentProgram.h"
+#include "cli/ProgramArguments.h"
 #include "cli/ProgramVersion.h"
 
 namespace {
-
-constexpr int kWrongUsage = 2;
 
 std::filesystem::path programDirectory() {
     std::error_code error;
@@ -27,12 +25,6 @@ int main(int argc, char** argv) {
     parser.add_option("--driven-clock", options.drivenClock)->group("");
     parser.add_flag("--on-desktop", options.onDesktop)->group("");
     parser.set_version_flag("--version", std::string(dayward::kProgramVersion));
-    try {
-        parser.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) return parser.exit(error);
-        std::cerr << "dayward-agent: " << error.what() << "; try --help" << std::endl;
-        return kWrongUsage;
-    }
+    if (const auto status = dayward::parseArguments(parser, argc, argv)) return *status;
     return dayward::runAgent(options);
 }
