@@ -24,7 +24,8 @@ void Agent::wake() {
     wantsWake_ = false;
     deliverer_.deliver();
     showBadge();
-    if (isNeeded()) fetch_.wake(deliverer_.record().fetched, schedule().needsRebuild);
+    if (!isNeeded()) return fetch_.rest();
+    fetch_.wake(deliverer_.record().fetched, schedule().needsRebuild);
 }
 
 bool Agent::isNeeded() const { return schedule() != NotificationSchedule::Content() || deliverer_.record().fetched; }
@@ -61,8 +62,9 @@ std::optional<TimeInterval> Agent::retryAfter() const {
 
 Result<> Agent::showNow(const LocalNotification& notification) {
     const DueAlert alert{deliveryKey(notification), notification, time_.now(), false};
-    unscheduled_.insert_or_assign(alert.key, notification);
-    if (unscheduled_.size() > kMostUnscheduled) unscheduled_.erase(unscheduled_.begin());
+    std::erase_if(unscheduled_, [&](const DueAlert& other) { return other.key == alert.key; });
+    unscheduled_.push_back(alert);
+    if (unscheduled_.size() > kMostUnscheduled) unscheduled_.pop_front();
     if (link_.deliver(notification)) return {};
     return display_.show(alert);
 }
@@ -74,8 +76,8 @@ void Agent::refresh() {
 
 const LocalNotification* Agent::shown(const std::string& key) const {
     if (const Delivery* delivery = deliverer_.record().find(key)) return &delivery->notification;
-    const auto found = unscheduled_.find(key);
-    return found == unscheduled_.end() ? nullptr : &found->second;
+    const auto found = std::ranges::find(unscheduled_, key, &DueAlert::key);
+    return found == unscheduled_.end() ? nullptr : &found->notification;
 }
 
 void Agent::didOpen(const std::string& key) {

@@ -4,7 +4,7 @@
 // agent's thread only.
 #pragma once
 
-#include <map>
+#include <deque>
 #include <optional>
 #include <string>
 
@@ -60,8 +60,8 @@ private:
     ApplicationLink& link_;
     Deliverer deliverer_;
     BackgroundFetch fetch_;
-    std::optional<std::int64_t> badge_;                    ///< as it is shown
-    std::map<std::string, LocalNotification> unscheduled_;  ///< shown at once, by their keys
+    std::optional<std::int64_t> badge_;  ///< as it is shown
+    std::deque<DueAlert> unscheduled_;   ///< shown at once, the latest last
     bool wantsWake_ = true;
 };
 

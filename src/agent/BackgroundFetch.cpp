@@ -30,13 +30,21 @@ Date BackgroundFetch::nextMoment(std::optional<Date> last) const {
 void BackgroundFetch::wake(std::optional<Date> last, bool needsRebuild) {
     noteSleep();
     const bool isTime = nextMoment(last) <= parts_.time.now();
-    if (isRunning_ || !(isRequested_ || needsRebuild || isTime) || !again_.mayTry(parts_.time.elapsed())) return;
+    if (isRunning_) return;
+    if (!isRequested_ && !needsRebuild && !isTime) return again_.succeed();
+    if (!again_.mayTry(parts_.time.elapsed())) return;
     isRunning_ = true;
     if (parts_.link.performFetch()) return finish(true);
     const auto started = parts_.refresher.start([this](bool worked) { finish(worked); });
     if (started) return;
     logError("notifications: " + started.error().description());
     finish(false);
+}
+
+void BackgroundFetch::rest() {
+    noteSleep();
+    isRequested_ = false;
+    again_.succeed();
 }
 
 void BackgroundFetch::finish(bool worked) {

@@ -30,6 +30,8 @@ public:
     void request() { isRequested_ = true; }
     /// Fetches where it is time to. `last` is when it was done last.
     void wake(std::optional<Date> last, bool needsRebuild);
+    /// In place of wake() for a home in which there is nothing to fetch for.
+    void rest();
     /// When it is time again.
     [[nodiscard]] Date nextMoment(std::optional<Date> last) const;
     [[nodiscard]] std::optional<TimeInterval> retryAfter() const;

@@ -60,6 +60,7 @@ void Deliverer::deliver() {
         withdrawCancelled();
         if (displayAgain_.mayTry(elapsed)) show();
     } while (hasToWrite() && writeAgain_.mayTry(elapsed));
+    if (!hasToWrite()) writeAgain_.succeed();
     watchOthers();
 }
 

@@ -127,6 +127,7 @@ protected:
     std::vector<std::string> wake() {
         do agent->wake();
         while (agent->wantsWake());
+        EXPECT_NE(agent->retryAfter(), TimeInterval()) << "it would spin";
         return display.takeLines();
     }
 

@@ -149,6 +149,35 @@ TEST_F(AgentTest, WithoutTheApplicationAProgramRefreshesAndIsTriedAgain) {
     EXPECT_EQ(record.read()->fetched, time.now());
 }
 
+TEST_F(AgentTest, AFetchThatIsNoLongerNeededIsNotTriedAgain) {
+    link.isRunning = false;
+    add({in(kDay, "a")});
+    wake();
+    refresher.finish(true);
+    wake();
+    time.pass(kDay);
+    wake();
+    ASSERT_EQ(refresher.starts, 2);
+    refresher.finish(false);
+    time.jump(-kHour);
+    wake();
+    time.pass(100);
+    wake();
+    EXPECT_EQ(refresher.starts, 2);
+    EXPECT_EQ(agent->retryAfter(), std::nullopt);
+}
+
+TEST_F(AgentTest, ADeviceThatCouldNotBeReadForAMomentIsForgotten) {
+    add({in(kDay, "a")});
+    wake();
+    files->failOperation(2);
+    wake();
+    ASSERT_TRUE(agent->retryAfter());
+    time.pass(agent->retryAfter()->seconds());
+    wake();
+    EXPECT_EQ(agent->retryAfter(), std::nullopt);
+}
+
 TEST_F(AgentTest, ABrokenScheduleIsRebuiltOnce) {
     link.isRunning = false;
     add({in(kDay, "a")});
