@@ -6,7 +6,6 @@
 #include <QQmlComponent>
 #include <QQuickWindow>
 #include <iostream>
-#include <set>
 
 #include "Classes/App/EventFactory.h"
 #include "Classes/Event/EventLocalStore.h"
@@ -14,13 +13,13 @@
 #include "Classes/Interface/Events/HHSplitViewController.h"
 #include "Classes/Interface/Info/SettingsViewController.h"
 #include "shell/QtWindow.h"
+#include "shell/ScreenTour.h"
 
 namespace dayward {
 
 namespace {
 
 constexpr int kDrawMilliseconds = 60;
-constexpr int kDeepest = 4;
 
 int faults = 0;
 
@@ -49,29 +48,6 @@ void loadEveryFile(QQmlEngine& engine) {
     }
 }
 
-/// Goes into every screen that a row of this one opens, and into every row that opens.
-void visit(Shell& shell, int depth) {
-    draw();
-    auto* const screen = dynamic_cast<TableScreen*>(shell.navigation().topScreen().get());
-    if (screen == nullptr || depth > kDeepest) return;
-    std::set<std::string> seen;
-    for (bool found = true; found;) {
-        found = false;
-        for (const TableSection& section : screen->sections()) {
-            for (const TableRow& row : section.rows) {
-                if ((!row.opensScreen && !row.open) || !row.enabled || !seen.insert(row.id).second) continue;
-                screen->select(*screen->pathOfRow(row.id));
-                found = true;
-                break;
-            }
-            if (found) break;
-        }
-        if (shell.navigation().topScreen().get() == screen) continue;
-        visit(shell, depth + 1);
-        shell.goBack();
-    }
-}
-
 }  // namespace
 
 bool passesSelfTest(Environment& environment) {
@@ -95,10 +71,10 @@ bool passesSelfTest(Environment& environment) {
             shell.goBack();
         }
         shell.navigation().present(std::make_shared<EventEditViewController>());
-        visit(shell, 0);
+        tourScreens(shell, draw);
         shell.goBack();
         shell.navigation().present(std::make_shared<SettingsViewController>(SettingsViewController::Services{}));
-        visit(shell, 0);
+        tourScreens(shell, draw);
         shell.goBack();
         draw();
     }

@@ -16,8 +16,11 @@ namespace dayward {
 
 class Flows : public ShellFixture {
 protected:
-    explicit Flows(EventScreensServices services = {})
-        : shell(*environment), window(*environment, shell), split(shell.navigation(), std::move(services)) {
+    explicit Flows(EventScreensServices services = {}, TestEnvironment::Options options = {})
+        : ShellFixture(std::move(options)),
+          shell(*environment),
+          window(*environment, shell),
+          split(shell.navigation(), withSharing(std::move(services))) {
         quick = window.quickWindow();
         if (quick == nullptr) throw std::runtime_error("the window cannot be loaded");
         quick->resize(400, 800);
@@ -26,6 +29,10 @@ protected:
         EXPECT_TRUE(until([&] { return quick->isExposed(); }));
     }
 
+    EventScreensServices withSharing(EventScreensServices services) {
+        if (services.share == nullptr) services.share = &shell.shareServices();
+        return services;
+    }
     /// A visible item in the window that is spoken or labelled so.
     [[nodiscard]] QQuickItem* item(const QString& text) const { return itemIn(quick->contentItem(), "text", text); }
     /// The field to type in that says so while it is empty.

@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <filesystem>
 #include <functional>
 #include <memory>
 
@@ -19,9 +20,10 @@ namespace dayward {
 
 class ShellFixture : public ::testing::Test {
 protected:
-    ShellFixture()
+    /// Queues and archive classes of the options are the shell's.
+    explicit ShellFixture(TestEnvironment::Options options = {})
         : queues(std::make_shared<AsioQueues>()),
-          environment({.queues = queues, .archiveClasses = allArchiveClasses()}),
+          environment(withShellsOwn(std::move(options))),
           loop(queues->mainLoop()) {}
 
     /// Runs Qt's loop until it is so; false where it does not come about.
@@ -32,6 +34,17 @@ protected:
             if (clock.elapsed() > kLongest) return false;
         }
         return true;
+    }
+
+    [[nodiscard]] TestEnvironment::Options withShellsOwn(TestEnvironment::Options options) const {
+        options.queues = queues;
+        options.archiveClasses = allArchiveClasses();
+        return options;
+    }
+    /// What the build has made: pictures, sounds and texts.
+    static std::string builtResources() {
+        const auto program = std::filesystem::read_symlink("/proc/self/exe");
+        return (program.parent_path().parent_path() / "share" / "dayward").string();
     }
 
     const std::shared_ptr<AsioQueues> queues;

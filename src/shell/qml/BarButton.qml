@@ -12,7 +12,6 @@ AbstractButton {
 
     implicitHeight: Theme.target
     implicitWidth: Math.max(Theme.target, symbol.length > 0 ? Theme.target : caption.implicitWidth + 20)
-    opacity: enabled ? 1 : 0.4
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
     Accessible.role: Accessible.Button

@@ -18,9 +18,24 @@ FocusScope {
     readonly property bool roomy: height > 520
     readonly property int columnWidth: Math.min(width - 40, 620)
 
-    activeFocusOnTab: interactive
-    Accessible.role: Accessible.StaticText
-    Accessible.name: look.spoken
+    // Where all of it does not fit; false for keys that move nothing.
+    function scrollFor(key: int): bool {
+        const page = scroll.height * 0.85
+        const ways = {
+            [Qt.Key_Down]: 60,
+            [Qt.Key_Up]: -60,
+            [Qt.Key_PageDown]: page,
+            [Qt.Key_Space]: page,
+            [Qt.Key_PageUp]: -page,
+            [Qt.Key_End]: scroll.contentHeight,
+            [Qt.Key_Home]: -scroll.contentHeight
+        }
+        const place = Math.max(0, Math.min(scroll.contentHeight - scroll.height, scroll.contentY + (ways[key] ?? 0)))
+        if (place === scroll.contentY)
+            return false
+        scroll.contentY = place
+        return true
+    }
 
     Rectangle {
         anchors.fill: parent
@@ -60,6 +75,12 @@ FocusScope {
         contentHeight: Math.max(height, column.implicitHeight + view.topSpace + view.bottomSpace)
         interactive: view.interactive && contentHeight > height
         boundsBehavior: Flickable.StopAtBounds
+        focus: true
+        activeFocusOnTab: view.interactive
+        Accessible.role: Accessible.StaticText
+        Accessible.name: view.look.spoken
+        Accessible.focusable: view.interactive
+        Keys.onPressed: event => event.accepted = view.scrollFor(event.key)
 
         Column {
             id: column
@@ -141,9 +162,12 @@ FocusScope {
                 height: noteText.height + 24
                 activeFocusOnTab: view.interactive && visible
                 Keys.onReturnPressed: view.noteTapped()
+                Keys.onEnterPressed: view.noteTapped()
                 Keys.onSpacePressed: view.noteTapped()
                 Accessible.role: Accessible.Button
                 Accessible.name: view.look.note
+                Accessible.focusable: view.interactive
+                Accessible.onPressAction: view.noteTapped()
                 Rectangle {
                     anchors.fill: parent
                     radius: Theme.radius
@@ -177,5 +201,10 @@ FocusScope {
                 }
             }
         }
+    }
+    FocusRing {
+        target: scroll
+        gap: -4
+        radius: 8
     }
 }

@@ -3,43 +3,57 @@ import QtQuick.Controls
 import Dayward
 
 // One value of a grid: a picture, a colour or a text, with a ring or a fill where it is chosen.
-AbstractButton {
+Item {
     id: tile
 
     property var item: ({})
     property int place: -1
     property bool round: false
+    // Whether others may be chosen too.
+    property bool toggles: false
     signal tapped
 
     readonly property bool chosen: item.selected ?? false
     readonly property bool isText: !(item.hasColor ?? false) && (item.picture ?? "").length === 0
 
-    text: item.label ?? ""
-    focusPolicy: Qt.ClickFocus
-    hoverEnabled: true
-    onClicked: tapped()
+    readonly property string text: item.label ?? ""
+
     Keys.onReturnPressed: tapped()
     Keys.onEnterPressed: tapped()
-    Accessible.role: Accessible.RadioButton
+    Keys.onSpacePressed: tapped()
+    // The role of a control would be that of its kind.
+    Accessible.role: toggles ? Accessible.CheckBox : Accessible.RadioButton
     Accessible.name: text
+    Accessible.focusable: true
     Accessible.checkable: true
     Accessible.checked: chosen
-    scale: pressed ? 0.95 : 1
+    Accessible.onPressAction: tapped()
+    Accessible.onToggleAction: tapped()
+    scale: hand.pressed ? 0.95 : 1
     Behavior on scale {
         NumberAnimation {
             duration: 80
         }
     }
     ToolTip.text: text
-    ToolTip.visible: !isText && hovered && ToolTip.text.length > 0
+    ToolTip.visible: !isText && hover.hovered && ToolTip.text.length > 0
     ToolTip.delay: 700
 
-    background: Item {
+    TapHandler {
+        id: hand
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+        onTapped: tile.tapped()
+    }
+    HoverHandler {
+        id: hover
+    }
+    Item {
+        anchors.fill: parent
         Rectangle {
             anchors.fill: parent
             visible: tile.isText
             radius: 10
-            color: tile.chosen ? Theme.accent : tile.hovered ? Qt.tint(Theme.field, Theme.pressed) : Theme.field
+            color: tile.chosen ? Theme.accent : hover.hovered ? Qt.tint(Theme.field, Theme.pressed) : Theme.field
         }
         Rectangle {
             anchors.fill: parent
@@ -55,7 +69,8 @@ AbstractButton {
             gap: 2
         }
     }
-    contentItem: Item {
+    Item {
+        anchors.fill: parent
         Picture {
             anchors.fill: parent
             anchors.margins: tile.chosen ? 6 : 2

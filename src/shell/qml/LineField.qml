@@ -23,9 +23,6 @@ TextInput {
     Accessible.role: Accessible.EditableText
     Accessible.name: spoken
     onTextEdited: edited(text)
-    Keys.onReturnPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
-    Keys.onDownPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
-    Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
 
     UiText {
         anchors.fill: parent

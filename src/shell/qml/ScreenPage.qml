@@ -14,7 +14,40 @@ FocusScope {
     readonly property bool ownsBar: screen.page === "detail"
     readonly property ListItem list: screen.page === "list" ? (screen as ListItem) : null
 
+    // Tab's way through a table: its rows, then the bar, then what else the window has; a panel has the
+    // keyboard to itself.
+    function step(forward: bool) {
+        const rows = body.item as TableBody
+        if (rows.activeFocus && rows.focusNext(forward))
+            return
+        const stops = Theme.stopsIn(bar)
+        const present = stops.findIndex(stop => stop.activeFocus)
+        let next = stops[present >= 0 ? present + (forward ? 1 : -1) : forward ? 0 : stops.length - 1]
+        if (!next && !isPanel)
+            next = (stops[forward ? stops.length - 1 : 0] ?? bar).nextItemInFocusChain(forward)
+        if (!next || Theme.isWithin(body, next))
+            rows.focusEnd(forward)
+        else
+            next.forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason)
+    }
+
     implicitHeight: bar.implicitHeight + (body.item?.implicitHeight ?? 0)
+
+    Keys.onEscapePressed: event => {
+        event.accepted = page.list?.searching ?? false
+        if (event.accepted)
+            page.list.endSearch()
+    }
+    Shortcut {
+        sequence: "Tab"
+        enabled: page.activeFocus && page.screen.page === "table"
+        onActivated: page.step(true)
+    }
+    Shortcut {
+        sequence: "Shift+Tab"
+        enabled: page.activeFocus && page.screen.page === "table"
+        onActivated: page.step(false)
+    }
 
     Component.onCompleted: screen.hold()
     Component.onDestruction: screen.release()
@@ -38,6 +71,7 @@ FocusScope {
             focus: true
             rows: page.screen.rows
             compact: page.isPanel
+            onTabbed: forward => page.step(forward)
         }
     }
     Component {

@@ -10,6 +10,47 @@ ListView {
     required property TableModel rows
     property bool compact: false
     property bool hasStarted: false
+    // Tab is pressed where a row would take it for itself.
+    signal tabbed(forward: bool)
+
+    // The keyboard goes to the next row that takes it, from the one at that place on; rows out of sight are
+    // made for it. False where there is none.
+    function focusFrom(place: int, forward: bool): bool {
+        for (let next = place; next >= 0 && next < count; next += forward ? 1 : -1) {
+            if (!itemAtIndex(next))
+                positionViewAtIndex(next, ListView.Contain)
+            const row = itemAtIndex(next)
+            const stops = row?.enabled ? Theme.stopsIn(row) : []
+            if (stops.length === 0)
+                continue
+            stops[forward ? 0 : stops.length - 1].forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason)
+            return true
+        }
+        return false
+    }
+    // To the first row, or going back to the last one.
+    function focusEnd(forward: bool): bool {
+        return focusFrom(forward ? 0 : count - 1, forward)
+    }
+    // From where the keyboard is to the next stop of the row or of the next one.
+    function focusNext(forward: bool): bool {
+        const now = Window.activeFocusItem
+        let row = now
+        while (row && row.parent !== contentItem)
+            row = row.parent
+        if (!row)
+            return focusEnd(forward)
+        const stops = Theme.stopsIn(row)
+        const present = stops.reduce((found, stop, place) => Theme.isWithin(stop, now) ? place : found, -1)
+        const next = stops[present + (forward ? 1 : -1)]
+        // Coming back later, the row itself has the keyboard, and not what was last in it.
+        for (let left = now; left !== row; left = left.parent)
+            left.focus = false
+        if (!next)
+            return focusFrom(row.index + (forward ? 1 : -1), forward)
+        next.forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason)
+        return true
+    }
 
     // True once: for the row that the keyboard is on when the screen opens.
     function takeStart(): bool {
@@ -30,10 +71,12 @@ ListView {
     activeFocusOnTab: false
     bottomMargin: compact ? 8 : 32
     // From no row to the first one.
-    Keys.onDownPressed: list.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
-    Keys.onUpPressed: list.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+    Keys.onDownPressed: focusNext(true)
+    Keys.onUpPressed: focusNext(false)
 
-    ScrollBar.vertical: ScrollBar {}
+    ScrollBar.vertical: ScrollBar {
+        Accessible.ignored: true
+    }
 
     component Motion: Transition {
         NumberAnimation {

@@ -52,6 +52,19 @@ QtObject {
     function digits(number: string): string {
         return number.replace(/[0-9]/g, digit => String.fromCodePoint(zero.codePointAt(0) + Number(digit)))
     }
+    function isWithin(ancestor: Item, item: Item): bool {
+        return item !== null && (item === ancestor || isWithin(ancestor, item.parent))
+    }
+    // Where Tab stops within an item, in order.
+    function stopsIn(item) {
+        const stops = new Set()
+        let stop = item.activeFocusOnTab ? item : item.nextItemInFocusChain(true)
+        while (isWithin(item, stop) && !stops.has(stop)) {
+            stops.add(stop)
+            stop = stop.nextItemInFocusChain(true)
+        }
+        return Array.from(stops)
+    }
     function tr(english: string): string {
         return Appearance.text(english)
     }

@@ -43,6 +43,7 @@ FocusScope {
                 strong: modelData.role === "done"
                 tint: modelData.role === "remove" ? Theme.destructive : bar.tint
                 enabled: modelData.enabled
+                opacity: modelData.enabled ? 1 : 0.4
                 onClicked: bar.pressed(modelData.role)
             }
         }
@@ -98,6 +99,7 @@ FocusScope {
             font.weight: Font.DemiBold
             elide: Text.ElideRight
             horizontalAlignment: Text.AlignHCenter
+            Accessible.ignored: text.length === 0
             Accessible.role: Accessible.Heading
             Accessible.name: text
         }

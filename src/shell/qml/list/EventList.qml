@@ -45,8 +45,11 @@ ListView {
     function offerActions(eventKey: string) {
         actions.createObject(rowsView, {
             "eventKey": eventKey
-        }).popup()
+        }).popup() // qmllint disable
     }
+
+    Accessible.role: Accessible.List
+    Accessible.name: (screen as ScreenItem).title
 
     model: rows
     clip: true
@@ -54,7 +57,8 @@ ListView {
     cacheBuffer: 300
     currentIndex: -1
     keyNavigationEnabled: false
-    activeFocusOnTab: true
+    // A search in which nothing is typed yet ends when the keyboard leaves its field.
+    activeFocusOnTab: count > 0 || (screen.searching && screen.searchText.length === 0)
     bottomMargin: 88
     boundsBehavior: Flickable.DragOverBounds
     highlightFollowsCurrentItem: false
@@ -68,7 +72,7 @@ ListView {
     onContentYChanged: rows.offset = contentY - originY
     // Let go beyond its top, the list goes on by itself, back to where it belongs.
     onDragEnded: screen.endDrag(flicking || contentY < originY)
-    onCountChanged: Qt.callLater(stayOnRow)
+    onCountChanged: Qt.callLater(stayOnRow) // qmllint disable
     onActiveFocusChanged: if (activeFocus && currentIndex < 0)
         step(1)
     Keys.onPressed: event => {
@@ -99,7 +103,9 @@ ListView {
             event.accepted = true
     }
 
-    ScrollBar.vertical: ScrollBar {}
+    ScrollBar.vertical: ScrollBar {
+        Accessible.ignored: true
+    }
 
     header: Item {
         width: rowsView.width

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls
 import Dayward
 
 // An event of the list: tap opens it, a swipe or a right click offers to delete it. While the list is
@@ -56,6 +55,7 @@ Item {
         shownKey = row.eventKey
     }
 
+    focus: ListView.isCurrentItem
     Accessible.role: Accessible.ListItem
     Accessible.name: row.spoken
     Accessible.selected: selected
@@ -142,6 +142,7 @@ Item {
                 symbol: "delete"
                 tint: root.row.textColor
                 text: Theme.tr("Delete") + ": " + root.row.title
+                focusPolicy: Qt.NoFocus
                 onClicked: root.remove()
             }
         }

@@ -6,12 +6,6 @@ FocusScope {
     id: page
 
     required property ListItem screen
-    Keys.onEscapePressed: event => {
-        event.accepted = screen.searching
-        if (screen.searching)
-            screen.endSearch()
-    }
-
     readonly property real contentY: rows.contentY - rows.originY
 
     function find() {
@@ -41,7 +35,11 @@ FocusScope {
             page.screen.endSearch()
             rows.forceActiveFocus()
         }
-        onAbandoned: page.screen.endSearch()
+        onAbandoned: {
+            page.screen.endSearch()
+            if (rows.activeFocus)
+                rows.goTo(0, 1)
+        }
         onDown: rows.forceActiveFocus(Qt.TabFocusReason)
     }
     EventList {

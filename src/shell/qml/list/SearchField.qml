@@ -15,6 +15,8 @@ FocusScope {
     signal down
 
     opacity: enabled ? 1 : 0.45
+    onActiveFocusChanged: if (!activeFocus && searching && text.length === 0)
+        abandoned()
 
     Rectangle {
         anchors.left: parent.left
@@ -45,13 +47,11 @@ FocusScope {
             focus: true
             text: root.text
             placeholder: Theme.tr("Search")
-            onActiveFocusChanged: {
-                if (activeFocus && !root.searching)
-                    root.began()
-                else if (!activeFocus && root.searching && root.text.length === 0)
-                    root.abandoned()
-            }
+            onActiveFocusChanged: if (activeFocus && !root.searching)
+                root.began()
             onEdited: text => root.edited(text)
+            Keys.onReturnPressed: root.down()
+            Keys.onEnterPressed: root.down()
             Keys.onEscapePressed: root.ended()
             Keys.onDownPressed: root.down()
         }

@@ -11,7 +11,7 @@ RowFrame {
     }
 
     Loader {
-        focus: true
+        focus: active
         width: parent.width
         active: frame.isOpen && (frame.date.hasDate ?? false)
         visible: active
@@ -24,7 +24,7 @@ RowFrame {
         }
     }
     Loader {
-        focus: !(frame.date.hasDate ?? false)
+        focus: active && !frame.date.hasDate
         width: parent.width
         active: frame.isOpen && (frame.date.hasTime ?? false)
         visible: active

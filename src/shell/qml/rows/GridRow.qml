@@ -88,8 +88,10 @@ RowFrame {
                     height: tiles.tileHeight
                     item: frame.items[index] ?? ({})
                     round: frame.hasColors
+                    toggles: frame.wanted > 0
                     onTapped: {
                         tiles.current = index
+                        forceActiveFocus(Qt.MouseFocusReason)
                         frame.rows.tapItem(frame.index, index)
                     }
                 }

@@ -31,12 +31,6 @@ FocusScope {
             rows.select(index)
     }
 
-    // From where the keyboard is in the row; from the row itself it would come to its own first part again.
-    function leave(forward: bool) {
-        const next = (Window.activeFocusItem ?? frame).nextItemInFocusChain(forward)
-        next.forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason)
-    }
-
     Component.onCompleted: if (row.startsFocused && ListView.view?.takeStart())
         focus = true
 
@@ -58,12 +52,13 @@ FocusScope {
     Accessible.onToggleAction: frame.activate()
 
     Keys.onPressed: event => {
-        if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter || event.key === Qt.Key_Space)
+        const enters = event.key === Qt.Key_Return || event.key === Qt.Key_Enter
+        if (enters && !frame.takesFocus)
+            ListView.view.focusNext(true)
+        else if (enters || event.key === Qt.Key_Space)
             frame.activate()
-        else if (event.key === Qt.Key_Down)
-            frame.leave(true)
-        else if (event.key === Qt.Key_Up)
-            frame.leave(false)
+        else if (event.key === Qt.Key_Down || event.key === Qt.Key_Up)
+            ListView.view.focusNext(event.key === Qt.Key_Down)
         else if (event.key === Qt.Key_Delete && frame.row.canDelete)
             frame.rows.removeRow(frame.index)
         else

@@ -92,6 +92,7 @@ Item {
             enabled: head.row.enabled
             focusPolicy: Qt.NoFocus
             Layout.rightMargin: -6
+            // The row speaks for it.
             Accessible.ignored: true
             onToggled: {
                 head.toggled(checked)

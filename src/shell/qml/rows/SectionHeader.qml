@@ -23,6 +23,7 @@ Item {
         font.weight: Font.DemiBold
         color: Theme.secondaryText
         wrapMode: Text.Wrap
+        Accessible.ignored: text.length === 0
         Accessible.role: Accessible.Heading
         Accessible.name: text
     }

@@ -27,6 +27,9 @@ RowFrame {
             Accessible.name: frame.row.label
             onTextChanged: if (text !== frame.row.content.text)
                 frame.rows.editText(frame.index, text)
+            // A tab would be typed, and the keyboard never come out.
+            Keys.onTabPressed: (frame.ListView.view as TableBody).tabbed(true)
+            Keys.onBacktabPressed: (frame.ListView.view as TableBody).tabbed(false)
             Keys.onEscapePressed: event => event.accepted = false
         }
         UiText {
