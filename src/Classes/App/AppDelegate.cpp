@@ -2,6 +2,7 @@
 
 #include "Classes/App/AppInfo.h"
 #include "Classes/App/AppManager.h"
+#include "Classes/Event/EventLocalStore.h"
 #include "Classes/Interface/Screens/Window.h"
 #include "Submodules/CorpLibrary2/App/Analytics.h"
 
@@ -25,6 +26,7 @@ void AppDelegate::applicationDidBecomeActive(Application& application) {
 
 void AppDelegate::applicationDidEnterBackground(Application& application) {
     ProjectAppDelegate::applicationDidEnterBackground(application);
+    EventLocalStore::shared().retryFailedWrites();
     if (services().lock->useSecrecy()) window().setCover(securityView_);
     services().widget->exportEvents();
 }

@@ -54,7 +54,11 @@ EventLocalStore::EventLocalStore(Environment& environment)
       reader_(std::make_unique<PackageReader>(environment, *unreadable_)),
       stamps_(std::make_unique<PackageStamps>()),
       writes_(std::make_unique<PackageWrites>(syncQueue_, kTypeName,
-                                              [this](const auto& writes) { return writeTogether(writes); })) {
+                                              [this](const auto& writes) {
+                                                  auto results = writeTogether(writes);
+                                                  tellFailure(results);
+                                                  return results;
+                                              })) {
     setDelegate(this);
     const EnvironmentScope scope(&environment);
     startWatch();

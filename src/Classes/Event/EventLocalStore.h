@@ -41,6 +41,10 @@ struct LoadedPackage;
 inline constexpr const char* EventLocalStoreDidUpdateNotification = "EventLocalStoreDidUpdateNotification";
 inline constexpr const char* EventLocalStoreUpdatedKey = "updated";
 inline constexpr const char* EventLocalStoreRemovedKey = "removed";
+/// Posted on the writing thread when changes could not be brought to the disk; memory keeps them. User info "reason":
+/// the system's words for why.
+inline constexpr const char* EventLocalStoreDidFailToWriteNotification = "EventLocalStoreDidFailToWriteNotification";
+inline constexpr const char* EventLocalStoreReasonKey = "reason";
 
 class EventLocalStore final : public CCFilesKeyStore, public CCSyncKeyStore, public CCFilesKeyStoreDelegate {
 public:
@@ -88,6 +92,8 @@ public:
     [[nodiscard]] std::shared_ptr<const Image> loadIconImageAtEvent(const std::string& key);
     [[nodiscard]] std::shared_ptr<const Image> loadBackgroundImageAtEvent(const std::string& key);
 
+    /// Queues the writes and removals that failed once more: there may be room on the device again.
+    void retryFailedWrites();
     /// Waits for the writes queued so far and returns the first failure since the last flush. Not
     /// from a notification that this store posts on its queue.
     Result<> flush();
@@ -127,6 +133,7 @@ private:
     struct Changes;
 
     void load();
+    void tellFailure(const std::vector<Result<>>& results);
     /// The result of each; many go with one sync.
     std::vector<Result<>> writeTogether(const std::vector<PackageWrites::Write>& writes);
     std::vector<Result<>> replacePackages(const std::vector<PackageWrites::Write>& writes);

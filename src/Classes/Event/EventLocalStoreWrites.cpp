@@ -1,9 +1,12 @@
 // Batches of changes on their way to the disk.
+#include <algorithm>
+
 #include "Classes/Event/EventLocalStore.h"
 #include "Classes/Event/EventStoreHelper.h"
 #include "Classes/Event/HHEvent.h"
 #include "platform/FileSystem.h"
 #include "platform/Log.h"
+#include "platform/NotificationCenter.h"
 
 namespace dayward {
 
@@ -47,6 +50,28 @@ std::vector<Result<>> EventLocalStore::writeTogether(const std::vector<Write>& w
     const std::vector<Result<>> written = replacePackages(sound);
     for (std::size_t i = 0; i < sound.size(); ++i) results[places[i]] = written[i];
     return results;
+}
+
+void EventLocalStore::tellFailure(const std::vector<Result<>>& results) {
+    const auto failed = std::ranges::find_if(results, [](const auto& result) { return !result.has_value(); });
+    if (failed == results.end()) return;
+    const Error& error = failed->error();
+    const auto reason = error.userInfo.find("reason");
+    environment().notifications().post(
+        EventLocalStoreDidFailToWriteNotification, storeIdentity(*this),
+        {{EventLocalStoreReasonKey, reason != error.userInfo.end() ? reason->second : error.description()}});
+}
+
+void EventLocalStore::retryFailedWrites() {
+    const EnvironmentScope scope(&environment());
+    {
+        const Lock lock(dataLayerLock_);
+        for (const std::string& key : writes_->failedKeys()) {
+            const auto event = find(key);
+            writes_->add(key, event ? Object(std::make_shared<HHEvent>(*event)) : Object());
+        }
+    }
+    writes_->run();
 }
 
 std::vector<Result<>> EventLocalStore::replacePackages(const std::vector<Write>& writes) {

@@ -126,6 +126,14 @@ std::unordered_set<std::string> PackageWrites::waitingKeys() const {
     return keys;
 }
 
+std::vector<std::string> PackageWrites::failedKeys() const {
+    const Lock lock(mutex_);
+    std::vector<std::string> keys;
+    for (const std::string& key : failed_)
+        if (!lines_.contains(key)) keys.push_back(key);
+    return keys;
+}
+
 bool PackageWrites::hasFailed(const std::string& key) const {
     const Lock lock(mutex_);
     return failed_.contains(key);

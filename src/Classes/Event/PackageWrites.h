@@ -58,6 +58,8 @@ public:
     [[nodiscard]] std::unordered_set<std::string> waitingKeys() const;
     /// Whether the key's last write failed, so that its file is older than memory.
     [[nodiscard]] bool hasFailed(const std::string& key) const;
+    /// Those of which that is so and nothing newer waits.
+    [[nodiscard]] std::vector<std::string> failedKeys() const;
 
 private:
     struct Waiting {

@@ -4,6 +4,7 @@
 #include "Classes/App/HHAppTimerKeys.h"
 #include "Classes/App/ProjectAppInfo.h"
 #include "Classes/Event/EventLocalStore.h"
+#include "Classes/Event/HHEvent.h"
 #include "Submodules/CorpLibrary2/App/CCAppHistory.h"
 #include "Submodules/CorpLibrary2/App/CCAppValues.h"
 #include "Submodules/CorpLibrary2/App/LoggingAnalytics.h"
@@ -140,6 +141,21 @@ TEST_F(AppDelegateTest, EnteringTheBackgroundFlushesInOrder) {
                       Contains(StartsWith("BackgroundTask(1) Finished "))));
     app.application.enterForeground();
     EXPECT_THAT(app.take(), ElementsAre("find", "lock", "uncover"));
+}
+
+TEST_F(AppDelegateTest, WhatCouldNotBeSavedIsSavedWhenTheProgramIsLeft) {
+    launched();
+    rest();
+    files->fillDiskAt(1);
+    const auto event = std::make_shared<HHEvent>("late");
+    EventLocalStore::shared().updateEvent(event);
+    rest();
+    files->heal();
+    const std::string package = joinPath(EventLocalStore::shared().directory(), "late.evn");
+    EXPECT_FALSE(files->exists(package));
+    app.application.enterBackground();
+    rest();
+    EXPECT_TRUE(files->exists(package));
 }
 
 TEST_F(AppDelegateTest, TwoQuickEntriesFlushOnceAndARefusalNever) {

@@ -259,6 +259,40 @@ TEST(EventLocalStoreFaults, AFullDiskLeavesTheOldPackageAndTheOthersGetTheirTurn
     EXPECT_EQ(device.nameInMemory("a"), "new");
 }
 
+TEST(EventLocalStoreFaults, WhatCouldNotBeWrittenIsToldAndWrittenWhenThereIsRoom) {
+    auto files = std::make_shared<FaultFileSystem>();
+    TestEnvironment::Options options;
+    options.files = files;
+    EventStoreDevice device(options);
+    EventLocalStore& store = device.store();
+    store.updateEvents({makeEvent("changed", "old"), makeEvent("removed")});
+    ASSERT_TRUE(store.flush());
+    std::vector<Object> reasons;
+    const auto observation = device.environment->notifications().addObserver(
+        EventLocalStoreDidFailToWriteNotification,
+        [&](const Notification& told) { reasons.push_back(told.userInfo.at(EventLocalStoreReasonKey)); });
+    files->failOperation(1, EROFS);
+    store.removeEvent(store.eventByIdentifier("removed"));
+    EXPECT_FALSE(store.flush());
+    files->fillDiskAt(1);
+    store.updateEvent(makeEvent("changed", "new"));
+    store.retryFailedWrites();
+    EXPECT_FALSE(store.flush());
+    files->heal();
+    EXPECT_EQ(device.nameOnDisk("changed"), "old");
+    store.retryFailedWrites();
+    EXPECT_TRUE(store.flush());
+    EXPECT_EQ(device.nameOnDisk("changed"), "new");
+    EXPECT_FALSE(files->exists(joinPath(store.directory(), "removed.evn")));
+    ASSERT_GE(reasons.size(), 2U);
+    EXPECT_EQ(reasons.front(), Object("Read-only file system"));
+    EXPECT_EQ(reasons.back(), Object("No space left on device"));
+    const std::size_t done = files->operationCount();
+    store.retryFailedWrites();
+    EXPECT_TRUE(store.flush());
+    EXPECT_EQ(files->operationCount(), done) << "nothing is left";
+}
+
 TEST(EventLocalStoreFaults, EachEventOfAFailedBatchIsNamed) {
     auto files = std::make_shared<FaultFileSystem>();
     TestEnvironment::Options options;

@@ -6,9 +6,12 @@
 #include "Classes/Interface/Edit/EventEditViewController.h"
 #include "Classes/Interface/Events/EventListViewController.h"
 #include "Classes/Interface/List/EventSearch.h"
+#include "Classes/Interface/Screens/Presenter.h"
 #include "Classes/Settings/AppSettings.h"
 #include "alerts/MissedEventsHelper.h"
 #include "platform/Application.h"
+#include "platform/PercentFormat.h"
+#include "platform/Strings.h"
 #include "sync/CCUbiquityKeyStoreProgressInfo.h"
 
 namespace dayward {
@@ -36,6 +39,7 @@ void EventListViewController::observeStores() {
     };
     using Self = EventListViewController;
     observe(EventLocalStoreDidUpdateNotification, &Self::eventStoreDidUpdate);
+    observe(EventLocalStoreDidFailToWriteNotification, &Self::eventStoreDidFailToWrite);
     observe(CategoryLocalStoreDidUpdateNotification, &Self::categoryStoreDidUpdate);
     observe(CCUbiquityKeyStoreStartDownloadingNotification, &Self::ubiquityStoreStartDownloading);
     observe(CCUbiquityKeyStoreProgressDownloadingNotification, &Self::ubiquityStoreProgressDownloading);
@@ -46,6 +50,15 @@ void EventListViewController::observeStores() {
     observe(Application::kWillEnterForegroundNotification, &Self::applicationWillEnterForeground);
     observer_.observe(MissedEventsHelper::kDidUpdateNotification,
                       [this](const Notification&) { startReload(Reload::order); });
+}
+
+// A change that is in sight and not on the disk would be gone after the next start.
+void EventListViewController::eventStoreDidFailToWrite(const Notification& notification) {
+    constexpr TimeInterval kShownFor{10};
+    const std::string* const reason = notification.userInfo.at(EventLocalStoreReasonKey).string();
+    if (!isPresented() || reason == nullptr) return;
+    presenter().showNotice(
+        {.text = formatText(localized("Changes are not saved: %@"), {*reason}), .shownFor = kShownFor});
 }
 
 void EventListViewController::observeTimer() {

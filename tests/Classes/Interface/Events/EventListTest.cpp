@@ -44,6 +44,13 @@ TEST_F(EventList, TakesUpTheStoresChangesAsRowMessages) {
     EXPECT_THAT(rows(list().table()), ElementsAre("[March 2026]", "c", "[April 2026]", "a", "[2027]", "d"));
 }
 
+TEST_F(EventList, SaysThatChangesAreNotSaved) {
+    start();
+    environment->notifications().post(EventLocalStoreDidFailToWriteNotification, nullptr,
+                                      {{EventLocalStoreReasonKey, "No space left on device"}});
+    EXPECT_EQ(shell.notice.text, "Changes are not saved: No space left on device");
+}
+
 TEST_F(EventList, ManyChangesAtOnceAreOneReload) {
     std::vector<std::string> planned;
     EventScreensServices services;
