@@ -57,6 +57,7 @@ bool Life::run(Environment& environment, const LaunchOptions& launch, const Port
     ports.instance.setHandler([this](const QStringList& arguments) { takeStart(arguments); });
     serve(ports.notifications);
     QCoreApplication::exec();
+    ports.instance.end();
     ports.notifications.setHandlers({});
     ports.instance.setHandler(nullptr);
     delegate->setWindow(nullptr);

@@ -26,6 +26,8 @@ SingleInstance::Role SingleInstance::begin(const QStringList& arguments) {
     return Role::first;
 }
 
+void SingleInstance::end() { QDBusConnection::sessionBus().unregisterService(service_); }
+
 bool SingleInstance::handOver(const QStringList& arguments) const {
     QDBusMessage call = QDBusMessage::createMethodCall(service_, QString::fromLatin1(kPath), kInterface,
                                                        QStringLiteral("ActivateAction"));

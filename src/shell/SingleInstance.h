@@ -28,6 +28,8 @@ public:
 
     /// Takes the name, or hands the arguments over where another has it.
     Role begin(const QStringList& arguments);
+    /// Gives the name back: whoever comes from now on starts an application of its own.
+    void end();
     /// Called with the arguments of each later start, none for a mere raise; those that came before are
     /// handed over now.
     void setHandler(std::function<void(const QStringList& arguments)> handler);
