@@ -30,10 +30,11 @@ std::map<std::string, sdbus::Variant> platformData(const std::string& token) {
     return {{"activation-token", sdbus::Variant(token)}};
 }
 
-/// The program took it, and is only slow to say so.
+/// The program took it and is only slow to say so, or has ended.
 bool isNoAnswer(const sdbus::Error& error) {
-    return error.getName() == "org.freedesktop.DBus.Error.NoReply" || error.getName() == "org.freedesktop.DBus.Error.Timeout" ||
-           error.getName() == "System.Error.ETIMEDOUT";
+    const std::string name = error.getName();
+    return name == "org.freedesktop.DBus.Error.NoReply" || name == "org.freedesktop.DBus.Error.Timeout" ||
+           name == "System.Error.ETIMEDOUT";
 }
 
 }  // namespace
@@ -63,7 +64,11 @@ bool DBusApplicationLink::deliver(const LocalNotification& notification) {
 Result<> DBusApplicationLink::open(const LocalNotification& notification) {
     const std::string token = parts_.takeToken ? parts_.takeToken() : std::string();
     const std::string owner = bus_.ownerOf(name_);
-    if (!owner.empty()) return handOver(owner, notification, token);
+    if (!owner.empty()) {
+        const auto handedOver = handOver(owner, notification, token);
+        const bool hasEnded = !handedOver && bus_.ownerOf(owner).empty();
+        if (!hasEnded) return handedOver;
+    }
     return parts_.home.root.empty() ? activate(notification, token) : startProgram(notification, token);
 }
 
@@ -77,7 +82,7 @@ Result<> DBusApplicationLink::handOver(const std::string& owner, const LocalNoti
                 .withTimeout(microseconds(SessionBus::kPatience))
                 .withArguments(parts_.home.directory, messageOfNotification(notification), platformData(token));
         } catch (const sdbus::Error& error) {
-            if (!isNoAnswer(error)) throw;
+            if (!isNoAnswer(error) || bus_.ownerOf(owner).empty()) throw;
         }
     });
 }

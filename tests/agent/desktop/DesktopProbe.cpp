@@ -3,10 +3,12 @@
 //   show KEY BODY [late=TIME] [sound=NAME] [action=TEXT]    digest KEY BODY TIME [KEY BODY TIME]…
 //   withdraw KEY    badge NUMBER    quiet    name    token
 //   deliver EVENT BODY    open EVENT BODY    fetch
+// The application that it starts is $PROBE_APPLICATION.
 // With "device" before the home it only tells the state of the device, and shows what stands behind it there.
 #include <unistd.h>
 
 #include <array>
+#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 #include <sstream>
@@ -161,7 +163,8 @@ int run(const std::string& home, const std::string& now, const std::string& loca
     const BusHome busHome = BusHome::of(home);
     DesktopDisplay display(**bus, {applicationBusName(busHome), {}, home + "/bubbles"});
     display.setListener(&printer);
-    const std::string program = (std::filesystem::read_symlink("/proc/self/exe").parent_path() / "dayward-app").string();
+    const char* const application = std::getenv("PROBE_APPLICATION");
+    const std::string program = application != nullptr ? application : "/nonexistent/dayward-app";
     DBusApplicationLink link(**bus, {busHome, program, [&] { return display.takeActivationToken(); }});
     const Parts parts{display, link};
     Requests requests;

@@ -3,8 +3,10 @@
 
 Use: test_display.py DESKTOP-PROBE. Ends with 77 where there is no bus or mock to start."""
 import os
+import plistlib
 import signal
 import stat
+import sys
 import unittest
 
 import dbus
@@ -13,6 +15,7 @@ from desktop import DesktopTest, Service, archived, call, on_bus, wait_for
 
 PROBE = None
 WAVE = "Marimba.wav"
+PORT, PORT_INTERFACE = "/org/dayward/Dayward/Notifications", "org.dayward.Dayward.Notifications1"
 NOON = 1773133200  # 2026-03-10 12:00 in Moscow
 
 
@@ -267,6 +270,84 @@ class Sounds(DisplayTest):
         self.ask("show", "b", "B", "sound=Default")
         wait_for("the sound", self.sounds)
         self.assertEqual(self.sounds(), ["iphone_tritone.wav"])
+
+
+class Application(DisplayTest):
+    """The way to the application: a mocked one on the bus, and a program that notes how it was started."""
+
+    def setUp(self):
+        super().setUp()
+        self.started = self.scratch / "started"
+        os.mkfifo(self.started)
+        program = self.scratch / "application"
+        program.write_text(f'#!/bin/sh\necho "$XDG_ACTIVATION_TOKEN" "$@" >{self.started}\n')
+        program.chmod(0o700)
+        self.start_probe(env=os.environ | {"PROBE_APPLICATION": str(program)})
+
+    def name(self):
+        """The application of the home."""
+        mark = 0xcbf29ce484222325
+        for byte in bytes(self.home / "state"):
+            mark = (mark ^ byte) * 0x100000001b3 % 2 ** 64
+        return f"org.dayward.Dayward.h{mark:016x}"
+
+    def start_application(self, **methods):
+        """One whose methods are these lines of Python."""
+        process = self.run_beside(sys.executable, "-m", "dbusmock", "--logfile", os.devnull, self.name(), PORT,
+                                  PORT_INTERFACE)
+        wait_for("the application", lambda: self.has_owner(self.name()))
+        for method, (takes, gives, code) in methods.items():
+            self.mock("AddMethod", PORT_INTERFACE, method, takes, gives, code)
+        return process
+
+    def mock(self, method, *arguments):
+        return call(self.name(), PORT, "org.freedesktop.DBus.Mock", method, *arguments)
+
+    def test_a_closed_one_is_started_with_the_event(self):
+        self.assertEqual(self.ask("deliver", "E-1", "A"), "not delivered")
+        self.assertEqual(self.ask("fetch"), "does not fetch")
+        self.assertEqual(self.ask("open", "E-1", "A"), "opened")
+        self.assertEqual(self.started.read_text(), f" --home {self.home} --event E-1\n")
+        service = self.start_service()
+        self.expect("appeared")
+        self.ask("show", "a", "A")
+        service.tap(1, token="let-me-in")
+        self.expect("open a")
+        self.ask("open", "E-1", "A")
+        self.assertEqual(self.started.read_text(), f"let-me-in --home {self.home} --event E-1\n")
+
+    def test_one_that_cannot_be_started_is_an_error(self):
+        (self.scratch / "application").unlink()
+        self.assertIn("opened failed: ", self.ask("open", "E-1", "A"))
+
+    def test_a_running_one_is_handed_everything(self):
+        self.start_application(Deliver=("sayt", "b", "ret = True"), Open=("saya{sv}", "", ""),
+                               Fetch=("s", "b", "ret = True"))
+        self.assertEqual(self.ask("deliver", "E-1", "A"), "delivered")
+        self.assertEqual(self.ask("open", "E-1", "A"), "opened")
+        self.assertEqual(self.ask("fetch"), "fetches")
+        calls = {str(name): arguments for _, name, arguments in self.mock("GetCalls")}
+        self.assertEqual({arguments[0] for arguments in calls.values()}, {str(self.home / "state")})
+        fields = plistlib.loads(bytes(calls["Open"][1]))["$objects"]
+        self.assertIn("E-1", fields)
+
+    def test_one_that_does_not_want_it_leaves_it_to_the_display(self):
+        self.start_application(Deliver=("sayt", "b", "ret = False"), Fetch=("s", "b", "ret = False"))
+        self.assertEqual(self.ask("deliver", "E-1", "A"), "not delivered")
+        self.assertEqual(self.ask("fetch"), "does not fetch")
+        self.assertIn("opened failed: ", self.ask("open", "E-1", "A"))
+
+    def test_one_that_ends_over_it_is_followed_by_another(self):
+        self.start_application(Open=("saya{sv}", "", "import os; os._exit(1)"))
+        self.assertEqual(self.ask("open", "E-1", "A"), "opened")
+        self.assertEqual(self.started.read_text(), f" --home {self.home} --event E-1\n")
+
+    def test_one_that_hangs_is_given_up_in_time(self):
+        application = self.start_application(Deliver=("sayt", "b", "ret = True"), Open=("saya{sv}", "", ""))
+        os.kill(application.process.pid, signal.SIGSTOP)
+        self.addCleanup(os.kill, application.process.pid, signal.SIGCONT)
+        self.assertEqual(self.ask("deliver", "E-1", "A"), "not delivered")
+        self.assertEqual(self.ask("open", "E-1", "A"), "opened", "it will take it when it can")
 
 
 class Requests(DisplayTest):
