@@ -138,9 +138,9 @@ void Life::withdrawNotification(const LocalNotification& notification) {
 }
 
 void Life::showBadgeNumber(std::int64_t number) {
-    QDBusMessage update = QDBusMessage::createSignal(QStringLiteral("/org/dayward/Dayward"),
-                                                     QStringLiteral("com.canonical.Unity.LauncherEntry"),
-                                                     QStringLiteral("Update"));
+    QDBusMessage update =
+        QDBusMessage::createSignal(QStringLiteral("/org/dayward/Dayward"),
+                                   QStringLiteral("com.canonical.Unity.LauncherEntry"), QStringLiteral("Update"));
     update << QStringLiteral("application://org.dayward.Dayward.desktop")
            << QVariantMap{{"count", qlonglong(number)}, {"count-visible", number > 0}};
     QDBusConnection::sessionBus().send(update);

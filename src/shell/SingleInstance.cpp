@@ -34,7 +34,8 @@ bool SingleInstance::handOver(const QStringList& arguments) const {
     QVariantList parameter;
     for (const QString& argument : arguments) parameter.append(argument);
     call << QString::fromLatin1(kStartAction) << parameter << QVariantMap();
-    return QDBusConnection::sessionBus().call(call, QDBus::Block, kHandOverMilliseconds).type() == QDBusMessage::ReplyMessage;
+    return QDBusConnection::sessionBus().call(call, QDBus::Block, kHandOverMilliseconds).type() ==
+           QDBusMessage::ReplyMessage;
 }
 
 void SingleInstance::setHandler(std::function<void(const QStringList& arguments)> handler) {

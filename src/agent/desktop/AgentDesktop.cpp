@@ -108,11 +108,12 @@ Result<Environment::Services> AgentDesktop::makeServices() const {
     services.zone = time_.zone();
     services.locale = Locale::system();
     const auto& known = InterfaceSettings::languages();
-    if (language_ && services.locale.languageCode() != *language_ && std::ranges::find(known, *language_) != known.end()) {
+    if (language_ && services.locale.languageCode() != *language_ &&
+        std::ranges::find(known, *language_) != known.end()) {
         services.locale = InterfaceSettings::localeInLanguage(services.locale, *language_);
     }
-    services.strings = TRY(
-        Strings::load(*services.files, joinPath(paths_.resources, "strings"), services.locale.languageCode()));
+    services.strings =
+        TRY(Strings::load(*services.files, joinPath(paths_.resources, "strings"), services.locale.languageCode()));
     return services;
 }
 

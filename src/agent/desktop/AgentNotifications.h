@@ -14,8 +14,8 @@ public:
     AgentNotifications(std::shared_ptr<LocalNotifications> schedule, AgentClient agent)
         : schedule_(std::move(schedule)), agent_(std::move(agent)) {}
 
-    /// Starts the agent where something waits, or the icon has a number, and it does not run. A failure is a debug line: without a desktop nothing
-    /// can be shown.
+    /// Starts the agent where something waits, or the icon has a number, and it does not run. A failure is a debug
+    /// line: without a desktop nothing can be shown.
     void keepAgent();
 
     // LocalNotifications

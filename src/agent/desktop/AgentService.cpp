@@ -64,14 +64,16 @@ void AgentService::addState() {
         .withOutputParamNames("state")
         .implementedAs([this](sdbus::Result<State>&& result) {
             parts_.bus.later([this, result = kept(std::move(result))] {
-                State state{{"version", sdbus::Variant(parts_.version)},
-                            {"home", sdbus::Variant(parts_.home.directory)},
-                            {"pid", sdbus::Variant(static_cast<std::uint32_t>(getpid()))},
-                            {"scheduled", sdbus::Variant(static_cast<std::uint32_t>(parts_.requests.scheduledCount()))}};
+                State state{
+                    {"version", sdbus::Variant(parts_.version)},
+                    {"home", sdbus::Variant(parts_.home.directory)},
+                    {"pid", sdbus::Variant(static_cast<std::uint32_t>(getpid()))},
+                    {"scheduled", sdbus::Variant(static_cast<std::uint32_t>(parts_.requests.scheduledCount()))}};
                 if (const auto name = parts_.notifications.name()) {
                     state.emplace("service", sdbus::Variant(*name));
                     state.emplace("actions", sdbus::Variant(parts_.notifications.can("actions")));
-                    if (const auto quiet = parts_.notifications.isQuiet()) state.emplace("quiet", sdbus::Variant(*quiet));
+                    if (const auto quiet = parts_.notifications.isQuiet())
+                        state.emplace("quiet", sdbus::Variant(*quiet));
                 }
                 (void)onBus("answer", [&] { result->returnResults(state); });
             });
@@ -79,12 +81,14 @@ void AgentService::addState() {
 }
 
 void AgentService::addRefresh() {
-    object_->registerMethod("Refresh").onInterface(AgentObject::kInterface).implementedAs([this](sdbus::Result<>&& result) {
-        parts_.bus.later([this, result = kept(std::move(result))] {
-            parts_.requests.refresh();
-            answer(*result, {});
+    object_->registerMethod("Refresh")
+        .onInterface(AgentObject::kInterface)
+        .implementedAs([this](sdbus::Result<>&& result) {
+            parts_.bus.later([this, result = kept(std::move(result))] {
+                parts_.requests.refresh();
+                answer(*result, {});
+            });
         });
-    });
 }
 
 }  // namespace dayward

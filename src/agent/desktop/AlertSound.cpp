@@ -13,9 +13,11 @@ namespace dayward {
 namespace {
 
 /// The first that is installed; the file's path follows.
-const std::vector<std::vector<std::string>> kPlayers{
-    {"pw-play", "--media-role=Notification"}, {"paplay"}, {"gst-play-1.0", "-q"}, {"mpg123", "-q"},
-    {"canberra-gtk-play", "-f"}};
+const std::vector<std::vector<std::string>> kPlayers{{"pw-play", "--media-role=Notification"},
+                                                     {"paplay"},
+                                                     {"gst-play-1.0", "-q"},
+                                                     {"mpg123", "-q"},
+                                                     {"canberra-gtk-play", "-f"}};
 constexpr std::chrono::seconds kOneMoment{1};
 
 }  // namespace

@@ -39,7 +39,8 @@ std::string timeText(Date date) {
     const auto today = environment.calendar()->rangeOfUnit(CalendarUnit::day, environment.now());
     const bool isToday = today && date >= today->start && date < today->start + today->length;
     const Style day = isToday ? Style::none : Style::medium;
-    return DateFormatter::withStyles(day, Style::short_, environment.locale(), environment.timeZone()).stringFromDate(date);
+    return DateFormatter::withStyles(day, Style::short_, environment.locale(), environment.timeZone())
+        .stringFromDate(date);
 }
 
 std::string escaped(const std::string& text) {
@@ -75,7 +76,8 @@ AlertText textOfDigest(const std::vector<DueAlert>& alerts, BodyKind body) {
     for (std::size_t i = 0; i < shown; ++i) {
         text.body += (i == 0 ? "" : "\n") + timeText(alerts[i].due) + " – " + wordsOf(alerts[i]);
     }
-    if (shown < alerts.size()) text.body += "\n" + formatText(localized("and %@ more"), {numberText(alerts.size() - shown)});
+    if (shown < alerts.size())
+        text.body += "\n" + formatText(localized("and %@ more"), {numberText(alerts.size() - shown)});
     text.body = inBody(text.body, body);
     return text;
 }

@@ -23,7 +23,8 @@ std::string nameIn(const BusHome& home, const std::string& name) {
     if (home.root.empty()) return name;
     std::array<char, 16> digits;
     const auto end = std::to_chars(digits.begin(), digits.end(), markOf(home.directory), 16).ptr;
-    return name + ".h" + std::string(static_cast<std::size_t>(digits.end() - end), '0') + std::string(digits.begin(), end);
+    return name + ".h" + std::string(static_cast<std::size_t>(digits.end() - end), '0') +
+           std::string(digits.begin(), end);
 }
 
 std::string absolute(const std::string& path) {

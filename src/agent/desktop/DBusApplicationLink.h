@@ -18,7 +18,7 @@ public:
 
     struct Parts {
         BusHome home;
-        std::string program;                        ///< the path of the application, where the bus cannot start it
+        std::string program;                     ///< the path of the application, where the bus cannot start it
         std::function<std::string()> takeToken;  ///< lets its window come to the front; may be empty
     };
 

@@ -123,7 +123,8 @@ void DesktopDisplay::didInvoke(std::uint32_t number, const std::string& action, 
     const auto keys = bubbles_.take(number);
     if (!keys || listener_ == nullptr) return;
     service_.close(number);  // some services leave it where it is
-    const auto snooze = std::ranges::find(kSnoozes, action, [](const auto& known) { return std::string_view(known.first); });
+    const auto snooze =
+        std::ranges::find(kSnoozes, action, [](const auto& known) { return std::string_view(known.first); });
     if (snooze != std::end(kSnoozes)) {
         for (const std::string& key : *keys) listener_->didSnooze(key, snooze->second);
     } else {

@@ -58,21 +58,27 @@ NotificationService::NotificationService(SessionBus& bus, NotificationServiceLis
 NotificationService::~NotificationService() = default;
 
 void NotificationService::follow() {
-    proxy_->uponSignal("ActionInvoked").onInterface(kName).call([this](std::uint32_t number, const std::string& action) {
-        bus_.later([this, number, action] {
-            const auto token = tokens_.extract(number);
-            listener_->didInvoke(number, action, token ? token.mapped() : std::string());
+    proxy_->uponSignal("ActionInvoked")
+        .onInterface(kName)
+        .call([this](std::uint32_t number, const std::string& action) {
+            bus_.later([this, number, action] {
+                const auto token = tokens_.extract(number);
+                listener_->didInvoke(number, action, token ? token.mapped() : std::string());
+            });
         });
-    });
-    proxy_->uponSignal("ActivationToken").onInterface(kName).call([this](std::uint32_t number, const std::string& token) {
-        bus_.later([this, number, token] { tokens_.insert_or_assign(number, token); });
-    });
-    proxy_->uponSignal("NotificationClosed").onInterface(kName).call([this](std::uint32_t number, std::uint32_t reason) {
-        bus_.later([this, number, reason] {
-            // One that expired may come back out of the service's history.
-            if (reason == kDismissed || reason == kClosedByCall) listener_->didClose(number);
+    proxy_->uponSignal("ActivationToken")
+        .onInterface(kName)
+        .call([this](std::uint32_t number, const std::string& token) {
+            bus_.later([this, number, token] { tokens_ = {{number, token}}; });
         });
-    });
+    proxy_->uponSignal("NotificationClosed")
+        .onInterface(kName)
+        .call([this](std::uint32_t number, std::uint32_t reason) {
+            bus_.later([this, number, reason] {
+                // One that expired may come back out of the service's history.
+                if (reason == kDismissed || reason == kClosedByCall) listener_->didClose(number);
+            });
+        });
     proxy_->finishRegistration();
     bus_.watchOwner(kName, [this](const std::string& owner) {
         capabilities_.reset();

@@ -76,7 +76,7 @@ private:
     NotificationServiceListener* const listener_;
     std::unique_ptr<sdbus::IProxy> proxy_;
     std::optional<std::set<std::string>> capabilities_;  ///< of the service that runs, once asked
-    std::map<std::uint32_t, std::string> tokens_;
+    std::map<std::uint32_t, std::string> tokens_;  ///< the last that came, of whomever's bubble
 };
 
 }  // namespace dayward

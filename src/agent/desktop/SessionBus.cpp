@@ -70,7 +70,8 @@ void SessionBus::later(std::function<void()> block) { later_.push_back(std::move
 
 bool SessionBus::waitUntil(const std::function<bool()>& condition, TimeInterval limit) {
     using Clock = std::chrono::steady_clock;
-    const auto end = Clock::now() + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(limit.seconds()));
+    const auto end =
+        Clock::now() + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(limit.seconds()));
     for (;;) {
         process();
         if (condition()) return true;

@@ -67,7 +67,8 @@ TEST(AlertTexts, ADigestListsTheFirstAndCountsTheRest) {
     const TestEnvironment environment(in("en_GB"));
     std::vector<DueAlert> alerts;
     for (int minute = 10; minute < 22; ++minute) {
-        alerts.push_back(alert("E" + std::to_string(minute), environment.at("2026-03-10T08:" + std::to_string(minute) + ":00"), true));
+        alerts.push_back(alert("E" + std::to_string(minute),
+                               environment.at("2026-03-10T08:" + std::to_string(minute) + ":00"), true));
     }
     const std::vector<DueAlert> ten(alerts.begin(), alerts.begin() + 10);
     EXPECT_TRUE(textOfDigest(ten, BodyKind::plain).body.ends_with("08:18 – E18\n08:19 – E19"));

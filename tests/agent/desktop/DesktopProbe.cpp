@@ -150,7 +150,8 @@ int run(const std::string& home, const std::string& now, const std::string& loca
     options.zone = "Europe/Moscow";
     options.locale = locale;
     options.archiveClasses = std::make_shared<ArchiveClasses>();
-    options.resources = (std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path() / "share/dayward").string();
+    options.resources =
+        (std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path() / "share/dayward").string();
     auto services = makeLinuxServices(options);
     auto bus = SessionBus::connect();
     if (!services || !bus) {

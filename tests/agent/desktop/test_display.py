@@ -56,7 +56,7 @@ class Shown(DisplayTest):
         service = self.start_service()
         self.start_probe("ru_RU")
         self.ask("show", "a", "Ярмарка", f"late={NOON - 3600}")
-        self.ask("digest", "b", "Ярмарка", NOON - 7200, "c", "Врач", NOON - 3600, "d", "Театр", NOON - 86400)
+        self.ask("digest", "b", "Ярмарка", NOON - 7200, "c", "Врач", NOON - 3600, "d", "Театр", NOON)
         late, digest = service.bubbles()
         self.assertEqual(late.actions["show"], "Показать")
         self.assertEqual(late.actions["snooze-one-hour"], "Через час")

@@ -18,9 +18,9 @@ TEST(DetachedProcess, RunsWithItsVariablesAndIsNobodysChild) {
     const std::string pipe = environment.home + "/pipe";
     ASSERT_EQ(std::system(("mkdir -p '" + environment.home + "' && mkfifo '" + pipe + "'").c_str()), 0);
     setenv("DAYWARD_TEST_VARIABLE", "old", 1);
-    ASSERT_TRUE(startDetached({"/bin/sh", "-c", "echo \"$1 $DAYWARD_TEST_VARIABLE $DAYWARD_TEST_OTHER\" >\"$2\"", "sh",
-                               "two words", pipe},
-                              {"DAYWARD_TEST_VARIABLE=new", "DAYWARD_TEST_OTHER=other"}));
+    ASSERT_TRUE(startDetached(
+        {"/bin/sh", "-c", "echo \"$1 $DAYWARD_TEST_VARIABLE $DAYWARD_TEST_OTHER\" >\"$2\"", "sh", "two words", pipe},
+        {"DAYWARD_TEST_VARIABLE=new", "DAYWARD_TEST_OTHER=other"}));
     unsetenv("DAYWARD_TEST_VARIABLE");
     std::string line;
     std::getline(std::ifstream(pipe), line);
