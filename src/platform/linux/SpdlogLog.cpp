@@ -6,6 +6,9 @@
 #include <cstdio>
 #include <exception>
 #include <mutex>
+#include <set>
+
+#include "platform/Mutex.h"
 
 namespace dayward {
 
@@ -28,6 +31,8 @@ struct SpdlogLog::File {
     std::unique_ptr<spdlog::logger> logger;
     std::string problem;  ///< why there is none
     std::once_flag problemWasTold;
+    Mutex toldMutex;
+    std::set<std::string> told DAYWARD_GUARDED_BY(toldMutex);
 
     void open(const std::string& path) {
         try {
@@ -43,11 +48,19 @@ struct SpdlogLog::File {
         }
     }
 
-    /// In place of the log; that it cannot be opened is told with the first error.
+    /// In place of the log; that it cannot be opened is told with the first error. On a home that can only be read the
+    /// same errors come again and again: each is told once.
     void tell(std::string_view line) {
+        if (!isNew(line)) return;
         std::string whole(line);
         std::call_once(problemWasTold, [&] { whole += "; the log cannot be opened: " + problem; });
         toStandardError(whole);
+    }
+
+    bool isNew(std::string_view line) {
+        constexpr std::size_t kMostKept = 1000;
+        const Lock lock(toldMutex);
+        return told.size() >= kMostKept || told.emplace(line).second;
     }
 
     spdlog::logger* get(const std::string& path) {

@@ -1,5 +1,6 @@
 // The program's log file: lines with time and level, at most three files of a megabyte each. The file
-// is opened with the first line; errors that it does not take go to standard error instead. Any thread.
+// is opened with the first line; errors that it does not take go to standard error instead, each once where there is no
+// file at all. Any thread.
 #pragma once
 
 #include <memory>

@@ -113,6 +113,7 @@ TEST_F(RealFiles, aLogThatCannotBeOpenedSpeaksOnStandardError) {
     testing::internal::CaptureStderr();
     log.error("went wrong");
     log.error("and again");
+    log.error("went wrong");
     EXPECT_THAT(testing::internal::GetCapturedStderr(),
                 testing::MatchesRegex("went wrong; the log cannot be opened: [^\n]+\nand again\n"));
 }
