@@ -93,8 +93,10 @@ class ApplicationTest(DesktopTest):
 
     def minimize(self, window):
         """Until the application knows it, which fetches out of sight only."""
-        output("xdotool", "windowminimize", "--sync", window)
-        wait_for("the background", lambda: self.ask_application("Fetch"))
+        def is_away():
+            output("xdotool", "windowminimize", window)
+            return self.ask_application("Fetch")
+        wait_for("the background", is_away)
 
     def fire(self):
         self.agent.pass_to(NOON + MINUTE // 2)
