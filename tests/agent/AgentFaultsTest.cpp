@@ -8,8 +8,6 @@
 #include <iostream>
 
 #include "agent/AgentWorld.h"
-#include "intervals/ISODate.h"
-#include "platform/TimeZone.h"
 
 namespace dayward {
 namespace {
@@ -39,12 +37,13 @@ void happen(AgentWorld& world, std::mt19937& random) {
             world.pass(350);
             break;
         case 2:  // the copy stands in
-            world.damageSchedule(false);
+            world.damageSchedule();
             perhapsKill();
             world.pass(300);
             break;
         case 3:  // only the events know what was scheduled
-            world.damageSchedule(true);
+            world.breakSchedule();
+            perhapsKill();
             world.pass(300);
             break;
         case 4:  // on which the schedule cannot get room for more either
@@ -88,12 +87,11 @@ TEST(AgentFaultsTest, EveryAlertIsShownOnce) {
 }  // namespace
 }  // namespace dayward
 
-/// As "dayward --home HOME --now TIME notifications refresh", it is the application of the events of this test.
+/// As "dayward --home HOME … notifications refresh", it is the application of the events of this test.
 int main(int argc, char** argv) {
     using namespace dayward;
-    if (std::filesystem::path(argv[0]).filename() == "dayward" && argc > 4) {
-        const auto now = dateFromISOText(argv[4], Calendar(TimeZone::utc()));
-        return now && refreshSchedule(argv[2], now->secondsSince1970()) ? 0 : 1;
+    if (std::filesystem::path(argv[0]).filename() == "dayward" && argc > 2) {
+        return refreshSchedule(argv[2], presentMoment(argv[2])) ? 0 : 1;
     }
     testing::InitGoogleMock(&argc, argv);
     return RUN_ALL_TESTS();

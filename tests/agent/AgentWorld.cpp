@@ -19,6 +19,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char* kEvents = "/events";
+constexpr const char* kClock = "/clock";
 /// After so long an agent has looked whether another one still lives.
 constexpr double kTakingOver = 11;
 
@@ -61,6 +62,14 @@ Result<> refreshSchedule(const std::string& home, double now) {
     });
 }
 
+double presentMoment(const std::string& home) {
+    std::ifstream file(home + kClock);
+    std::string number, kind;
+    double seconds = 0;
+    file >> number >> kind >> seconds;
+    return seconds;
+}
+
 struct AgentWorld::Agent {
     std::unique_ptr<AgentProcess> process;
     int done = 0;          ///< the last command that it has carried out
@@ -68,7 +77,7 @@ struct AgentWorld::Agent {
 };
 
 AgentWorld::AgentWorld(const std::string& agentProgram, unsigned seed)
-    : random_(seed), directory_(freshDirectory()), home_(directory_ + "/home"), clock_(directory_ + "/clock") {
+    : random_(seed), directory_(freshDirectory()), home_(directory_ + "/home"), clock_(home_ + kClock) {
     fs::create_directories(stateOf(home_));
     fs::create_directories(directory_ + "/bin");
     program_ = directory_ + "/bin/dayward-agent";
@@ -239,23 +248,44 @@ void AgentWorld::fillDisk(bool isFull) {
     for (Agent& agent : agents_) agent.process->limitFiles(isFull);
 }
 
-void AgentWorld::damageSchedule(bool andCopy) {
-    ++damages_;
-    const std::string file = stateOf(home_) + "/" + NotificationSchedule::kFileName;
-    const std::string copy = stateOf(home_) + "/" + NotificationSchedule::kCopyName;
+void AgentWorld::damage(const char* name, unsigned kind) {
+    const std::string path = stateOf(home_) + "/" + name;
     std::error_code error;
-    for (const std::string& path : andCopy ? std::vector{copy, file} : std::vector{file}) {
-        switch (andCopy ? random_() % 2 : random_() % 3) {
-            case 0:
-                std::ofstream(path) << "no archive";
-                break;
-            case 1:
-                fs::resize_file(path, fs::file_size(path, error) / 2, error);
-                break;
-            default:
-                fs::remove(path, error);
-        }
+    switch (kind) {
+        case 0:
+            std::ofstream(path) << "no archive";
+            break;
+        case 1:
+            fs::resize_file(path, fs::file_size(path, error) / 2, error);
+            break;
+        default:
+            fs::remove(path, error);
     }
+}
+
+void AgentWorld::damageSchedule() {
+    ++damages_;
+    damage(NotificationSchedule::kFileName, random_() % 3);
+}
+
+/// When what is scheduled will fire. Of two at one moment either may be the last that finds room.
+std::vector<std::optional<Date>> AgentWorld::datesToCome() const {
+    std::vector<std::optional<Date>> dates;
+    const auto content = schedule_->read().value_or(NotificationSchedule::Content());
+    for (const LocalNotification& alert : content.scheduled) {
+        if (alert.fireDate > Date::since1970(now_)) dates.push_back(alert.fireDate);
+    }
+    return dates;
+}
+
+void AgentWorld::breakSchedule() {
+    ++damages_;
+    const auto before = datesToCome();
+    damage(NotificationSchedule::kCopyName, random_() % 2);
+    damage(NotificationSchedule::kFileName, random_() % 2);
+    command("pass", now_);
+    settle();
+    if (datesToCome() != before) fault("not rebuilt");
 }
 
 std::vector<std::string> AgentWorld::faults() {

@@ -18,6 +18,9 @@ namespace dayward {
 
 /// Schedules what is to come of the events that stand in a file of the home: the application's refresh.
 Result<> refreshSchedule(const std::string& home, double now);
+/// Where the clock is that drives the agents of the home. One of them that was killed may have left a program behind,
+/// which must not schedule as of a moment that has gone by.
+double presentMoment(const std::string& home);
 
 class AgentWorld {
 public:
@@ -39,9 +42,10 @@ public:
     /// While the next step is done, agents are killed at random moments and started again.
     void killDuringNextStep() { kills_ = true; }
     void fillDisk(bool isFull);
-    /// The schedule's file is cut, overwritten or removed; its copy too where both are meant, which only the events
-    /// can make good.
-    void damageSchedule(bool andCopy);
+    /// The schedule's file is cut, overwritten or removed.
+    void damageSchedule();
+    /// Its copy too, which only the events can make good. Returns once an agent has seen to it.
+    void breakSchedule();
 
     /// What is wrong: alerts that were lost, shown early, shown twice or out of order, agents that crashed.
     [[nodiscard]] std::vector<std::string> faults();
@@ -55,6 +59,8 @@ private:
 
     void command(const std::string& kind, double to);
     void refresh();
+    [[nodiscard]] std::vector<std::optional<Date>> datesToCome() const;
+    void damage(const char* name, unsigned kind);
     void settle();
     void waitForAll();
     void killSome();
