@@ -20,6 +20,33 @@
 
 namespace dayward {
 
+namespace {
+
+/// The desktop's own command carries a file to any program for mail; false where there is none.
+bool startMailCommand(const MailDraft& draft) {
+    return QProcess::startDetached(
+        QStringLiteral("xdg-email"),
+        {QStringLiteral("--utf8"), QStringLiteral("--subject"), qtText(draft.subject), QStringLiteral("--body"),
+         qtText(draft.text), QStringLiteral("--attach"), qtText(draft.attachmentPath)});
+}
+
+/// A file in a link is taken by most of the programs only.
+QUrl mailLink(const MailDraft& draft) {
+    QUrlQuery query;
+    const auto add = [&query](const char* name, const std::string& value) {
+        if (value.empty()) return;
+        query.addQueryItem(QString::fromLatin1(name), QString::fromLatin1(QUrl::toPercentEncoding(qtText(value))));
+    };
+    add("subject", draft.subject);
+    add("body", draft.text);
+    add("attach", draft.attachmentPath);
+    QUrl link(QStringLiteral("mailto:"));
+    link.setQuery(query);
+    return link;
+}
+
+}  // namespace
+
 void QtShareServices::setWindow(QQuickWindow* window, QQmlEngine* engine) {
     window_ = window;
     engine_ = engine;
@@ -43,21 +70,8 @@ void QtShareServices::takeSavePath(const QUrl& file) {
 }
 
 Result<> QtShareServices::composeMail(const MailDraft& draft) {
-    if (!draft.attachmentPath.empty()) {
-        // A link cannot carry a file; the desktop's own command can.
-        const bool started = QProcess::startDetached(
-            QStringLiteral("xdg-email"), {QStringLiteral("--utf8"), QStringLiteral("--subject"), qtText(draft.subject),
-                                          QStringLiteral("--body"), qtText(draft.text), QStringLiteral("--attach"),
-                                          qtText(draft.attachmentPath)});
-        if (started) return {};
-        return failure("mail", 0, {{"path", draft.attachmentPath}, {"reason", "there is no xdg-email"}});
-    }
-    QUrl link(QStringLiteral("mailto:"));
-    QUrlQuery query;
-    query.addQueryItem(QStringLiteral("subject"), QString::fromLatin1(QUrl::toPercentEncoding(qtText(draft.subject))));
-    query.addQueryItem(QStringLiteral("body"), QString::fromLatin1(QUrl::toPercentEncoding(qtText(draft.text))));
-    link.setQuery(query);
-    if (QDesktopServices::openUrl(link)) return {};
+    if (!draft.attachmentPath.empty() && startMailCommand(draft)) return {};
+    if (QDesktopServices::openUrl(mailLink(draft))) return {};
     return failure("mail", 0, {{"reason", "no program takes mail"}});
 }
 
@@ -70,10 +84,10 @@ void QtShareServices::renderDetail(const EventDetailView& view, PixelSize size, 
                                    std::function<void(Picture)> completion) {
     if (window_ == nullptr || size.width < 1 || size.height < 1) return completion(nullptr);
     QQmlComponent component(engine_, QUrl(QStringLiteral("qrc:/Dayward/SharedPicture.qml")));
-    auto* item = qobject_cast<QQuickItem*>(component.createWithInitialProperties(
-        {{"look", QVariant::fromValue(DetailLook(view, pictures_))},
-         {"width", size.width / pixelsPerPoint},
-         {"height", size.height / pixelsPerPoint}}));
+    auto* item = qobject_cast<QQuickItem*>(
+        component.createWithInitialProperties({{"look", QVariant::fromValue(DetailLook(view, pictures_))},
+                                               {"width", size.width / pixelsPerPoint},
+                                               {"height", size.height / pixelsPerPoint}}));
     if (item == nullptr) {
         logError("the picture cannot be drawn: " + component.errorString().toStdString());
         return completion(nullptr);

@@ -31,19 +31,20 @@ std::vector<TableSection> ShareViewController::makeSections() {
 
 void ShareViewController::copyAction() {
     copy();
-    finish({}, localized("Copied"));
+    finish(presenter(), {}, localized("Copied"));
 }
 
 // The sheet is held: what the user has asked to be saved is saved even if the sheet is closed meanwhile.
 void ShareViewController::saveAction() {
-    services_.chooseSavePath(fileName(), [this, self = shared_from_this()](const std::string& path) {
-        finish(write(path), localized("Saved"));
-    });
+    services_.chooseSavePath(fileName(),
+                             [this, self = shared_from_this(), &surroundings = presenter()](const std::string& path) {
+                                 finish(surroundings, write(path), localized("Saved"));
+                             });
 }
 
-void ShareViewController::mailAction() { finish(sendMail()); }
+void ShareViewController::mailAction() { finish(presenter(), sendMail()); }
 
-void ShareViewController::openWithAction() { finish(openWith()); }
+void ShareViewController::openWithAction() { finish(presenter(), openWith()); }
 
 Result<> ShareViewController::sendMail() const { return services_.composeMail(TRY(mailDraft())); }
 
@@ -61,9 +62,7 @@ Result<std::string> ShareViewController::temporaryFile() const {
 
 std::string ShareViewController::fileName() const { return sharedFileName(subject_, fileExtension()); }
 
-void ShareViewController::finish(const Result<>& done, const std::string& notice) {
-    if (!isPresented()) return;
-    Presenter& surroundings = presenter();
+void ShareViewController::finish(Presenter& surroundings, const Result<>& done, const std::string& notice) {
     if (!done) {
         surroundings.alert({localized("That could not be done."),
                             done.error().description(),
@@ -71,7 +70,7 @@ void ShareViewController::finish(const Result<>& done, const std::string& notice
         return;
     }
     if (!notice.empty()) surroundings.showNotice({.text = notice});
-    surroundings.dismissPanel(*this);
+    if (isPresented()) surroundings.dismissPanel(*this);
 }
 
 ShareTextViewController::ShareTextViewController(const TextActivitySource& source, ShareServices& services)

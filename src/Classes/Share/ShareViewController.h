@@ -43,8 +43,8 @@ private:
     Result<> sendMail() const;
     Result<> write(const std::string& path) const;
     [[nodiscard]] std::string fileName() const;
-    /// Closes the sheet with a word in passing, or says what failed.
-    void finish(const Result<>& done, const std::string& notice = {});
+    /// Closes the sheet, where it is still open, with a word in passing, or says what failed.
+    void finish(Presenter& surroundings, const Result<>& done, const std::string& notice = {});
 
     const std::string subject_;
     ShareServices& services_;

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <map>
+#include <utility>
 
 #include "Classes/App/ArchiveRegistration.h"
 #include "Classes/Event/HHEvent.h"
@@ -41,7 +42,8 @@ protected:
     void copyImage(Picture image) override { lines.push_back("copy " + std::to_string(image->width())); }
     void chooseSavePath(const std::string& suggestedName, std::function<void(const std::string&)> completion) override {
         lines.push_back("save " + suggestedName);
-        completion(savePath);
+        pathChosen = std::move(completion);
+        if (!savePath.empty()) pathChosen(savePath);
     }
     Result<> composeMail(const MailDraft& mail) override {
         draft = mail;
@@ -70,6 +72,7 @@ protected:
                            }};
     std::vector<std::string> lines;
     std::string savePath = environment.home + "/saved";
+    std::function<void(const std::string&)> pathChosen;
     MailDraft draft;
     std::string opened;
     Result<> works;
@@ -120,6 +123,19 @@ TEST_F(ShareSheet, APictureIsDrawnInItsShapeBeforeItIsShared) {
     finishDrawing();
     shell.tap("mail");
     EXPECT_TRUE(Image::decode(*environment->files().readFile(draft.attachmentPath)));
+}
+
+TEST_F(ShareSheet, ASaveIsToldOfWhenTheSheetWasClosedMeanwhile) {
+    const std::string place = std::exchange(savePath, {});
+    toolbar.textAction();
+    shell.tap("save");
+    shell.back();
+    ASSERT_FALSE(isOpen());
+    pathChosen(environment.home + "/missing/folder/file");
+    EXPECT_THAT(shell.alert.message, HasSubstr("missing"));
+    pathChosen(place);
+    EXPECT_EQ(text(place), "Launch - is coming in 10 Days!");
+    EXPECT_EQ(shell.take().back(), "notice Saved");
 }
 
 TEST_F(ShareSheet, AFailureIsToldAndTheSheetStays) {
