@@ -321,4 +321,34 @@ TEST_F(Accessibility, aRowOfTheListIsOneSentence) {
     EXPECT_TRUE(topIs("День матери"));
 }
 
+class RightToLeft : public Flows {
+protected:
+    RightToLeft() : Flows({}, {.locale = "he_IL"}) {}
+
+    [[nodiscard]] bool standsRight(const QString& text) const { return middleOf(text).x() > quick->width() / 2; }
+};
+
+TEST_F(RightToLeft, barsRowsAndSignsAreMirrored) {
+    store("a", "Alpha", "2026-03-20");
+    ASSERT_TRUE(until([&] { return item(QStringLiteral("Alpha")) != nullptr; }));
+    settle();
+    EXPECT_TRUE(standsRight(QStringLiteral("Settings")));
+    EXPECT_FALSE(standsRight(QStringLiteral("New event")));
+    EXPECT_FALSE(standsRight(QStringLiteral("10 Days")));
+    EXPECT_EQ(item(QStringLiteral("Alpha"))->property("effectiveHorizontalAlignment").toInt(), Qt::AlignRight);
+    const double start = item(QStringLiteral("Alpha"))->mapToScene({0, 0}).x();
+    drag(middleOf(QStringLiteral("Alpha")), {110, 3});
+    settle();
+    EXPECT_GT(item(QStringLiteral("Alpha"))->mapToScene({0, 0}).x(), start + 40) << "a swipe uncovers the line's start";
+    press(Qt::Key_Comma, Qt::ControlModifier);
+    ASSERT_TRUE(topIs("Settings"));
+    settle();
+    EXPECT_TRUE(standsRight(QStringLiteral("Theme")));
+    click(QStringLiteral("Theme"));
+    ASSERT_TRUE(topIs("Theme"));
+    settle();
+    EXPECT_TRUE(standsRight(QStringLiteral("Back")));
+    EXPECT_TRUE(itemIn(item(QStringLiteral("Back")), "name", QStringLiteral("back"))->property("mirror").toBool());
+}
+
 }  // namespace dayward

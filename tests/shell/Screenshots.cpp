@@ -13,16 +13,16 @@
 #include <filesystem>
 #include <iostream>
 
-#include "Classes/App/ArchiveRegistration.h"
 #include "Classes/App/AppInfo.h"
 #include "Classes/App/AppManager.h"
+#include "Classes/App/ArchiveRegistration.h"
 #include "intervals/ISODate.h"
 #include "platform/linux/AsioQueues.h"
 #include "platform/linux/LinuxEnvironment.h"
 #include "shell/ContactSheet.h"
 #include "shell/QtMainLoop.h"
-#include "shell/Scenes.h"
 #include "shell/QtWindow.h"
+#include "shell/Scenes.h"
 
 namespace dayward {
 
@@ -81,11 +81,10 @@ void take(Stage& stage, QtWindow& window, const Scene& scene, const std::string&
 LinuxOptions optionsFor(const std::string& home, const std::string& language, std::shared_ptr<Queues> queues) {
     LinuxOptions options;
     options.home = home;
-    options.resources = (std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path() / "share" /
-                         "dayward")
-                            .string();
+    options.resources =
+        (std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path() / "share" / "dayward").string();
     options.zone = "Europe/Berlin";
-    options.locale = language == "ru" ? "ru_RU" : "en_US";
+    options.locale = language == "ru" ? "ru_RU" : language == "en" ? "en_US" : language;
     options.archiveClasses = allArchiveClasses();
     options.queues = std::move(queues);
     options.fixedNow = dateFromISOText(kNow, Calendar(*TimeZone::named(options.zone)));
@@ -149,7 +148,7 @@ int run(int argc, char** argv) {
     CLI::App options("Takes pictures of the screens.");
     options.add_option("directory", wanted.directory, "Where the pictures go")->required();
     options.add_option("--size", wanted.sizes, "WIDTHxHEIGHT");
-    options.add_option("--language", wanted.languages, "en, ru");
+    options.add_option("--language", wanted.languages, "en, ru, or a locale such as he_IL");
     options.add_option("--theme", wanted.themes, "light, dark");
     options.add_option("--only", wanted.only, "Only scenes whose name has this in it");
     options.add_option("--text-scale", wanted.textScale, "Size of the texts, 1 for the usual one");

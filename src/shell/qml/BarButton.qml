@@ -9,6 +9,9 @@ AbstractButton {
     property string symbol
     property bool strong: false
     property color tint: Theme.accent
+    // On a picture it has a ground of its own, so that it can be seen on any.
+    property bool onPicture: false
+    readonly property color ground: !onPicture ? "transparent" : tint.hslLightness > 0.5 ? "#59000000" : "#8cffffff"
 
     implicitHeight: Theme.target
     implicitWidth: Math.max(Theme.target, symbol.length > 0 ? Theme.target : caption.implicitWidth + 20)
@@ -25,7 +28,7 @@ AbstractButton {
 
     background: Rectangle {
         radius: height / 2
-        color: control.pressed || control.hovered ? Theme.pressed : "transparent"
+        color: control.pressed || control.hovered ? Qt.tint(control.ground, Theme.pressed) : control.ground
         FocusRing {
             target: control
             radius: parent.radius
@@ -36,6 +39,7 @@ AbstractButton {
             anchors.centerIn: parent
             visible: control.symbol.length > 0
             name: control.symbol
+            mirror: Theme.rightToLeft && (name === "back" || name === "forward")
             color: control.tint
         }
         UiText {

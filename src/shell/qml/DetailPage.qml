@@ -38,6 +38,7 @@ FocusScope {
         buttons: (page.screen as ScreenItem).buttons
         canGoBack: page.canGoBack
         tint: page.screen.hasEvent ? page.tint : Theme.accent
+        onPicture: page.screen.hasEvent
         onBack: (page.screen as ScreenItem).goBack()
         onPressed: role => page.screen.press(role)
     }

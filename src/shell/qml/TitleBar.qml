@@ -14,6 +14,7 @@ FocusScope {
     signal pressed(role: string)
 
     property color tint: Theme.accent
+    property bool onPicture: false
     readonly property var symbols: ({
             "edit": "edit",
             "add": "add",
@@ -41,6 +42,7 @@ FocusScope {
                 text: modelData.label
                 symbol: bar.symbols[modelData.role] ?? ""
                 strong: modelData.role === "done"
+                onPicture: bar.onPicture
                 tint: modelData.role === "remove" ? Theme.destructive : bar.tint
                 enabled: modelData.enabled
                 opacity: modelData.enabled ? 1 : 0.4
@@ -63,6 +65,7 @@ FocusScope {
                 text: Theme.tr("Back")
                 symbol: "back"
                 tint: bar.tint
+                onPicture: bar.onPicture
                 onClicked: bar.back()
             }
             Buttons {

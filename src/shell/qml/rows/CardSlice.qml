@@ -35,7 +35,7 @@ Item {
     }
     Rectangle {
         visible: !slice.last
-        x: 14
+        x: Theme.rightToLeft ? 0 : 14
         width: parent.width - 14
         height: 1
         y: parent.height - 1

@@ -38,7 +38,6 @@ FocusScope {
     implicitHeight: column.implicitHeight
     height: implicitHeight
     clip: height < implicitHeight
-    opacity: row.enabled ? 1 : 0.45
     activeFocusOnTab: takesFocus && row.enabled
     onActiveFocusChanged: if (activeFocus && ListView.view && Appearance.keyboardInUse)
         ListView.view.positionViewAtIndex(index, ListView.Contain)
@@ -94,6 +93,8 @@ FocusScope {
     }
     Column {
         id: column
+        // Not the card: its parts lie over one another.
+        opacity: frame.row.enabled ? 1 : 0.45
         x: frame.inset
         width: frame.width - 2 * frame.inset
         RowHead {
