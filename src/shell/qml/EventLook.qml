@@ -20,7 +20,10 @@ Item {
     // What stands between the picture and the texts.
     property color scrim: textColor.hslLightness > 0.5 ? "#8c000000" : "#a6ffffff"
 
-    readonly property color edge: Qt.rgba(scrim.r, scrim.g, scrim.b, scrim.a * 0.6)
+    readonly property color edge: Qt.rgba(scrim.r, scrim.g, scrim.b, scrim.a * (stacked ? 1 : 0.6))
+
+    // Large texts side by side would be cut in a narrow row.
+    readonly property bool stacked: Theme.scale > 1.2 && width < 340 * Theme.scale
 
     implicitHeight: Math.round(76 * Theme.scale)
 
@@ -97,8 +100,8 @@ Item {
         Column {
             anchors.left: iconPicture.right
             anchors.leftMargin: iconPicture.visible ? 12 : 2
-            anchors.right: countdownText.left
-            anchors.rightMargin: 12
+            anchors.right: look.stacked ? parent.right : countdownText.left
+            anchors.rightMargin: look.stacked ? 0 : 12
             anchors.verticalCenter: parent.verticalCenter
             spacing: 2
             UiText {
@@ -117,9 +120,18 @@ Item {
                 color: look.textColor
                 elide: Text.ElideRight
             }
+            UiText {
+                width: parent.width
+                visible: look.stacked
+                text: look.countdown
+                font.weight: Font.DemiBold
+                color: look.textColor
+                elide: Text.ElideRight
+            }
         }
         UiText {
             id: countdownText
+            visible: !look.stacked
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
             width: Math.min(implicitWidth, parent.width * 0.46)

@@ -7,13 +7,13 @@ RowFrame {
     showsHead: false
     UiText {
         width: parent.width
-        height: Theme.rowHeight - 12
+        height: Math.max(Theme.rowHeight - 12, implicitHeight)
         topPadding: 12
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         text: frame.row.label
         font.weight: Font.Medium
         color: frame.row.kind === "destructive" ? Theme.destructive : frame.row.isQuiet ? Theme.secondaryText : Theme.accent
-        elide: Text.ElideRight
+        wrapMode: Text.Wrap
     }
 }
