@@ -1,12 +1,11 @@
 #include "alerts/EventNotifications.h"
 
-#include <unordered_set>
+#include <algorithm>
 #include <utility>
 
 #include "Classes/Event/EventLocalStore.h"
 #include "Classes/Event/HHEvent.h"
 #include "alerts/EventNotification.h"
-#include "alerts/NotificationDifference.h"
 #include "alerts/XELNotificationCreator.h"
 #include "intervals/XDIFormatter.h"
 #include "platform/Environment.h"
@@ -31,6 +30,21 @@ std::string nameOf(const HHEvent& event) {
     return event.name().value_or("").empty() ? localized("???") : *event.name();
 }
 
+/// Of one event: each moment and text stays once.
+void removeRepeated(std::vector<LocalNotification>& notifications) {
+    const auto isRepeated = [&](auto end) {
+        return std::any_of(notifications.begin(), end, [&](const LocalNotification& one) {
+            return one.fireDate == end->fireDate && one.alertBody == end->alertBody;
+        });
+    };
+    auto kept = notifications.begin();
+    for (auto next = notifications.begin(); next != notifications.end(); ++next) {
+        if (kept != next) std::iter_swap(kept, next);
+        if (!isRepeated(kept)) ++kept;
+    }
+    notifications.erase(kept, notifications.end());
+}
+
 }  // namespace
 
 std::string notificationText(const std::string& name, const XDIDateInterval& alert) {
@@ -45,9 +59,10 @@ std::string notificationText(const std::string& name, const XDIDateInterval& ale
                       {name, XDIFormatter::stringForDateInterval(alert, TextStyle::full)});
 }
 
-std::vector<LocalNotification> notificationsOfEvent(const HHEvent& event) {
+std::vector<LocalNotification> notificationsOfEvent(const HHEvent& event, std::optional<Date> latest) {
     XELNotificationCreator creator;
     creator.maxNotificationsCount = kMaximumNotificationsForEvent;
+    creator.latestFireDate = latest;
     creator.objectKey = event.identifier();
     creator.objectModificationDate = modificationDate(event);
     creator.startDateDay = event.date();
@@ -60,11 +75,9 @@ std::vector<LocalNotification> notificationsOfEvent(const HHEvent& event) {
     };
     std::vector<LocalNotification> notifications = creator.getNotifications();
     const Date now = Environment::current().now();
-    std::unordered_set<std::string> known;
-    std::erase_if(notifications, [&](LocalNotification& notification) {
-        setEventIdentifier(notification, event.identifier());
-        return *notification.fireDate < now || !known.insert(notificationKey(notification)).second;
-    });
+    std::erase_if(notifications, [&](const LocalNotification& one) { return *one.fireDate < now; });
+    for (LocalNotification& one : notifications) setEventIdentifier(one, event.identifier());
+    removeRepeated(notifications);
     return notifications;
 }
 

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "platform/Date.h"
 #include "platform/LocalNotification.h"
 
 namespace dayward {
@@ -19,7 +21,7 @@ inline constexpr std::size_t kMaximumNotificationsForEvent = 30;
 std::string notificationText(const std::string& name, const XDIDateInterval& alert);
 
 /// What should be scheduled for the event now: alert by alert, for each by date. Two alerts that come to the
-/// same text at the same moment give one.
-std::vector<LocalNotification> notificationsOfEvent(const HHEvent& event);
+/// same text at the same moment give one. What fires after `latest` is left out.
+std::vector<LocalNotification> notificationsOfEvent(const HHEvent& event, std::optional<Date> latest = std::nullopt);
 
 }  // namespace dayward

@@ -1,7 +1,7 @@
 #include "alerts/NearestNotifications.h"
 
 #include <algorithm>
-#include <iterator>
+#include <memory>
 #include <utility>
 
 #include "Classes/Event/HHEvent.h"
@@ -71,19 +71,50 @@ private:
     std::vector<Candidate> candidates_;
 };
 
+/// The first ones of those added, in order; what is equal in it keeps its order. Only places are moved.
+class Nearest {
+public:
+    explicit Nearest(std::size_t count) : count_(count) {}
+
+    void add(LocalNotification notification) {
+        const auto comesBefore = [](const auto& one, const auto& other) { return firesBefore(*one, *other); };
+        auto added = std::make_unique<LocalNotification>(std::move(notification));
+        const auto place = std::upper_bound(ordered_.begin(), ordered_.end(), added, comesBefore);
+        if (place == ordered_.end() && ordered_.size() == count_) return;
+        ordered_.insert(place, std::move(added));
+        if (ordered_.size() > count_) ordered_.pop_back();
+    }
+    /// Null while there is room for more.
+    [[nodiscard]] const LocalNotification* last() const {
+        return ordered_.size() < count_ ? nullptr : ordered_.back().get();
+    }
+    std::vector<LocalNotification> take() {
+        std::vector<LocalNotification> result;
+        result.reserve(ordered_.size());
+        for (const auto& one : ordered_) result.push_back(std::move(*one));
+        return result;
+    }
+
+private:
+    const std::size_t count_;
+    std::vector<std::unique_ptr<LocalNotification>> ordered_;
+};
+
 }  // namespace
 
 std::vector<LocalNotification> nearestNotifications(const std::vector<std::shared_ptr<HHEvent>>& events,
                                                     std::vector<LocalNotification> others, std::size_t count) {
-    std::vector<LocalNotification> nearest = std::move(others);
-    sortAndCut(nearest, count);
-    if (count == 0) return nearest;
+    Nearest nearest(count);
+    for (LocalNotification& one : others) nearest.add(std::move(one));
+    if (count == 0) return {};
     Candidates candidates(events);
-    while (const HHEvent* event = candidates.next(nearest.size() < count ? nullptr : &nearest.back())) {
-        std::ranges::move(notificationsOfEvent(*event), std::back_inserter(nearest));
-        sortAndCut(nearest, count);
+    while (const HHEvent* event = candidates.next(nearest.last())) {
+        const LocalNotification* last = nearest.last();
+        for (LocalNotification& one : notificationsOfEvent(*event, last != nullptr ? last->fireDate : std::nullopt)) {
+            nearest.add(std::move(one));
+        }
     }
-    return nearest;
+    return nearest.take();
 }
 
 }  // namespace dayward

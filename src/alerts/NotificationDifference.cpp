@@ -22,6 +22,12 @@ std::string momentText(const LocalNotification& notification) {
     return {text, std::to_chars(text, text + sizeof text, momentOf(notification)).ptr};
 }
 
+/// As eventIdentifier(), without a copy.
+const std::string* ownerOf(const LocalNotification& notification) {
+    const auto found = notification.userInfo.find(kNotificationObjectKey);
+    return found != notification.userInfo.end() ? found->second.string() : nullptr;
+}
+
 using ByKey = std::unordered_map<std::string, const LocalNotification*>;
 
 /// Of two with one key the first counts.
@@ -55,9 +61,9 @@ std::string notificationKey(const LocalNotification& notification) {
 bool firesBefore(const LocalNotification& one, const LocalNotification& other) {
     const double moment = momentOf(one), otherMoment = momentOf(other);
     if (moment != otherMoment) return moment < otherMoment;
-    const auto owner = eventIdentifier(one), otherOwner = eventIdentifier(other);
-    if (owner.has_value() != otherOwner.has_value()) return owner.has_value();
-    return owner < otherOwner;
+    const std::string* const owner = ownerOf(one);
+    const std::string* const otherOwner = ownerOf(other);
+    return owner != nullptr && (otherOwner == nullptr || *owner < *otherOwner);
 }
 
 void sortAndCut(std::vector<LocalNotification>& notifications, std::size_t count) {
@@ -67,6 +73,7 @@ void sortAndCut(std::vector<LocalNotification>& notifications, std::size_t count
 
 NotificationDifference notificationDifference(const std::vector<LocalNotification>& scheduled,
                                               const std::vector<LocalNotification>& wanted) {
+    if (scheduled == wanted) return {};
     return {without(scheduled, byKey(wanted)), without(wanted, byKey(scheduled))};
 }
 

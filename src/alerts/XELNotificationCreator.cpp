@@ -56,9 +56,13 @@ std::vector<LocalNotification> XELNotificationCreator::getNotifications() {
         const auto from = systemCalendar()->dateByAddingComponents(alert.dateComponents(), now);
         if (!from) continue;
         const std::vector<Date> dates = datesFrom(math, *from, *from + maxTimeInterval, count);
+        std::optional<LocalNotification> made;
         for (const Date date : dates) {
             const auto fires = fireDate(date, alert);
-            if (fires && *fires >= now) notifications.push_back(notification(*fires, alert));
+            if (!fires || *fires < now || (latestFireDate && *fires > *latestFireDate)) continue;
+            if (!made) made = notificationWithoutDate(alert);
+            made->fireDate = *fires;
+            notifications.push_back(*made);
         }
         if (!dates.empty() && (!resultEndDate_ || dates.back() < *resultEndDate_)) resultEndDate_ = dates.back();
     }
@@ -66,9 +70,8 @@ std::vector<LocalNotification> XELNotificationCreator::getNotifications() {
     return notifications;
 }
 
-LocalNotification XELNotificationCreator::notification(Date fireDate, const XDIDateInterval& alert) const {
+LocalNotification XELNotificationCreator::notificationWithoutDate(const XDIDateInterval& alert) const {
     LocalNotification notification;
-    notification.fireDate = fireDate;
     notification.timeZone = Environment::current().timeZone().name();
     notification.alertAction = localized("Show");
     if (alertBodyBlock) notification.alertBody = alertBodyBlock(alert);

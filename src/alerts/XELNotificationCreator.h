@@ -37,6 +37,7 @@ public:
     AlertBodyBlock alertBodyBlock;                    ///< the text for an alert; none where it is empty
     TimeInterval maxTimeInterval = kDefaultMaxTimeInterval;           ///< how far ahead a repeating owner is followed
     std::size_t maxNotificationsCount = kDefaultMaxNotificationsCount;  ///< for all alerts together, about
+    std::optional<Date> latestFireDate;  ///< what fires later is left out; the result dates are the same
 
     [[nodiscard]] const std::optional<std::string>& soundName() const { return soundName_; }
     /// The last path component of a file; XELAudioManager::kDefaultSoundName for it and for "Default".
@@ -59,7 +60,8 @@ public:
 private:
     /// Made on first use.
     std::shared_ptr<const Calendar> systemCalendar();
-    [[nodiscard]] LocalNotification notification(Date fireDate, const XDIDateInterval& alert) const;
+    /// What all of an alert have in common.
+    [[nodiscard]] LocalNotification notificationWithoutDate(const XDIDateInterval& alert) const;
 
     std::optional<std::string> soundName_;
     std::optional<Date> resultStartDate_, resultEndDate_;

@@ -68,14 +68,13 @@ std::vector<Date> XELEventMath::datesFromDate(Date fromDate, Date toDate, std::s
 }
 
 bool XELEventMath::isSteady() const {
-    constexpr int kDaysOfEveryMonth = 28;
+    // One less than every month has: a skipped time may move an occurrence to the next day.
+    constexpr int kSafeDays = 27;
     if (!parsed_) return true;
     if (parsed_->count() != 0) return false;
     if (parsed_->frequency() <= ParsedRule::Frequency::weekly) return true;
-    const auto calendar = Environment::current().calendar();
-    return !parsed_->hasLists() && std::ranges::all_of(getStartDates(), [&](Date start) {
-        return calendar->fields(start).day <= kDaysOfEveryMonth;
-    });
+    if (parsed_->hasLists() || !startDateDay_ || !hasIcalTime(*startDateDay_)) return false;
+    return Environment::current().calendar()->fields(*startDateDay_).day <= kSafeDays;
 }
 
 std::optional<Date> XELEventMath::lastDate() const {
