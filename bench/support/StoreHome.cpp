@@ -73,12 +73,15 @@ std::string freshPath() {
     return scratch.next();
 }
 
-std::unique_ptr<Environment> linuxEnvironment(const std::string& home) {
+std::unique_ptr<Environment> linuxEnvironment(const std::string& home,
+                                              std::shared_ptr<LocalNotifications> notifications) {
     LinuxOptions options;
     options.home = home;
     options.resources = DAYWARD_BENCH_RESOURCES;
     options.archiveClasses = allArchiveClasses();
-    return std::make_unique<Environment>(*makeLinuxServices(options));
+    auto services = *makeLinuxServices(options);
+    if (notifications) services.localNotifications = std::move(notifications);
+    return std::make_unique<Environment>(std::move(services));
 }
 
 Data typicalArchive(int number) {

@@ -11,13 +11,15 @@
 
 #include "platform/Data.h"
 #include "platform/Environment.h"
+#include "platform/LocalNotifications.h"
 
 namespace dayward::bench {
 
 /// A path for a new home or directory; nothing is there yet.
 std::string freshPath();
-/// The environment of the real program over that home.
-std::unique_ptr<Environment> linuxEnvironment(const std::string& home);
+/// The environment of the real program over that home, with another schedule of notifications where one is given.
+std::unique_ptr<Environment> linuxEnvironment(const std::string& home,
+                                              std::shared_ptr<LocalNotifications> notifications = nullptr);
 
 /// "general.t" of the typical event with that number.
 Data typicalArchive(int number);
