@@ -1,6 +1,7 @@
 // Keeping the schedule of notifications: everything anew, against asking each event once for its next date, and the
 // change of one event in a large store. The schedule is kept in memory, and stands as it is after the first round.
 #include <map>
+#include <string>
 #include <vector>
 
 #include "Classes/Event/EventLocalStore.h"
@@ -39,10 +40,12 @@ std::shared_ptr<HHEvent> eventOf(int number) {
 
 /// Of a home with so many events, all of them scheduled; kept until the program ends.
 Environment& environmentOf(int count) {
+    // The directory first: it goes when the environments over it have ended.
+    static const std::string homes = bench::freshPath();
     static std::map<int, std::unique_ptr<Environment>> environments;
     auto& environment = environments[count];
     if (environment) return *environment;
-    environment = bench::linuxEnvironment(bench::freshPath(), std::make_shared<FakeLocalNotifications>());
+    environment = bench::linuxEnvironment(homes + "/" + std::to_string(count), std::make_shared<FakeLocalNotifications>());
     const EnvironmentScope scope(environment.get());
     std::vector<std::shared_ptr<HHEvent>> events;
     for (int number = 0; number < count; ++number) events.push_back(eventOf(number));
