@@ -199,11 +199,13 @@ void Deliverer::show() {
     displayAgain_.fail(parts_.time.elapsed());
 }
 
-/// In their order: where one cannot be shown, those behind it wait.
+/// In their order: where one cannot be shown, those behind it wait. Each is marked before the next is shown, so that a
+/// kill brings one of them again and not all.
 Result<> Deliverer::showEach(const std::vector<DueAlert>& alerts) {
     for (const DueAlert& alert : alerts) {
         if (!parts_.link.deliver(alert.notification)) TRY_VOID(parts_.display.show(alert));
         noteShown({alert});
+        if (writeAgain_.mayTry(parts_.time.elapsed())) write();
     }
     return {};
 }
