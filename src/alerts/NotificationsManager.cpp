@@ -37,7 +37,7 @@ Notifications nearest(const AppBadge::Events& events, std::size_t count) {
 /// Due, of an event that is still there: the device has yet to show it.
 bool isBeingShown(const LocalNotification& notification, const Environment& environment) {
     const auto due = dueDate(notification, environment.timeZone());
-    return due && *due < environment.now() &&
+    return due && *due <= environment.now() &&
            EventLocalStore::shared().eventByIdentifier(eventIdentifier(notification)) != nullptr;
 }
 
@@ -57,7 +57,10 @@ std::size_t roomBeside(const Notifications& shown) {
 
 /// Asks nothing of the device where nothing differs.
 void apply(LocalNotifications& device, const Notifications& scheduled, const Notifications& wanted) {
-    const NotificationDifference difference = notificationDifference(scheduled, wanted);
+    NotificationDifference difference = notificationDifference(scheduled, wanted);
+    // What fell due while the list was made is not in it, and has yet to be shown.
+    std::erase_if(difference.cancelled,
+                  [](const LocalNotification& one) { return isBeingShown(one, Environment::current()); });
     if (!difference.isEmpty()) device.change(difference.cancelled, difference.scheduled);
 }
 

@@ -1,9 +1,12 @@
 #include "alerts/NotificationsManager.h"
 
+#include <atomic>
+#include <limits>
+
 #include "AlertsFixture.h"
 #include "alerts/AppBadge.h"
-#include "alerts/MissedEventsHelper.h"
 #include "alerts/EventNotifications.h"
+#include "alerts/MissedEventsHelper.h"
 #include "alerts/NotificationDifference.h"
 #include "alerts/NotificationPresenter.h"
 #include "platform/Audio.h"
@@ -150,6 +153,57 @@ TEST_F(NotificationsManagerTest, WhatIsDueStaysUntilTheDeviceHasShownIt) {
     EXPECT_THAT(scheduled(), SizeIs(64));
 }
 
+TEST_F(NotificationsManagerTest, WhatFallsDueAtThisMomentStaysToo) {
+    addDays(2);
+    NotificationsManager::syncRefresh();
+    environment.clock->set(at("2026-03-11T00:00:00"));
+    NotificationsManager::syncRefresh();
+    EXPECT_EQ(countOf("001"), 1u);
+    NotificationsManager::updateForEvent(store().eventByIdentifier("001"));
+    NotificationsManager::flush();
+    EXPECT_EQ(countOf("001"), 1u);
+}
+
+/// Goes on by a second behind so many readings.
+class SteppingClock final : public Clock {
+public:
+    explicit SteppingClock(Date now) : now_(now) {}
+    [[nodiscard]] Date now() const override { return readings_-- > 0 ? now_ : now_ + TimeInterval(1); }
+    void stepAfter(int readings) { readings_ = readings; }
+    [[nodiscard]] bool hasStepped() const { return readings_ < 0; }
+
+private:
+    const Date now_;
+    mutable std::atomic<int> readings_ = std::numeric_limits<int>::max();
+};
+
+TEST_F(NotificationsManagerTest, WhatFallsDueWhileTheListIsMadeIsNotTakenAway) {
+    for (const bool inBatch : {false, true}) {
+        const auto clock = std::make_shared<SteppingClock>(at("2026-03-10T23:59:59.5"));
+        TestEnvironment::Options options;
+        options.clock = clock;
+        options.localNotifications = device;
+        TestEnvironment other(options);
+        const auto event = eventOn("a", at("2026-03-11"), {onEvent});
+        EventLocalStore::shared().updateEvent(event);
+        for (int readings = 0; readings < 40; ++readings) {
+            NotificationsManager::syncRefresh();
+            ASSERT_EQ(countOf("a"), 1u);
+            clock->stepAfter(readings);
+            if (inBatch) {
+                NotificationsManager::updateForEvent(event);
+                NotificationsManager::flush();
+            } else {
+                NotificationsManager::syncRefresh();
+            }
+            EXPECT_EQ(countOf("a"), 1u) << "the second began after " << readings << " readings";
+            if (!clock->hasStepped()) break;
+            clock->stepAfter(std::numeric_limits<int>::max());
+        }
+        EXPECT_FALSE(clock->hasStepped());
+    }
+}
+
 TEST_F(NotificationsManagerTest, TheBadgesNotificationsShareTheLimitAndItsNumberIsSet) {
     addDays(100);
     AppBadge::setType(BadgeType::daysBeforeEvent);
@@ -223,9 +277,8 @@ TEST_F(NotificationsManagerTest, AnEventWithoutNameOrWithEqualAlertsIsToldOnce) 
     const auto event = eventOn("a", at("2027-03-28"), {before(CalendarUnit::month, 1), before(CalendarUnit::month, 1)},
                                {0}, "FREQ=DAILY;INTERVAL=1;UNTIL=20270401T000000Z");
     event->setName(std::nullopt);
-    EXPECT_THAT(lines(notificationsOfEvent(*event)),
-                ElementsAre("2027-02-28T00:00:00 ??? - is coming in 1 Month!",
-                            "2027-03-01T00:00:00 ??? - is coming in 1 Month!"));
+    EXPECT_THAT(lines(notificationsOfEvent(*event)), ElementsAre("2027-02-28T00:00:00 ??? - is coming in 1 Month!",
+                                                                 "2027-03-01T00:00:00 ??? - is coming in 1 Month!"));
 }
 
 TEST(NotificationKey, TellsOwnerMomentAndBodyApart) {
