@@ -2,13 +2,15 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
+#include <set>
+#include <type_traits>
 #include <utility>
 
 #include "Classes/Event/EventLocalStore.h"
 #include "Classes/Event/HHEvent.h"
 #include "alerts/AppBadge.h"
 #include "alerts/EventNotification.h"
-#include "alerts/EventNotifications.h"
 #include "alerts/MissedEventsHelper.h"
 #include "alerts/NearestNotifications.h"
 #include "alerts/NotificationDifference.h"
@@ -24,10 +26,9 @@ namespace {
 
 using Notifications = std::vector<LocalNotification>;
 
-constexpr auto kAllTypes =
-    static_cast<UserNotificationTypes>(static_cast<unsigned>(UserNotificationTypes::badge) |
-                                       static_cast<unsigned>(UserNotificationTypes::sound) |
-                                       static_cast<unsigned>(UserNotificationTypes::alert));
+constexpr auto kAllTypes = static_cast<UserNotificationTypes>(static_cast<unsigned>(UserNotificationTypes::badge) |
+                                                              static_cast<unsigned>(UserNotificationTypes::sound) |
+                                                              static_cast<unsigned>(UserNotificationTypes::alert));
 
 /// The events' notifications and those that set the badge.
 Notifications nearest(const AppBadge::Events& events, std::size_t count) {
@@ -64,18 +65,39 @@ void apply(LocalNotifications& device, const Notifications& scheduled, const Not
     if (!difference.isEmpty()) device.change(difference.cancelled, difference.scheduled);
 }
 
-void removeOwned(Notifications& notifications, const HHEvent& event) {
-    std::erase_if(notifications, [&](const LocalNotification& one) { return eventIdentifier(one) == event.identifier(); });
+/// What the targets ask for: the last one of an event counts.
+struct Batch {
+    std::set<std::string> owners;  ///< whose notifications go
+    AppBadge::Events updated;      ///< whose are built anew
+};
+
+// The events as they stand now: they may have changed again or gone since the targets were made.
+Batch batchOf(const std::vector<NotificationTarget>& targets) {
+    std::map<std::string, bool> isUpdated;
+    for (const NotificationTarget& target : targets) {
+        std::visit(
+            [&](const auto& kind) {
+                isUpdated[kind.event->identifier()] = std::is_same_v<decltype(kind), const UpdateTarget&>;
+            },
+            target);
+    }
+    Batch batch;
+    for (const auto& [identifier, update] : isUpdated) {
+        batch.owners.insert(identifier);
+        const auto event = update ? EventLocalStore::shared().eventByIdentifier(identifier) : nullptr;
+        if (event) batch.updated.push_back(event);
+    }
+    return batch;
 }
 
-// As the event stands now: it may have changed again or gone since the target was made.
-void carryOut(const UpdateTarget& target, Notifications& wanted) {
-    removeOwned(wanted, *target.event);
-    const auto event = EventLocalStore::shared().eventByIdentifier(target.event->identifier());
-    if (event) std::ranges::move(notificationsOfEvent(*event), std::back_inserter(wanted));
+/// The schedule as it is after the batch.
+Notifications carriedOut(const Batch& batch, Notifications scheduled, std::size_t count) {
+    std::erase_if(scheduled, [&](const LocalNotification& notification) {
+        const auto owner = eventIdentifier(notification);
+        return owner && batch.owners.contains(*owner);
+    });
+    return nearestNotifications(batch.updated, std::move(scheduled), count);
 }
-
-void carryOut(const RemoveTarget& target, Notifications& wanted) { removeOwned(wanted, *target.event); }
 
 }  // namespace
 
@@ -98,8 +120,8 @@ void NotificationsManager::follow() {
     observations_.push_back(environment_.notifications().addObserver(
         EventLocalStoreDidUpdateNotification, [this](const Notification& update) { take(update); },
         &EventLocalStore::shared()));
-    observations_.push_back(environment_.notifications().addObserver(MissedEventsHelper::kDidUpdateNotification,
-                                                                     [this](const Notification&) { showMissedCount(); }));
+    observations_.push_back(environment_.notifications().addObserver(
+        MissedEventsHelper::kDidUpdateNotification, [this](const Notification&) { showMissedCount(); }));
 }
 
 void NotificationsManager::showMissedCount() {
@@ -163,12 +185,7 @@ void NotificationsManager::performBatch() {
     if (device == nullptr || targets.empty()) return;
     Notifications scheduled = device->scheduledLocalNotifications();
     const Notifications shown = takeShown(scheduled);
-    Notifications wanted = scheduled;
-    for (const NotificationTarget& target : targets) {
-        std::visit([&](const auto& kind) { carryOut(kind, wanted); }, target);
-    }
-    sortAndCut(wanted, roomBeside(shown));
-    apply(*device, scheduled, wanted);
+    apply(*device, scheduled, carriedOut(batchOf(targets), scheduled, roomBeside(shown)));
 }
 
 void NotificationsManager::refresh() {

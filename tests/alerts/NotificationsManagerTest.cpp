@@ -99,6 +99,25 @@ TEST_F(NotificationsManagerTest, AnEventThatIsGoneBeforeTheBatchGivesNone) {
     EXPECT_THAT(scheduled(), IsEmpty());
 }
 
+TEST_F(NotificationsManagerTest, OfOneEventTheLastTargetCounts) {
+    const auto event = eventOn("a", at("2026-04-01"), {onEvent});
+    const auto other = eventOn("b", at("2026-04-01"), {onEvent, before(CalendarUnit::day, 1)});
+    store().updateEvents({event, other});
+    NotificationsManager::removeForEvent(event);
+    NotificationsManager::updateForEvent(event);
+    NotificationsManager::updateForEvent(other);
+    NotificationsManager::flush();
+    EXPECT_THAT(scheduled(),
+                ElementsAre("2026-03-31T00:00:00 Event b - is coming in 1 Day!",
+                            "2026-04-01T00:00:00 Event a is happening!", "2026-04-01T00:00:00 Event b is happening!"));
+    NotificationsManager::updateForEvent(event);
+    NotificationsManager::removeForEvent(event);
+    NotificationsManager::flush();
+    EXPECT_EQ(countOf("a"), 0u);
+    EXPECT_EQ(countOf("b"), 2u);
+    EXPECT_EQ(device->changes(), 2);
+}
+
 TEST_F(NotificationsManagerTest, ABatchKeepsTheNearest64) {
     NotificationsManager::followStore();
     addDays(64);
