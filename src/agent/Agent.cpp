@@ -14,7 +14,8 @@ Agent::Agent(const Deliverer::Parts& parts, ScheduleRefresher& refresher)
       display_(parts.display),
       link_(parts.link),
       deliverer_(parts),
-      fetch_({parts.time, parts.link, refresher, [this] { didFetch(); }}) {
+      fetch_({parts.time, parts.link, refresher, [this] { didFetch(); }}),
+      wokenAt_(parts.time.now()) {
     display_.setListener(this);
 }
 
@@ -22,6 +23,7 @@ Agent::~Agent() { display_.setListener(nullptr); }
 
 void Agent::wake() {
     wantsWake_ = false;
+    wokenAt_ = time_.now();
     deliverer_.deliver();
     showBadge();
     if (!isNeeded()) return fetch_.rest();
@@ -42,16 +44,17 @@ void Agent::didFetch() {
     wantsWake_ = true;
 }
 
+// What fell due since the wake began, while the application was asked, was perhaps not seen by it.
 std::optional<Date> Agent::nextMoment() const {
     std::optional<Date> least;
-    const auto consider = [&](std::optional<Date> moment) {
-        if (moment && *moment > time_.now() && (!least || *moment < *least)) least = moment;
+    const auto consider = [&](std::optional<Date> moment, Date after) {
+        if (moment && *moment > after && (!least || *moment < *least)) least = moment;
     };
     const TimeZone zone = time_.zone();
     for (const auto* list : {&schedule().scheduled, &schedule().snoozed}) {
-        for (const LocalNotification& notification : *list) consider(dueDate(notification, zone));
+        for (const LocalNotification& notification : *list) consider(dueDate(notification, zone), wokenAt_);
     }
-    if (isNeeded()) consider(fetch_.nextMoment(deliverer_.record().fetched));
+    if (isNeeded()) consider(fetch_.nextMoment(deliverer_.record().fetched), time_.now());
     return least;
 }
 

@@ -26,7 +26,7 @@ public:
     /// The clock, the schedule or the zone may be another.
     void needWake() { wantsWake_ = true; }
     [[nodiscard]] bool wantsWake() const { return wantsWake_; }
-    /// When it is to be woken by the wall clock.
+    /// When it is to be woken by the wall clock; one that has passed since the last wake is at once.
     [[nodiscard]] std::optional<Date> nextMoment() const;
     /// How long until something that failed is tried again.
     [[nodiscard]] std::optional<TimeInterval> retryAfter() const;
@@ -60,6 +60,7 @@ private:
     ApplicationLink& link_;
     Deliverer deliverer_;
     BackgroundFetch fetch_;
+    Date wokenAt_;                       ///< when the last wake began
     std::optional<std::int64_t> badge_;  ///< as it is shown
     std::deque<DueAlert> unscheduled_;   ///< shown at once, the latest last
     bool wantsWake_ = true;

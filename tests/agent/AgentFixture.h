@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
 #include <memory>
 #include <set>
 #include <string>
@@ -79,11 +80,13 @@ public:
         return {};
     }
     bool performFetch() override {
+        if (whileAsked) whileAsked();
         fetches += isRunning ? 1 : 0;
         return isRunning;
     }
 
     bool isInFront = false, isRunning = false;
+    std::function<void()> whileAsked;
     int fetches = 0;
     std::vector<std::string> delivered;
     std::vector<LocalNotification> opened;

@@ -149,6 +149,18 @@ TEST_F(AgentTest, WithoutTheApplicationAProgramRefreshesAndIsTriedAgain) {
     EXPECT_EQ(record.read()->fetched, time.now());
 }
 
+TEST_F(AgentTest, WhatFallsDueWhileTheApplicationIsAskedIsNotSleptOver) {
+    link.isRunning = false;
+    add({in(1, "a"), in(kDay, "b")});
+    const Date due = time.now() + TimeInterval(1);
+    link.whileAsked = [&] { time.pass(2); };
+    EXPECT_THAT(wake(), IsEmpty());
+    EXPECT_EQ(agent->nextMoment(), due);
+    link.whileAsked = nullptr;
+    EXPECT_THAT(wake(), ElementsAre("a"));
+    EXPECT_EQ(agent->nextMoment(), due + TimeInterval(kDay - 1));
+}
+
 TEST_F(AgentTest, AFetchThatIsNoLongerNeededIsNotTriedAgain) {
     link.isRunning = false;
     add({in(kDay, "a")});
