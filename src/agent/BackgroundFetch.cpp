@@ -1,5 +1,7 @@
 #include "agent/BackgroundFetch.h"
 
+#include <utility>
+
 #include "platform/Log.h"
 
 namespace dayward {
@@ -34,6 +36,7 @@ void BackgroundFetch::wake(std::optional<Date> last, bool needsRebuild) {
     if (!isRequested_ && !needsRebuild && !isTime) return again_.succeed();
     if (!again_.mayTry(parts_.time.elapsed())) return;
     isRunning_ = true;
+    wasRequested_ = std::exchange(isRequested_, false);
     if (parts_.link.performFetch()) return finish(true);
     const auto started = parts_.refresher.start([this](bool worked) { finish(worked); });
     if (started) return;
@@ -49,9 +52,11 @@ void BackgroundFetch::rest() {
 
 void BackgroundFetch::finish(bool worked) {
     isRunning_ = false;
-    if (!worked) return again_.fail(parts_.time.elapsed());
+    if (!worked) {
+        isRequested_ = isRequested_ || wasRequested_;
+        return again_.fail(parts_.time.elapsed());
+    }
     again_.succeed();
-    isRequested_ = false;
     parts_.didFetch();
 }
 

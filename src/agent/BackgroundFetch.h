@@ -43,7 +43,8 @@ private:
 
     const Parts parts_;
     Backoff again_;
-    bool isRequested_ = false;
+    bool isRequested_ = false;   ///< also while one runs: what it missed is the next one's
+    bool wasRequested_ = false;  ///< the one that runs
     bool isRunning_ = false;
     std::optional<Date> lastNow_;
     TimeInterval lastElapsed_;

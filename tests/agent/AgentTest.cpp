@@ -161,6 +161,26 @@ TEST_F(AgentTest, WhatFallsDueWhileTheApplicationIsAskedIsNotSleptOver) {
     EXPECT_EQ(agent->nextMoment(), due + TimeInterval(kDay - 1));
 }
 
+TEST_F(AgentTest, ARefreshThatIsAskedForDuringAFetchComesAfterIt) {
+    link.isRunning = false;
+    add({in(kDay, "a")});
+    wake();
+    ASSERT_EQ(refresher.starts, 1);
+    agent->refresh();
+    wake();
+    EXPECT_EQ(refresher.starts, 1);
+    refresher.finish(true);
+    wake();
+    ASSERT_EQ(refresher.starts, 2);
+    refresher.finish(false);
+    time.pass(60);
+    wake();
+    ASSERT_EQ(refresher.starts, 3) << "one that was asked for is tried again";
+    refresher.finish(true);
+    wake();
+    EXPECT_EQ(refresher.starts, 3);
+}
+
 TEST_F(AgentTest, AFetchThatIsNoLongerNeededIsNotTriedAgain) {
     link.isRunning = false;
     add({in(kDay, "a")});
