@@ -52,7 +52,8 @@ bool Deliverer::isOrphan(const Delivery& delivery) const {
 }
 
 void Deliverer::deliver() {
-    if (!read()) return;
+    isRead_ = read();
+    if (!isRead_) return;
     const TimeInterval elapsed = parts_.time.elapsed();
     // Marking what was shown is a change as well, in which more may be found to show.
     do {
@@ -231,8 +232,10 @@ void Deliverer::watchOthers() {
 }
 
 std::optional<TimeInterval> Deliverer::retryAfter() const {
-    std::optional<TimeInterval> least;
     const TimeInterval elapsed = parts_.time.elapsed();
+    // Whatever else waits cannot be done before.
+    if (!isRead_) return writeAgain_.remaining(elapsed);
+    std::optional<TimeInterval> least;
     for (const Backoff* again : {&writeAgain_, &displayAgain_, &lookAgain_}) {
         const auto remaining = again->remaining(elapsed);
         if (remaining && (!least || *remaining < *least)) least = remaining;

@@ -34,7 +34,7 @@ public:
         const AgentTime& time;
         NotificationDisplay& display;
         ApplicationLink& link;
-        std::string claimant;                                ///< this process
+        std::string claimant;                             ///< this process
         std::function<bool(const std::string&)> isAlive;  ///< whether a claimant still runs
     };
 
@@ -80,6 +80,7 @@ private:
     Schedule schedule_;
     DeliveryRecord::Content record_;
     Unwritten unwritten_;
+    bool isRead_ = true;  ///< the files could be read
     Backoff writeAgain_, displayAgain_, lookAgain_;
 };
 

@@ -210,6 +210,18 @@ TEST_F(AgentTest, ADeviceThatCouldNotBeReadForAMomentIsForgotten) {
     EXPECT_EQ(agent->retryAfter(), std::nullopt);
 }
 
+TEST_F(AgentTest, RestsWhereNeitherTheDisplayNorTheDeviceWorks) {
+    add({in(0, "a")});
+    display.isBroken = true;
+    wake();
+    time.pass(agent->retryAfter().value().seconds());
+    files->failOperation(1);
+    EXPECT_THAT(wake(), IsEmpty());  // looks at what retryAfter() tells
+    display.isBroken = false;
+    time.pass(agent->retryAfter().value().seconds());
+    EXPECT_THAT(wake(), ElementsAre("a"));
+}
+
 TEST_F(AgentTest, ABrokenScheduleIsRebuiltOnce) {
     link.isRunning = false;
     add({in(kDay, "a")});
