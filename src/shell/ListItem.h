@@ -47,6 +47,7 @@ public:
     Q_INVOKABLE void endSearch() { list_->endSearch(); }
     Q_INVOKABLE bool undoDeletion() { return list_->undoDeletion(); }
     /// The user let go of the list.
+    Q_INVOKABLE void clearMissed() { list_->clearMissedEvents(); }
     Q_INVOKABLE void endDrag(bool willDecelerate) { list_->scrollViewDidEndDragging(willDecelerate); }
 
     void listDidChange() override { emit listChanged(); }

@@ -1,6 +1,7 @@
 #include "shell/QtWindow.h"
 
 #include <QGuiApplication>
+#include <QIcon>
 #include <QQuickStyle>
 #include <QQuickWindow>
 
@@ -17,6 +18,7 @@ void prepareQt() {
     QCoreApplication::setApplicationName(QStringLiteral("dayward"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Dayward"));
     QGuiApplication::setDesktopFileName(QStringLiteral("org.dayward.Dayward"));
+    QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.dayward.Dayward")));
     qml_register_types_Dayward();
 }
 

@@ -97,6 +97,22 @@ TEST_F(ListFlows, aPullFarEnoughClearsTheMissedEvents) {
     EXPECT_TRUE(until([&] { return shownRows() == QStringList{"Alpha", "Beta", "Gamma"}; }));
 }
 
+TEST_F(ListFlows, theMenuOfAMissedRowClearsByKeyboard) {
+    storeThree();
+    sortBy(EventSortType::byDate);
+    MissedEventsHelper::setMissedEvents({"b"});
+    split.master()->configureDataSources();
+    ASSERT_TRUE(until([&] { return shownRows() == QStringList{"Beta", "Alpha", "Gamma"}; }));
+    settle();
+    press(Qt::Key_Home);
+    press(Qt::Key_Menu);
+    settle();
+    for (int item = 0; item < 3; ++item) press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(until([&] { return !MissedEventsHelper::isMissed("b"); }));
+    EXPECT_TRUE(until([&] { return shownRows() == QStringList{"Alpha", "Beta", "Gamma"}; }));
+}
+
 TEST_F(ListFlows, rowsAreMovedByHandAndByKeyboard) {
     storeThree();
     press(Qt::Key_Down);

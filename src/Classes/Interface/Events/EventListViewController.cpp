@@ -188,6 +188,11 @@ void EventListViewController::scrollViewDidEndDragging(bool willDecelerate) {
     activeTable().refreshVisibleRows();
 }
 
+void EventListViewController::clearMissedEvents() {
+    activeTable().manager()->clearMissedEvents();
+    activeTable().refreshVisibleRows();
+}
+
 // Editing and search
 
 void EventListViewController::setEditing(bool editing) {

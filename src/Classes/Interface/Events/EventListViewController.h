@@ -87,6 +87,7 @@ public:
     bool moveRow(IndexPath path, Step step);
     /// The user let go of the list, and it goes on moving or not.
     void scrollViewDidEndDragging(bool willDecelerate);
+    void clearMissedEvents();
 
     // Editing
 

@@ -92,6 +92,10 @@ void EventTableManager::didSelectRowAtIndexPath(IndexPath path) {
 
 void EventTableManager::scrollViewDidEndDragging(bool willDecelerate) {
     if (!willDecelerate || tableView_ == nullptr || tableView_->contentOffsetY() >= kPullToClearOffset) return;
+    clearMissedEvents();
+}
+
+void EventTableManager::clearMissedEvents() {
     MissedEventsHelper::clear();
     sortData();
 }

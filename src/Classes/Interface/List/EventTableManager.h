@@ -91,6 +91,8 @@ public:
     virtual void moveRowAtIndexPath(IndexPath /*from*/, IndexPath /*to*/) {}
     void didSelectRowAtIndexPath(IndexPath path);
     void scrollViewDidEndDragging(bool willDecelerate);
+    /// The same, asked for in words.
+    void clearMissedEvents();
 
     // CCTableDataSourceDelegate
     void reloadDataForTableDataSource(CCTableDataSourceBase& source) override;

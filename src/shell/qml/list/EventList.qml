@@ -41,10 +41,11 @@ ListView {
             goTo(currentIndex, -1)
     }
 
-    // What a long press or the right button offers for a row.
-    function offerActions(eventKey: string) {
+    // What a long press, the right button or the menu's key offers for a row.
+    function offerActions(eventKey: string, missed: bool) {
         actions.createObject(rowsView, {
-            "eventKey": eventKey
+            "eventKey": eventKey,
+            "missed": missed
         }).popup() // qmllint disable
     }
 
@@ -97,6 +98,8 @@ ListView {
             rows.select(currentIndex)
         else if (event.key === Qt.Key_Delete)
             rows.removeRow(currentIndex)
+        else if (row && (event.key === Qt.Key_Menu || event.key === Qt.Key_F10 && (event.modifiers & Qt.ShiftModifier)))
+            offerActions(row.row.eventKey, row.row.missed)
         else
             return
         if (row || event.accepted)
@@ -126,6 +129,7 @@ ListView {
         Menu {
             id: menu
             required property string eventKey
+            required property bool missed
             onClosed: destroy()
             MenuItem {
                 text: Theme.tr("Open")
@@ -134,6 +138,12 @@ ListView {
             MenuItem {
                 text: Theme.tr("Delete")
                 onTriggered: rowsView.rows.removeRow(rowsView.rows.placeOfEvent(menu.eventKey))
+            }
+            MenuItem {
+                text: Theme.tr("Clear missed events")
+                visible: menu.missed
+                height: visible ? implicitHeight : 0
+                onTriggered: rowsView.screen.clearMissed()
             }
         }
     }

@@ -173,13 +173,13 @@ Item {
                 root.list.rows.select(root.index)
             }
             onLongPressed: if (!root.editing)
-                root.list.offerActions(root.row.eventKey)
+                root.list.offerActions(root.row.eventKey, root.row.missed)
         }
         TapHandler {
             // A finger has no buttons, and would count as any.
             acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
             acceptedButtons: Qt.RightButton
-            onTapped: root.list.offerActions(root.row.eventKey)
+            onTapped: root.list.offerActions(root.row.eventKey, root.row.missed)
         }
         DragHandler {
             id: swipe
