@@ -52,8 +52,10 @@ Notifications takeShown(Notifications& scheduled) {
     return result;
 }
 
-std::size_t roomBeside(const Notifications& shown) {
-    return LocalNotifications::kMaximumCount - std::min(shown.size(), LocalNotifications::kMaximumCount);
+/// What is being shown and what the user put off take places as well.
+std::size_t roomBeside(const Notifications& shown, LocalNotifications& device) {
+    const std::size_t taken = shown.size() + device.snoozedLocalNotifications().size();
+    return LocalNotifications::kMaximumCount - std::min(taken, LocalNotifications::kMaximumCount);
 }
 
 /// Asks nothing of the device where nothing differs.
@@ -185,7 +187,7 @@ void NotificationsManager::performBatch() {
     if (device == nullptr || targets.empty()) return;
     Notifications scheduled = device->scheduledLocalNotifications();
     const Notifications shown = takeShown(scheduled);
-    apply(*device, scheduled, carriedOut(batchOf(targets), scheduled, roomBeside(shown)));
+    apply(*device, scheduled, carriedOut(batchOf(targets), scheduled, roomBeside(shown, *device)));
 }
 
 void NotificationsManager::refresh() {
@@ -204,7 +206,7 @@ void NotificationsManager::performRefresh() {
     Notifications scheduled = device->scheduledLocalNotifications();
     const Notifications shown = takeShown(scheduled);
     const AppBadge::Events events = EventLocalStore::shared().allEvents();
-    apply(*device, scheduled, nearest(events, roomBeside(shown)));
+    apply(*device, scheduled, nearest(events, roomBeside(shown, *device)));
     AppBadge::showCurrentNumber(events, environment_.now());
 }
 

@@ -223,6 +223,19 @@ TEST_F(NotificationsManagerTest, WhatFallsDueWhileTheListIsMadeIsNotTakenAway) {
     }
 }
 
+TEST_F(NotificationsManagerTest, WhatTheUserPutOffHasAPlaceOfItsOwn) {
+    addDays(70);
+    LocalNotification snoozed;
+    snoozed.fireDate = at("2026-03-10T12:10:00");
+    device->snooze(snoozed);
+    NotificationsManager::syncRefresh();
+    EXPECT_THAT(scheduled(), SizeIs(63));
+    NotificationsManager::updateForEvent(store().eventByIdentifier("064"));
+    waitForBatch();
+    EXPECT_THAT(scheduled(), SizeIs(63));
+    EXPECT_EQ(device->changes(), 1);
+}
+
 TEST_F(NotificationsManagerTest, TheBadgesNotificationsShareTheLimitAndItsNumberIsSet) {
     addDays(100);
     AppBadge::setType(BadgeType::daysBeforeEvent);
