@@ -231,7 +231,7 @@ void NotificationsManager::show(const LocalNotification& notification) {
         presenter = presenter_.lock();
     }
     if (!presenter) return;
-    XELAudioManager::sharedManager().playSound(notification.soundName);
+    if (notification.soundName) XELAudioManager::sharedManager().playSound(notification.soundName);
     presenter->showNotificationAlert(notification.alertBody.value_or(""), eventIdentifier(notification));
 }
 

@@ -10,7 +10,7 @@
 #include "alerts/NotificationDifference.h"
 #include "alerts/NotificationPresenter.h"
 #include "platform/Audio.h"
-#include "resources/XELAudioManager.h"
+#include "support/TestPaths.h"
 
 namespace dayward {
 namespace {
@@ -339,9 +339,17 @@ class HeardSounds final : public AudioDevice {
 public:
     std::unique_ptr<AudioPlayer> play(const std::string& path) override {
         played.push_back(path.substr(path.rfind('/') + 1));
-        return std::make_unique<AudioPlayer>();
+        return std::make_unique<Player>(playing);
     }
     std::vector<std::string> played;
+    int playing = 0;
+
+private:
+    struct Player final : AudioPlayer {
+        explicit Player(int& count) : playing(count) { ++playing; }
+        ~Player() override { --playing; }
+        int& playing;
+    };
 };
 
 class SeenAlerts final : public NotificationPresenter {
@@ -356,6 +364,7 @@ TEST(ShownNotification, IsSeenAndHeardOnTheMainQueue) {
     TestEnvironment::Options options;
     const auto sounds = std::make_shared<HeardSounds>();
     options.audio = sounds;
+    options.resources = testData() + "/resources";
     TestEnvironment environment(options);
     auto presenter = std::make_shared<SeenAlerts>();
     NotificationsManager::setPresenter(presenter);
@@ -367,11 +376,19 @@ TEST(ShownNotification, IsSeenAndHeardOnTheMainQueue) {
     environment.queues->runAll();
     EXPECT_THAT(presenter->shown, ElementsAre("Tea is happening! a"));
     EXPECT_THAT(sounds->played, IsEmpty());
-    notification.soundName = std::string(XELAudioManager::kDefaultSoundName);
+    notification.soundName = "Soft_Bell.wav";
+    NotificationsManager::showNotification(notification);
+    environment.queues->runAll();
+    EXPECT_THAT(sounds->played, ElementsAre("Soft_Bell.wav"));
+    notification.soundName.reset();
+    NotificationsManager::showNotification(notification);
+    environment.queues->runAll();
+    EXPECT_EQ(sounds->playing, 1) << "one without a sound ends no other's";
+    notification.soundName = "Soft_Bell.wav";
     NotificationsManager::showNotification(notification);
     presenter.reset();
     environment.queues->runAll();  // the window has gone meanwhile
-    EXPECT_THAT(sounds->played, IsEmpty());
+    EXPECT_THAT(sounds->played, SizeIs(1));
 }
 
 }  // namespace
