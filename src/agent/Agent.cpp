@@ -14,7 +14,7 @@ Agent::Agent(const Deliverer::Parts& parts, ScheduleRefresher& refresher)
       display_(parts.display),
       link_(parts.link),
       deliverer_(parts),
-      fetch_({parts.time, parts.link, refresher, [this] { didFetch(); }}),
+      fetch_({parts.time, parts.link, refresher, [this](bool isRebuilt) { didFetch(isRebuilt); }}),
       wokenAt_(parts.time.now()) {
     display_.setListener(this);
 }
@@ -38,9 +38,9 @@ void Agent::showBadge() {
     }
 }
 
-void Agent::didFetch() {
+void Agent::didFetch(bool isRebuilt) {
     deliverer_.setFetched(time_.now());
-    if (schedule().needsRebuild) deliverer_.setRebuilt();
+    if (isRebuilt) deliverer_.setRebuilt();
     wantsWake_ = true;
 }
 

@@ -53,7 +53,7 @@ private:
 
     [[nodiscard]] const LocalNotification* shown(const std::string& key) const;
     void showBadge();
-    void didFetch();
+    void didFetch(bool isRebuilt);
 
     const AgentTime& time_;
     NotificationDisplay& display_;

@@ -36,8 +36,10 @@ void BackgroundFetch::wake(std::optional<Date> last, bool needsRebuild) {
     if (!isRequested_ && !needsRebuild && !isTime) return again_.succeed();
     if (!again_.mayTry(parts_.time.elapsed())) return;
     isRunning_ = true;
+    isRebuild_ = needsRebuild;
     wasRequested_ = std::exchange(isRequested_, false);
-    if (parts_.link.performFetch()) return finish(true);
+    // The application tells only that it has begun; a rebuild must be known to be done.
+    if (!needsRebuild && parts_.link.performFetch()) return finish(true);
     const auto started = parts_.refresher.start([this](bool worked) { finish(worked); });
     if (started) return;
     logError("notifications: " + started.error().description());
@@ -57,7 +59,7 @@ void BackgroundFetch::finish(bool worked) {
         return again_.fail(parts_.time.elapsed());
     }
     again_.succeed();
-    parts_.didFetch();
+    parts_.didFetch(isRebuild_);
 }
 
 std::optional<TimeInterval> BackgroundFetch::retryAfter() const {

@@ -1,5 +1,6 @@
-// Keeps the schedule filled: once a day, after a long sleep and where the schedule is to be rebuilt, the application
-// does its background fetch, or, where it does not run, the refresher does the same. The agent's thread only.
+// Keeps the schedule filled: once a day and after a long sleep the application does its background fetch, or, where it
+// does not run, the refresher does the same. Where the schedule is to be rebuilt it is always the refresher, which
+// tells when that is done. The agent's thread only.
 #pragma once
 
 #include <functional>
@@ -21,7 +22,7 @@ public:
         const AgentTime& time;
         ApplicationLink& link;
         ScheduleRefresher& refresher;
-        std::function<void()> didFetch;  ///< the schedule is as the events want it
+        std::function<void(bool isRebuilt)> didFetch;  ///< the schedule is as the events want it, or soon is
     };
 
     explicit BackgroundFetch(Parts parts);
@@ -45,6 +46,7 @@ private:
     Backoff again_;
     bool isRequested_ = false;   ///< also while one runs: what it missed is the next one's
     bool wasRequested_ = false;  ///< the one that runs
+    bool isRebuild_ = false;     ///< the one that runs, or ran last
     bool isRunning_ = false;
     std::optional<Date> lastNow_;
     TimeInterval lastElapsed_;

@@ -243,5 +243,32 @@ TEST_F(AgentTest, ABrokenScheduleIsRebuiltOnce) {
     EXPECT_EQ(refresher.starts, 2);
 }
 
+TEST_F(AgentTest, WhatBreaksDuringAFetchIsRebuiltByAProgramOnceThatIsDone) {
+    const auto breakSchedule = [&] {
+        files->store(std::string(kDirectory) + "/" + NotificationSchedule::kFileName, Data{1});
+    };
+    add({in(kDay, "a")});
+    link.isRunning = false;
+    wake();
+    ASSERT_EQ(refresher.starts, 1);
+    breakSchedule();
+    wake();
+    refresher.finish(true);
+    wake();
+    EXPECT_EQ(refresher.starts, 2) << "the first may have been done before";
+    refresher.finish(true);
+    wake();
+    EXPECT_FALSE(content().needsRebuild);
+    link.isRunning = true;
+    breakSchedule();
+    wake();
+    EXPECT_EQ(link.fetches, 0) << "the application would only tell that it has begun";
+    ASSERT_EQ(refresher.starts, 3);
+    EXPECT_TRUE(content().needsRebuild);
+    refresher.finish(true);
+    wake();
+    EXPECT_FALSE(content().needsRebuild);
+}
+
 }  // namespace
 }  // namespace dayward
