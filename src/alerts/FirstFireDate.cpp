@@ -15,7 +15,8 @@ namespace {
 constexpr std::size_t kMostKnown = 64;
 /// The clock goes forward by no more, where an island changes the side of the date line.
 constexpr TimeInterval kLongerThanAnyGap{25 * 3600.0};
-constexpr TimeInterval kDay{86400};
+/// The last of a month may have an hour more.
+constexpr TimeInterval kLongestDay{25 * 3600.0};
 
 XELEventMath mathOf(const HHEvent& event) { return {event.rrule(), event.date(), event.times()}; }
 
@@ -107,7 +108,7 @@ Date FirstFireDate::bound(const Offset& offset, Date firstOccurrence) const {
         const TimeZone& zone = calendar_->timeZone();
         const std::int64_t gap = zone.secondsFromUTC(*day) - zone.secondsFromUTC(*day - kLongerThanAnyGap);
         fires = gap > 0 ? *day - TimeInterval(static_cast<double>(gap)) : *day;
-        if (offset.hasMonths) fires = fires - kDay;
+        if (offset.hasMonths) fires = fires - kLongestDay;
     }
     return std::max(fires + offset.lengthBack, now_);
 }
