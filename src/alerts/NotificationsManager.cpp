@@ -59,12 +59,12 @@ std::size_t roomBeside(const Notifications& shown, LocalNotifications& device) {
 }
 
 /// Asks nothing of the device where nothing differs.
-void apply(LocalNotifications& device, const Notifications& scheduled, const Notifications& wanted) {
+Result<> apply(LocalNotifications& device, const Notifications& scheduled, const Notifications& wanted) {
     NotificationDifference difference = notificationDifference(scheduled, wanted);
     // What fell due while the list was made is not in it, and has yet to be shown.
     std::erase_if(difference.cancelled,
                   [](const LocalNotification& one) { return isBeingShown(one, Environment::current()); });
-    if (!difference.isEmpty()) device.change(difference.cancelled, difference.scheduled);
+    return difference.isEmpty() ? Result<>() : device.change(difference.cancelled, difference.scheduled);
 }
 
 /// What the targets ask for: the last one of an event counts.
@@ -187,27 +187,28 @@ void NotificationsManager::performBatch() {
     if (device == nullptr || targets.empty()) return;
     Notifications scheduled = device->scheduledLocalNotifications();
     const Notifications shown = takeShown(scheduled);
-    apply(*device, scheduled, carriedOut(batchOf(targets), scheduled, roomBeside(shown, *device)));
+    (void)apply(*device, scheduled, carriedOut(batchOf(targets), scheduled, roomBeside(shown, *device)));
 }
 
 void NotificationsManager::refresh() {
-    Environment::current().queues().global().async([] { syncRefresh(); });
+    Environment::current().queues().global().async([] { (void)syncRefresh(); });
 }
 
-void NotificationsManager::syncRefresh() {
+Result<> NotificationsManager::syncRefresh() {
     registerIfNeeds();
-    shared().performRefresh();
+    return shared().performRefresh();
 }
 
-void NotificationsManager::performRefresh() {
+Result<> NotificationsManager::performRefresh() {
     LocalNotifications* device = environment_.localNotifications();
-    if (device == nullptr) return;
+    if (device == nullptr) return {};
     const Lock changing(changeMutex_);
     Notifications scheduled = device->scheduledLocalNotifications();
     const Notifications shown = takeShown(scheduled);
     const AppBadge::Events events = EventLocalStore::shared().allEvents();
-    apply(*device, scheduled, nearest(events, roomBeside(shown, *device)));
+    const Result<> applied = apply(*device, scheduled, nearest(events, roomBeside(shown, *device)));
     AppBadge::showCurrentNumber(events, environment_.now());
+    return applied;
 }
 
 std::vector<LocalNotification> NotificationsManager::wantedNotifications() {

@@ -16,6 +16,7 @@
 #include "platform/LocalNotification.h"
 #include "platform/Mutex.h"
 #include "platform/NotificationCenter.h"
+#include "platform/Result.h"
 
 namespace dayward {
 
@@ -43,8 +44,8 @@ public:
 
     /// Builds everything anew on the global queue, and sets the badge's number.
     static void refresh();
-    /// The same on the calling thread; returns when it is done.
-    static void syncRefresh();
+    /// The same on the calling thread; returns when it is done. An error where the schedule could not be written.
+    static Result<> syncRefresh();
     /// What a refresh would schedule: the first notifications of all events and of the badge, by fire date.
     [[nodiscard]] static std::vector<LocalNotification> wantedNotifications();
 
@@ -65,7 +66,7 @@ private:
     void add(NotificationTarget target);
     void registerOnce();
     void performBatch();
-    void performRefresh();
+    Result<> performRefresh();
     void show(const LocalNotification& notification);
 
     Environment& environment_;

@@ -8,7 +8,7 @@ namespace dayward {
 
 class NotificationsManagerService final : public NotificationsService {
 public:
-    void syncRefresh() override { NotificationsManager::syncRefresh(); }
+    void syncRefresh() override { (void)NotificationsManager::syncRefresh(); }
     void showNotification(const LocalNotification& notification) override {
         NotificationsManager::showNotification(notification);
     }

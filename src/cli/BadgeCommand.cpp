@@ -80,7 +80,7 @@ Result<> run(Environment& environment, const BadgeOptions& options, bool json) {
     const Date now = environment.now();
     if (options.type) {
         TRY_VOID(choose(options));
-        NotificationsManager::syncRefresh();
+        TRY_VOID(NotificationsManager::syncRefresh());
     }
     const auto number = AppBadge::currentNumber(events, now);
     if (json) {

@@ -75,7 +75,7 @@ Result<> refreshInBackground() {
     const AppServices services = makeAppServices();
     (void)services.cloud->performBackgroundSynch();
     services.missedEvents->find();
-    services.notifications->syncRefresh();
+    TRY_VOID(NotificationsManager::syncRefresh());
     services.missedEvents->saveState();
     return {};
 }

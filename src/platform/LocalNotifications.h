@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/LocalNotification.h"
+#include "platform/Result.h"
 
 namespace dayward {
 
@@ -31,8 +32,8 @@ public:
     virtual void scheduleLocalNotification(const LocalNotification& notification) = 0;
     /// It no longer fires, and goes out of sight if it has fired.
     virtual void cancelLocalNotification(const LocalNotification& notification) = 0;
-    /// Cancels and schedules several as one change, which other processes see whole or not at all.
-    virtual void change(const std::vector<LocalNotification>& cancelled,
+    /// Cancels and schedules several as one change, which other processes see whole or not at all. The error is logged.
+    virtual Result<> change(const std::vector<LocalNotification>& cancelled,
                         const std::vector<LocalNotification>& scheduled) = 0;
 
     /// The number on the program's icon; 0 is none.

@@ -129,8 +129,17 @@ class Notifications(ProgramTest):
             "Jul 1, 2026, 9:30 AM  Tea is happening!"])
         self.refused(1, "notifications", "test")
 
-    def test_refreshing_says_nothing(self):
+    def test_refreshing_says_nothing_but_that_it_could_not(self):
+        self.add("Tea", "--date", "2026-07-01", "--time", "09:30", "--alert", "on event")
         self.assertEqual(self.run_ok("notifications", "refresh"), "")
+        lock = self.home / "state" / "notifications.lock"
+        for name in ("notifications.schedule", "notifications.schedule.copy", "notifications.lock"):
+            (self.home / "state" / name).unlink()
+        lock.mkdir()
+        self.assertIn("notifications.lock", self.refused(1, "notifications", "refresh"))
+        lock.rmdir()
+        self.run_ok("notifications", "refresh")
+        self.assertEqual(self.scheduled(), [("2026-07-01T09:30", "Tea is happening!", False)])
         self.refused(2, "notifications", "unknown")
 
 

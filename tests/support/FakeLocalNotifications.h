@@ -23,10 +23,10 @@ public:
         const Lock lock(mutex_);
         return snoozed_;
     }
-    void scheduleLocalNotification(const LocalNotification& notification) override { change({}, {notification}); }
-    void cancelLocalNotification(const LocalNotification& notification) override { change({notification}, {}); }
-    void change(const std::vector<LocalNotification>& cancelled,
-                const std::vector<LocalNotification>& scheduled) override {
+    void scheduleLocalNotification(const LocalNotification& notification) override { (void)change({}, {notification}); }
+    void cancelLocalNotification(const LocalNotification& notification) override { (void)change({notification}, {}); }
+    Result<> change(const std::vector<LocalNotification>& cancelled,
+                    const std::vector<LocalNotification>& scheduled) override {
         const Lock lock(mutex_);
         for (const LocalNotification& one : cancelled) std::erase(scheduled_, one);
         for (const LocalNotification& one : scheduled) {
@@ -35,6 +35,7 @@ public:
         std::ranges::stable_sort(scheduled_, {}, &LocalNotification::fireDate);
         if (scheduled_.size() > kMaximumCount) scheduled_.resize(kMaximumCount);
         ++changes_;
+        return {};
     }
     std::int64_t applicationIconBadgeNumber() override {
         const Lock lock(mutex_);

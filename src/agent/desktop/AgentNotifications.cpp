@@ -4,10 +4,11 @@
 
 namespace dayward {
 
-void AgentNotifications::change(const std::vector<LocalNotification>& cancelled,
-                                const std::vector<LocalNotification>& scheduled) {
-    schedule_->change(cancelled, scheduled);
+Result<> AgentNotifications::change(const std::vector<LocalNotification>& cancelled,
+                                    const std::vector<LocalNotification>& scheduled) {
+    auto changed = schedule_->change(cancelled, scheduled);
     if (!scheduled.empty()) keepAgent();
+    return changed;
 }
 
 void AgentNotifications::setApplicationIconBadgeNumber(std::int64_t number) {

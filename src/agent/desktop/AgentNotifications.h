@@ -28,10 +28,10 @@ public:
     [[nodiscard]] std::vector<LocalNotification> snoozedLocalNotifications() override {
         return schedule_->snoozedLocalNotifications();
     }
-    void scheduleLocalNotification(const LocalNotification& notification) override { change({}, {notification}); }
-    void cancelLocalNotification(const LocalNotification& notification) override { change({notification}, {}); }
-    void change(const std::vector<LocalNotification>& cancelled,
-                const std::vector<LocalNotification>& scheduled) override;
+    void scheduleLocalNotification(const LocalNotification& notification) override { (void)change({}, {notification}); }
+    void cancelLocalNotification(const LocalNotification& notification) override { (void)change({notification}, {}); }
+    Result<> change(const std::vector<LocalNotification>& cancelled,
+                    const std::vector<LocalNotification>& scheduled) override;
     [[nodiscard]] std::int64_t applicationIconBadgeNumber() override { return schedule_->applicationIconBadgeNumber(); }
     void setApplicationIconBadgeNumber(std::int64_t number) override;
 

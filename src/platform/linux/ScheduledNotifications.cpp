@@ -13,9 +13,10 @@ NotificationSchedule::Content ScheduledNotifications::content() const {
     return {};
 }
 
-void ScheduledNotifications::edit(const std::function<void(NotificationSchedule::Content&)>& change) {
-    const auto changed = schedule_.change(change);
+Result<> ScheduledNotifications::edit(const std::function<void(NotificationSchedule::Content&)>& change) {
+    auto changed = schedule_.change(change);
     if (!changed) logError("notifications: " + changed.error().description());
+    return changed;
 }
 
 std::vector<LocalNotification> ScheduledNotifications::scheduledLocalNotifications() { return content().scheduled; }
@@ -26,9 +27,9 @@ std::vector<LocalNotification> ScheduledNotifications::snoozedLocalNotifications
     return snoozed;
 }
 
-void ScheduledNotifications::change(const std::vector<LocalNotification>& cancelled,
-                                    const std::vector<LocalNotification>& scheduled) {
-    edit([&](NotificationSchedule::Content& content) {
+Result<> ScheduledNotifications::change(const std::vector<LocalNotification>& cancelled,
+                                        const std::vector<LocalNotification>& scheduled) {
+    return edit([&](NotificationSchedule::Content& content) {
         for (const LocalNotification& notification : cancelled) content.cancel(notification);
         for (const LocalNotification& notification : scheduled) content.schedule(notification);
     });
@@ -37,7 +38,7 @@ void ScheduledNotifications::change(const std::vector<LocalNotification>& cancel
 std::int64_t ScheduledNotifications::applicationIconBadgeNumber() { return content().badgeNumber; }
 
 void ScheduledNotifications::setApplicationIconBadgeNumber(std::int64_t number) {
-    edit([&](NotificationSchedule::Content& content) { content.badgeNumber = number; });
+    (void)edit([&](NotificationSchedule::Content& content) { content.badgeNumber = number; });
 }
 
 }  // namespace dayward

@@ -14,16 +14,16 @@ public:
     void registerUserNotificationSettings(UserNotificationTypes) override {}
     [[nodiscard]] std::vector<LocalNotification> scheduledLocalNotifications() override;
     [[nodiscard]] std::vector<LocalNotification> snoozedLocalNotifications() override;
-    void scheduleLocalNotification(const LocalNotification& notification) override { change({}, {notification}); }
-    void cancelLocalNotification(const LocalNotification& notification) override { change({notification}, {}); }
-    void change(const std::vector<LocalNotification>& cancelled,
-                const std::vector<LocalNotification>& scheduled) override;
+    void scheduleLocalNotification(const LocalNotification& notification) override { (void)change({}, {notification}); }
+    void cancelLocalNotification(const LocalNotification& notification) override { (void)change({notification}, {}); }
+    Result<> change(const std::vector<LocalNotification>& cancelled,
+                    const std::vector<LocalNotification>& scheduled) override;
     [[nodiscard]] std::int64_t applicationIconBadgeNumber() override;
     void setApplicationIconBadgeNumber(std::int64_t number) override;
 
 private:
     [[nodiscard]] NotificationSchedule::Content content() const;
-    void edit(const std::function<void(NotificationSchedule::Content&)>& change);
+    Result<> edit(const std::function<void(NotificationSchedule::Content&)>& change);
 
     NotificationSchedule schedule_;
 };
