@@ -1,5 +1,6 @@
 #include "shell/PictureProvider.h"
 
+#include <QMetaObject>
 #include <QQuickTextureFactory>
 #include <QUrl>
 #include <atomic>
@@ -45,9 +46,15 @@ private:
     QImage image_;
 };
 
+/// On the thread of the response, as Qt Quick begins to listen there only after it has the response: a picture
+/// that stood ready would be lost.
 void answer(Request& request, QImage image) {
     const std::lock_guard lock(request.mutex);
-    if (request.response != nullptr) request.response->finish(std::move(image));
+    Response* const response = request.response;
+    if (response == nullptr) return;
+    QMetaObject::invokeMethod(
+        response, [response, image = std::move(image)]() mutable { response->finish(std::move(image)); },
+        Qt::QueuedConnection);
 }
 
 }  // namespace

@@ -5,9 +5,11 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTest>
+#include <thread>
 
 #include "Classes/Interface/General/TextScrim.h"
 #include "shell/Fonts.h"
+#include "shell/PictureProvider.h"
 #include "shell/QtImages.h"
 #include "shell/QtValues.h"
 #include "shell/ShellFixture.h"
@@ -69,6 +71,20 @@ TEST_F(PicturesOfTheShell, areReadOnceForAPlaceAndAreNothingWhereTheyCannotBe) {
     EXPECT_TRUE(pictures.picture("broken", {{5, 5}}).isNull());
     EXPECT_TRUE(pictures.picture("unknown", {{5, 5}}).isNull());
     EXPECT_TRUE(pictures.add({"", {}}).isEmpty());
+}
+
+TEST_F(PicturesOfTheShell, thatStandReadyComeToWhoListensLate) {
+    const TestEnvironment manual;
+    Pictures pictures;
+    pictures.add({"a", [] { return halves(10, 10); }});
+    PictureProvider provider(*manual, pictures);
+    const std::unique_ptr<QQuickImageResponse> response(provider.requestImageResponse("fill/0/a", {5, 5}));
+    std::thread([&] { manual.queues->runAll(); }).join();
+    bool isFinished = false;
+    QObject::connect(response.get(), &QQuickImageResponse::finished, [&] { isFinished = true; });
+    ASSERT_TRUE(until([&] { return isFinished; }));
+    const std::unique_ptr<QQuickTextureFactory> picture(response->textureFactory());
+    EXPECT_EQ(picture->textureSize(), QSize(5, 5));
 }
 
 TEST_F(PicturesOfTheShell, keepTheirPixelsOnTheWayToQtAndBack) {
