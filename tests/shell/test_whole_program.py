@@ -16,20 +16,10 @@ import tempfile
 import time
 import unittest
 
+from waiting import PATIENCE, wait_for
+
 NEEDED = ("Xvfb", "xvfb-run", "dbus-run-session", "xdotool", "openbox")
-PATIENCE = 20
 APPLICATION = PROGRAM = None
-
-
-def wait_for(what, condition):
-    end = time.monotonic() + PATIENCE
-    while True:
-        found = condition()
-        if found:
-            return found
-        if time.monotonic() > end:
-            raise AssertionError(f"{what}: not after {PATIENCE} s")
-        time.sleep(0.1)
 
 
 def output(*command):

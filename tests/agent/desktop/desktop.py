@@ -14,22 +14,13 @@ import threading
 import time
 import unittest
 
-PATIENCE = 20
+from waiting import PATIENCE, wait_for
+
+BUS = ("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus")
 NOTIFICATIONS = "org.freedesktop.Notifications"
 NOTIFICATIONS_PATH = "/org/freedesktop/Notifications"
 ALL_CAPABILITIES = "body body-markup actions"
 INSTALLED = pathlib.Path(os.environ["HOME"], "installed-service")
-
-
-def wait_for(what, condition):
-    end = time.monotonic() + PATIENCE
-    while True:
-        found = condition()
-        if found:
-            return found
-        if time.monotonic() > end:
-            raise AssertionError(f"{what}: not after {PATIENCE} s")
-        time.sleep(0.02)
 
 
 class Process:
@@ -77,7 +68,7 @@ class DesktopTest(unittest.TestCase):
         return process
 
     def has_owner(self, name):
-        return bool(call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "NameHasOwner", name))
+        return bool(call(*BUS, "NameHasOwner", name))
 
     def start_service(self, capabilities=ALL_CAPABILITIES, **properties):
         """A mocked notification service."""
@@ -114,7 +105,7 @@ class DesktopTest(unittest.TestCase):
 def call(name, path, interface, method, *arguments):
     import dbus
     remote = dbus.SessionBus().get_object(name, path, introspect=False)
-    return remote.get_dbus_method(method, interface)(*arguments)
+    return remote.get_dbus_method(method, interface)(*arguments, timeout=PATIENCE)
 
 
 def mock_command(capabilities):
@@ -152,8 +143,7 @@ class Service:
         self.process.end()
 
     def kill(self):
-        number = call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
-                      "GetConnectionUnixProcessID", NOTIFICATIONS)
+        number = call(*BUS, "GetConnectionUnixProcessID", NOTIFICATIONS)
         os.kill(number, signal.SIGKILL)
 
 

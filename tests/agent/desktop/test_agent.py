@@ -11,7 +11,8 @@ import unittest
 
 import dbus
 
-from desktop import DesktopTest, DrivenAgent, Moment, alert, archived, call, on_bus, wait_for, write_schedule
+from desktop import BUS, DesktopTest, DrivenAgent, Moment, alert, archived, call, on_bus, write_schedule
+from waiting import PATIENCE, wait_for
 
 AGENT = PROGRAM = PROBE = None
 NOON = 1773144000  # 2026-03-10 12:00 UTC
@@ -89,7 +90,7 @@ class Firing(AgentTest):
         self.env["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
         self.start_agent(alert("A", NOON + MINUTE))
         bus.kill()
-        self.assertEqual(self.agent.process.process.wait(20), 0)
+        self.assertEqual(self.agent.process.process.wait(PATIENCE), 0)
 
 
 class Answers(AgentTest):
@@ -118,7 +119,7 @@ class Answers(AgentTest):
         self.assertEqual(self.scheduled_count(), 0)
 
     def test_a_second_agent_of_the_home_ends(self):
-        second = subprocess.run([AGENT, "--home", self.home], capture_output=True, text=True, timeout=20, env=self.env)
+        second = subprocess.run([AGENT, "--home", self.home], capture_output=True, text=True, timeout=PATIENCE, env=self.env)
         self.assertEqual((second.returncode, second.stdout), (0, ""))
         self.assertEqual(second.stderr, "dayward-agent: another agent of this home runs\n")
 
@@ -135,13 +136,12 @@ class Beginning(AgentTest):
 
     def end_agents(self):
         for name in self.names():
-            number = call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
-                          "GetConnectionUnixProcessID", name)
+            number = call(*BUS, "GetConnectionUnixProcessID", name)
             os.kill(number, signal.SIGKILL)
         wait_for("the agents' end", lambda: not self.names())
 
     def run_program(self, *arguments):
-        done = subprocess.run([PROGRAM, *map(str, arguments)], capture_output=True, text=True, timeout=20, env=self.env)
+        done = subprocess.run([PROGRAM, *map(str, arguments)], capture_output=True, text=True, timeout=PATIENCE, env=self.env)
         self.assertEqual((done.returncode, done.stderr), (0, ""))
         return done.stdout
 
@@ -149,7 +149,7 @@ class Beginning(AgentTest):
         self.run_program(*options, "add", "Fair", "--date", "2200-01-01", "--alert", "on event")
 
     def device(self, home, body=""):
-        return subprocess.run([PROBE, "device", home, body], capture_output=True, text=True, timeout=20,
+        return subprocess.run([PROBE, "device", home, body], capture_output=True, text=True, timeout=PATIENCE,
                               env=self.env).stdout.splitlines()
 
     def test_scheduling_starts_the_agent_of_the_home(self):
@@ -167,7 +167,7 @@ class Beginning(AgentTest):
 
     def test_the_command_line_tells_whether_alerts_will_come_and_shows_one(self):
         def test():
-            return subprocess.run([PROGRAM, "--home", self.home, "notifications", "test"], timeout=20,
+            return subprocess.run([PROGRAM, "--home", self.home, "notifications", "test"], timeout=PATIENCE,
                                   capture_output=True, text=True, env=self.env).returncode
 
         def health():

@@ -11,7 +11,8 @@ import unittest
 
 import dbus
 
-from desktop import DesktopTest, Service, archived, call, on_bus, wait_for
+from desktop import DesktopTest, Service, archived, call, on_bus
+from waiting import wait_for
 
 PROBE = None
 WAVE = "Marimba.wav"
