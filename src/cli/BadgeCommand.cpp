@@ -7,11 +7,11 @@
 #include "Classes/Event/EventLocalStore.h"
 #include "Classes/Event/HHEvent.h"
 #include "alerts/AppBadge.h"
-#include "alerts/NotificationsManager.h"
 #include "cli/Arguments.h"
 #include "cli/Command.h"
 #include "cli/EventLookup.h"
 #include "cli/Output.h"
+#include "cli/RefreshSchedule.h"
 #include "cli/Terminal.h"
 #include "intervals/ISODate.h"
 #include "platform/Environment.h"
@@ -80,7 +80,7 @@ Result<> run(Environment& environment, const BadgeOptions& options, bool json) {
     const Date now = environment.now();
     if (options.type) {
         TRY_VOID(choose(options));
-        TRY_VOID(NotificationsManager::syncRefresh());
+        TRY_VOID(refreshSchedule());
     }
     const auto number = AppBadge::currentNumber(events, now);
     if (json) {

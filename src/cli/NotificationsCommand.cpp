@@ -15,6 +15,7 @@
 #include "cli/Command.h"
 #include "cli/NotificationList.h"
 #include "cli/Program.h"
+#include "cli/RefreshSchedule.h"
 #include "platform/Environment.h"
 #include "platform/LocalNotifications.h"
 #include "platform/Strings.h"
@@ -75,7 +76,7 @@ Result<> refreshInBackground() {
     const AppServices services = makeAppServices();
     (void)services.cloud->performBackgroundSynch();
     services.missedEvents->find();
-    TRY_VOID(NotificationsManager::syncRefresh());
+    TRY_VOID(refreshSchedule());
     services.missedEvents->saveState();
     return {};
 }

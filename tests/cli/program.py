@@ -25,11 +25,16 @@ class ProgramTest(unittest.TestCase):
     def tearDown(self):
         self.directory.cleanup()
 
-    def start(self, *arguments, input=None, home=None, now=None, zone=None, locale=None):
-        command = [PROGRAM, "--home", str(home or self.home), "--now", now or self.now, "--tz", zone or self.zone,
-                   "--locale", locale or self.locale, *map(str, arguments)]
-        environment = {k: v for k, v in os.environ.items() if not k.startswith(("DAYWARD", "XDG", "LC_", "TZ", "DBUS"))}
-        return subprocess.run(command, input=input, capture_output=True, text=True, env=environment, timeout=120)
+    def program_command(self, *arguments, home=None, now=None, zone=None, locale=None):
+        return [PROGRAM, "--home", str(home or self.home), "--now", now or self.now, "--tz", zone or self.zone,
+                "--locale", locale or self.locale, *map(str, arguments)]
+
+    def program_environment(self):
+        return {k: v for k, v in os.environ.items() if not k.startswith(("DAYWARD", "XDG", "LC_", "TZ", "DBUS"))}
+
+    def start(self, *arguments, input=None, **options):
+        return subprocess.run(self.program_command(*arguments, **options), input=input, capture_output=True, text=True,
+                              env=self.program_environment(), timeout=120)
 
     def run_ok(self, *arguments, **options):
         done = self.start(*arguments, **options)

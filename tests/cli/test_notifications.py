@@ -1,8 +1,14 @@
 """What `dayward notifications` tells: the nearest alerts of all events as of a moment."""
+import contextlib
 import datetime
+import fcntl
+import pathlib
 import plistlib
+import subprocess
+
 import program
 from program import ProgramTest
+from waiting import wait_for
 
 
 class Notifications(ProgramTest):
@@ -117,6 +123,25 @@ class Notifications(ProgramTest):
         self.assertEqual((doctor["scheduled"], [one["owner"] for one in doctor["next"]]), (2, [identifier] * 2))
         self.run_ok("remove", identifier)
         self.assertEqual(self.scheduled(), [("2026-07-01T09:00", "Tea is happening!", True)])
+
+    @contextlib.contextmanager
+    def held_back(self, *arguments):
+        """A command that has read the events and waits for the defaults while others run."""
+        with open(self.home / "config" / "standard.defaults.lock", "a") as lock:
+            fcntl.flock(lock, fcntl.LOCK_EX)
+            held = subprocess.Popen(self.program_command(*arguments), env=self.program_environment())
+            self.addCleanup(held.kill)
+            wait_for("the command", lambda: any("->" in line and f" {held.pid} " in line for line in
+                                                pathlib.Path("/proc/locks").read_text().splitlines()))
+            yield
+        self.assertEqual(held.wait(120), 0)
+
+    def test_events_that_others_add_or_remove_during_a_refresh_keep_or_lose_their_alerts(self):
+        tea = self.add("Tea", "--date", "2026-07-01", "--time", "09:30", "--alert", "on event")
+        with self.held_back("notifications", "refresh"):
+            self.add("Fair", "--date", "2026-07-02", "--alert", "on event")
+            self.run_ok("remove", tea)
+        self.assertEqual(self.scheduled(), [("2026-07-02T00:00", "Fair is happening!", False)])
 
     def test_without_a_desktop_alerts_will_not_come(self):
         self.add("Tea", "--date", "2026-07-01", "--time", "09:30", "--alert", "on event")

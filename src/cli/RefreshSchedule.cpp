@@ -1,0 +1,17 @@
+#include "cli/RefreshSchedule.h"
+
+#include "Classes/Event/EventLocalStore.h"
+#include "alerts/NotificationsManager.h"
+
+namespace dayward {
+
+// Whoever changes an event writes its file before the schedule. So what the refresh took from the schedule and did not
+// know is on the disk now; what comes later finds the schedule as the refresh left it.
+Result<> refreshSchedule() {
+    const Result<> refreshed = NotificationsManager::syncRefresh();
+    EventLocalStore::shared().refreshFromDisk();
+    NotificationsManager::flush();
+    return refreshed;
+}
+
+}  // namespace dayward
