@@ -3,13 +3,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "Classes/Event/EventLocalStore.h"
 #include "Classes/Event/HHEvent.h"
 #include "alerts/EventNotification.h"
-#include "alerts/XELNotificationCreator.h"
 #include "intervals/XDIFormatter.h"
 #include "platform/Environment.h"
-#include "platform/FileSystem.h"
 #include "platform/PercentFormat.h"
 #include "platform/Strings.h"
 
@@ -17,32 +14,8 @@ namespace dayward {
 
 namespace {
 
-/// Nothing while the event is not on the disk.
-std::optional<Date> modificationDate(const HHEvent& event) {
-    EventLocalStore& store = EventLocalStore::shared();
-    const auto path = store.URLForKey(store, event.identifier());
-    if (!path) return std::nullopt;
-    const auto status = Environment::current().files().status(*path);
-    return status && *status ? std::optional((*status)->modified) : std::nullopt;
-}
-
 std::string nameOf(const HHEvent& event) {
     return event.name().value_or("").empty() ? localized("???") : *event.name();
-}
-
-/// Of one event: each moment and text stays once.
-void removeRepeated(std::vector<LocalNotification>& notifications) {
-    const auto isRepeated = [&](auto end) {
-        return std::any_of(notifications.begin(), end, [&](const LocalNotification& one) {
-            return one.fireDate == end->fireDate && one.alertBody == end->alertBody;
-        });
-    };
-    auto kept = notifications.begin();
-    for (auto next = notifications.begin(); next != notifications.end(); ++next) {
-        if (kept != next) std::iter_swap(kept, next);
-        if (!isRepeated(kept)) ++kept;
-    }
-    notifications.erase(kept, notifications.end());
 }
 
 }  // namespace
@@ -59,26 +32,54 @@ std::string notificationText(const std::string& name, const XDIDateInterval& ale
                       {name, XDIFormatter::stringForDateInterval(alert, TextStyle::full)});
 }
 
-std::vector<LocalNotification> notificationsOfEvent(const HHEvent& event, std::optional<Date> latest) {
-    XELNotificationCreator creator;
-    creator.maxNotificationsCount = kMaximumNotificationsForEvent;
-    creator.latestFireDate = latest;
-    creator.objectKey = event.identifier();
-    creator.objectModificationDate = modificationDate(event);
-    creator.startDateDay = event.date();
-    creator.startDateTimes = event.times();
-    creator.rrule = event.rrule();
-    creator.alerts = event.alerts().list.value_or(std::vector<XDIDateInterval>());
-    creator.setSoundName(event.alerts().soundName);
-    creator.alertBodyBlock = [name = nameOf(event)](const XDIDateInterval& alert) {
+EventNotifications::EventNotifications(const HHEvent& event) : event_(event) {
+    creator_.maxNotificationsCount = kMaximumNotificationsForEvent;
+    creator_.objectKey = event.identifier();
+    creator_.startDateDay = event.date();
+    creator_.startDateTimes = event.times();
+    creator_.rrule = event.rrule();
+    creator_.alerts = event.alerts().list.value_or(std::vector<XDIDateInterval>());
+    creator_.setSoundName(event.alerts().soundName);
+    creator_.alertBodyBlock = [name = nameOf(event)](const XDIDateInterval& alert) {
         return notificationText(name, alert);
     };
-    std::vector<LocalNotification> notifications = creator.getNotifications();
+}
+
+std::vector<EventNotifications::Firing> EventNotifications::firings(std::optional<Date> latest) {
+    creator_.latestFireDate = latest;
+    std::vector<Firing> firings = creator_.getFirings();
     const Date now = Environment::current().now();
-    std::erase_if(notifications, [&](const LocalNotification& one) { return *one.fireDate < now; });
-    for (LocalNotification& one : notifications) setEventIdentifier(one, event.identifier());
-    removeRepeated(notifications);
-    return notifications;
+    std::erase_if(firings, [&](const Firing& one) { return one.fireDate < now; });
+    removeRepeated(firings);
+    return firings;
+}
+
+bool EventNotifications::isSame(const Firing& one, const Firing& other) {
+    if (one.fireDate != other.fireDate) return false;
+    return one.alert == other.alert || creator_.notificationWithoutDate(one.alert).alertBody ==
+                                           creator_.notificationWithoutDate(other.alert).alertBody;
+}
+
+void EventNotifications::removeRepeated(std::vector<Firing>& firings) {
+    auto kept = firings.begin();
+    for (const Firing& next : firings) {
+        if (std::any_of(firings.begin(), kept, [&](const Firing& one) { return isSame(one, next); })) continue;
+        *kept++ = next;
+    }
+    firings.erase(kept, firings.end());
+}
+
+LocalNotification EventNotifications::notification(const Firing& firing) {
+    LocalNotification notification = creator_.notification(firing);
+    setEventIdentifier(notification, event_.identifier());
+    return notification;
+}
+
+std::vector<LocalNotification> notificationsOfEvent(const HHEvent& event) {
+    EventNotifications notifications(event);
+    std::vector<LocalNotification> result;
+    for (const auto& firing : notifications.firings()) result.push_back(notifications.notification(firing));
+    return result;
 }
 
 }  // namespace dayward

@@ -1,7 +1,6 @@
 #include "alerts/FirstFireDate.h"
 
 #include <algorithm>
-#include <array>
 
 #include "Classes/Event/HHEvent.h"
 #include "platform/Environment.h"
@@ -22,10 +21,8 @@ XELEventMath mathOf(const HHEvent& event) { return {event.rrule(), event.date(),
 
 /// Stricter than the interval's own comparison: what is not a number equals nothing.
 bool isSame(const XDIDateInterval& one, const XDIDateInterval& other) {
-    const auto fields = [](const XDIDateInterval& i) {
-        return std::array{i.year, i.month, i.week, i.day, i.hour, i.minute, i.second};
-    };
-    return fields(one) == fields(other);
+    return one.minute == other.minute && one.hour == other.hour && one.day == other.day && one.week == other.week &&
+           one.month == other.month && one.year == other.year && one.second == other.second;
 }
 
 std::optional<Date> earlier(std::optional<Date> one, std::optional<Date> other) {
@@ -41,16 +38,16 @@ FirstFireDate::FirstFireDate() : calendar_(Environment::current().calendar()), n
 
 std::optional<FirstFireDate::Answer> FirstFireDate::of(const HHEvent& event) {
     if (!event.alerts().list) return std::nullopt;
+    setOffsets(*event.alerts().list);
     std::optional<Date> earliestFrom;
-    for (const XDIDateInterval& alert : *event.alerts().list) earliestFrom = earlier(earliestFrom, offsetOf(alert).from);
+    for (const Offset& offset : offsets_) earliestFrom = earlier(earliestFrom, offset.from);
     if (!earliestFrom) return std::nullopt;
     const XELEventMath math = mathOf(event);
     if (!math.isSteady() || !hasIcalTime(*earliestFrom)) return Answer{now_, false};
     const auto first = math.dateAfterDate(*earliestFrom);
     if (!first) return std::nullopt;
     std::optional<Date> begin;
-    for (const XDIDateInterval& alert : *event.alerts().list) {
-        const Offset& offset = offsetOf(alert);
+    for (const Offset& offset : offsets_) {
         if (!offset.from) continue;
         // The first occurrence for this alert is a later one, and its fire date may be any.
         if (*first <= *offset.from) return Answer{now_, false, first};
@@ -61,15 +58,22 @@ std::optional<FirstFireDate::Answer> FirstFireDate::of(const HHEvent& event) {
 
 std::optional<Date> FirstFireDate::sharpened(const HHEvent& event, const Answer& answer) {
     const XELEventMath math = mathOf(event);
+    setOffsets(*event.alerts().list);
     std::optional<Date> begin;
-    for (const XDIDateInterval& alert : *event.alerts().list) {
-        const Offset& offset = offsetOf(alert);
+    for (const Offset& offset : offsets_) {
         if (!offset.from) continue;
         const auto& known = answer.firstOccurrence;
         const auto first = known && *known > *offset.from ? known : math.dateAfterDate(*offset.from);
         if (first) begin = earlier(begin, bound(offset, *first));
     }
     return begin;
+}
+
+void FirstFireDate::setOffsets(const std::vector<XDIDateInterval>& alerts) {
+    const auto isOf = [](const Offset& offset, const XDIDateInterval& alert) { return isSame(offset.alert, alert); };
+    if (std::ranges::equal(offsets_, alerts, isOf)) return;
+    offsets_.clear();
+    for (const XDIDateInterval& alert : alerts) offsets_.push_back(offsetOf(alert));
 }
 
 const FirstFireDate::Offset& FirstFireDate::offsetOf(const XDIDateInterval& alert) {

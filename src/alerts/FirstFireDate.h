@@ -43,6 +43,7 @@ private:
         bool hasCalendarPart = false, hasMonths = false;
     };
 
+    void setOffsets(const std::vector<XDIDateInterval>& alerts);
     const Offset& offsetOf(const XDIDateInterval& alert);
     [[nodiscard]] Offset makeOffset(const XDIDateInterval& alert) const;
     [[nodiscard]] Date bound(const Offset& offset, Date firstOccurrence) const;
@@ -50,6 +51,7 @@ private:
     const std::shared_ptr<const Calendar> calendar_;
     const Date now_;
     std::vector<Offset> known_;
+    std::vector<Offset> offsets_;  ///< of the alerts of the event that was asked for last
 };
 
 }  // namespace dayward

@@ -1,11 +1,11 @@
 #include "alerts/NearestNotifications.h"
 
 #include <algorithm>
-#include <memory>
+#include <cmath>
+#include <deque>
 #include <utility>
 
 #include "Classes/Event/HHEvent.h"
-#include "alerts/EventNotification.h"
 #include "alerts/EventNotifications.h"
 #include "alerts/FirstFireDate.h"
 #include "alerts/NotificationDifference.h"
@@ -17,21 +17,13 @@ namespace {
 struct Candidate {
     const HHEvent* event;
     FirstFireDate::Answer begin;
+
+    /// None of its notifications stands before it.
+    [[nodiscard]] FirePlace place() const { return {begin.bound.secondsSinceReference(), &event->identifier()}; }
 };
 
-/// For a heap whose top is the candidate that begins first, in the order of firesBefore().
-bool beginsLater(const Candidate& one, const Candidate& other) {
-    return one.begin.bound != other.begin.bound ? one.begin.bound > other.begin.bound
-                                                : one.event->identifier() > other.event->identifier();
-}
-
-/// Whether any of its notifications may come before that one.
-bool mayComeBefore(const Candidate& candidate, const LocalNotification& notification) {
-    if (!notification.fireDate || candidate.begin.bound != *notification.fireDate)
-        return !notification.fireDate || candidate.begin.bound < *notification.fireDate;
-    const auto owner = eventIdentifier(notification);
-    return !owner || candidate.event->identifier() < *owner;
-}
+/// For a heap whose top is the candidate that begins first.
+bool beginsLater(const Candidate& one, const Candidate& other) { return other.place() < one.place(); }
 
 class Candidates {
 public:
@@ -44,8 +36,8 @@ public:
     }
 
     /// The event that begins first, if one of its notifications may come before the last one; else null.
-    const HHEvent* next(const LocalNotification* last) {
-        while (!candidates_.empty() && (last == nullptr || mayComeBefore(candidates_.front(), *last))) {
+    const HHEvent* next(const FirePlace* last) {
+        while (!candidates_.empty() && (last == nullptr || candidates_.front().place() < *last)) {
             std::ranges::pop_heap(candidates_, beginsLater);
             if (candidates_.back().begin.isSharp) {
                 const HHEvent* event = candidates_.back().event;
@@ -71,48 +63,68 @@ private:
     std::vector<Candidate> candidates_;
 };
 
-/// The first ones of those added, in order; what is equal in it keeps its order. Only places are moved.
+/// The first ones of those added, in order; what is equal in it keeps its order. They are made when all are known.
 class Nearest {
 public:
-    explicit Nearest(std::size_t count) : count_(count) {}
+    explicit Nearest(std::size_t count) : count_(count) { ordered_.reserve(count + 1); }
 
-    void add(LocalNotification notification) {
-        const auto comesBefore = [](const auto& one, const auto& other) { return firesBefore(*one, *other); };
-        auto added = std::make_unique<LocalNotification>(std::move(notification));
-        const auto place = std::upper_bound(ordered_.begin(), ordered_.end(), added, comesBefore);
-        if (place == ordered_.end() && ordered_.size() == count_) return;
-        ordered_.insert(place, std::move(added));
-        if (ordered_.size() > count_) ordered_.pop_back();
+    /// Taken apart by take().
+    void add(LocalNotification& made) { insert({firePlaceOf(made), &made}); }
+    void add(EventNotifications& event, const EventNotifications::Firing& firing) {
+        insert({{firing.fireDate.secondsSinceReference(), &event.event().identifier()}, nullptr, &event, firing});
     }
     /// Null while there is room for more.
-    [[nodiscard]] const LocalNotification* last() const {
-        return ordered_.size() < count_ ? nullptr : ordered_.back().get();
+    [[nodiscard]] const FirePlace* last() const {
+        return ordered_.size() < count_ ? nullptr : &ordered_.back().place;
     }
-    std::vector<LocalNotification> take() {
+    [[nodiscard]] std::vector<LocalNotification> take() const {
         std::vector<LocalNotification> result;
         result.reserve(ordered_.size());
-        for (const auto& one : ordered_) result.push_back(std::move(*one));
+        for (const Entry& one : ordered_) {
+            result.push_back(one.made != nullptr ? std::move(*one.made) : one.event->notification(one.firing));
+        }
         return result;
     }
 
 private:
+    /// A notification that is there, or one that an event can make.
+    struct Entry {
+        FirePlace place;
+        LocalNotification* made = nullptr;
+        EventNotifications* event = nullptr;
+        EventNotifications::Firing firing = {};
+    };
+
+    void insert(const Entry& added) {
+        const auto comesBefore = [](const Entry& one, const Entry& other) { return one.place < other.place; };
+        const auto place = std::upper_bound(ordered_.begin(), ordered_.end(), added, comesBefore);
+        if (place == ordered_.end() && ordered_.size() == count_) return;
+        ordered_.insert(place, added);
+        if (ordered_.size() > count_) ordered_.pop_back();
+    }
+
     const std::size_t count_;
-    std::vector<std::unique_ptr<LocalNotification>> ordered_;
+    std::vector<Entry> ordered_;
 };
+
+/// No more than there is room for can fire at the last moment or before it.
+std::optional<Date> latestOf(const FirePlace* last) {
+    if (last == nullptr || !std::isfinite(last->moment)) return std::nullopt;
+    return Date::sinceReference(last->moment);
+}
 
 }  // namespace
 
 std::vector<LocalNotification> nearestNotifications(const std::vector<std::shared_ptr<HHEvent>>& events,
                                                     std::vector<LocalNotification> others, std::size_t count) {
-    Nearest nearest(count);
-    for (LocalNotification& one : others) nearest.add(std::move(one));
     if (count == 0) return {};
+    Nearest nearest(count);
+    for (LocalNotification& one : others) nearest.add(one);
     Candidates candidates(events);
+    std::deque<EventNotifications> opened;
     while (const HHEvent* event = candidates.next(nearest.last())) {
-        const LocalNotification* last = nearest.last();
-        for (LocalNotification& one : notificationsOfEvent(*event, last != nullptr ? last->fireDate : std::nullopt)) {
-            nearest.add(std::move(one));
-        }
+        EventNotifications& notifications = opened.emplace_back(*event);
+        for (const auto& firing : notifications.firings(latestOf(nearest.last()))) nearest.add(notifications, firing);
     }
     return nearest.take();
 }

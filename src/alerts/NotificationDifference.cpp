@@ -58,17 +58,17 @@ std::string notificationKey(const LocalNotification& notification) {
     return momentText(notification) + "\n" + eventIdentifier(notification).value_or("") + "\n" + what;
 }
 
-bool firesBefore(const LocalNotification& one, const LocalNotification& other) {
-    const double moment = momentOf(one), otherMoment = momentOf(other);
-    if (moment != otherMoment) return moment < otherMoment;
-    const std::string* const owner = ownerOf(one);
-    const std::string* const otherOwner = ownerOf(other);
-    return owner != nullptr && (otherOwner == nullptr || *owner < *otherOwner);
+bool FirePlace::operator<(const FirePlace& other) const {
+    if (moment != other.moment) return moment < other.moment;
+    return owner != nullptr && (other.owner == nullptr || *owner < *other.owner);
 }
 
-void sortAndCut(std::vector<LocalNotification>& notifications, std::size_t count) {
-    std::ranges::stable_sort(notifications, firesBefore);
-    if (notifications.size() > count) notifications.resize(count);
+FirePlace firePlaceOf(const LocalNotification& notification) {
+    return {momentOf(notification), ownerOf(notification)};
+}
+
+bool firesBefore(const LocalNotification& one, const LocalNotification& other) {
+    return firePlaceOf(one) < firePlaceOf(other);
 }
 
 NotificationDifference notificationDifference(const std::vector<LocalNotification>& scheduled,

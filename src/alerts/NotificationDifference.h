@@ -2,7 +2,6 @@
 // schedule holds what is wanted. Pure functions; any thread.
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -18,8 +17,15 @@ std::string notificationKey(const LocalNotification& notification);
 /// of different events stand in the order of their identifiers, so that a cut always falls at the same place.
 bool firesBefore(const LocalNotification& one, const LocalNotification& other);
 
-/// Puts a list into that order and keeps the first ones. What is equal in it keeps its order.
-void sortAndCut(std::vector<LocalNotification>& notifications, std::size_t count);
+/// Where a notification stands in that order.
+struct FirePlace {
+    double moment;             ///< in seconds; infinite without a fire date
+    const std::string* owner;  ///< not owned; null for a silent one
+
+    bool operator<(const FirePlace& other) const;
+};
+/// Good as long as the notification.
+FirePlace firePlaceOf(const LocalNotification& notification);
 
 /// What leads from a schedule to what is wanted.
 struct NotificationDifference {

@@ -45,32 +45,49 @@ std::optional<Date> XELNotificationCreator::fireDate(Date date, const XDIDateInt
 }
 
 std::vector<LocalNotification> XELNotificationCreator::getNotifications() {
+    std::vector<LocalNotification> notifications;
+    for (const Firing& firing : getFirings()) notifications.push_back(notification(firing));
+    return notifications;
+}
+
+std::vector<XELNotificationCreator::Firing> XELNotificationCreator::getFirings() {
     const Date now = Environment::current().now();
     resultStartDate_ = now;
     resultEndDate_.reset();
-    std::vector<LocalNotification> notifications;
+    withoutDate_.assign(alerts.size(), std::nullopt);
+    std::vector<Firing> firings;
     const XELEventMath math(rrule, startDateDay, startDateTimes);
     const std::size_t count =
         alerts.empty() ? 0 : maxNotificationsCount / alerts.size() + (maxNotificationsCount % alerts.size() != 0);
-    for (const XDIDateInterval& alert : alerts) {
+    for (std::size_t number = 0; number < alerts.size(); ++number) {
+        const XDIDateInterval& alert = alerts[number];
         const auto from = systemCalendar()->dateByAddingComponents(alert.dateComponents(), now);
         if (!from) continue;
         const std::vector<Date> dates = datesFrom(math, *from, *from + maxTimeInterval, count);
-        std::optional<LocalNotification> made;
         for (const Date date : dates) {
             const auto fires = fireDate(date, alert);
             if (!fires || *fires < now || (latestFireDate && *fires > *latestFireDate)) continue;
-            if (!made) made = notificationWithoutDate(alert);
-            made->fireDate = *fires;
-            notifications.push_back(*made);
+            firings.push_back({*fires, number});
         }
         if (!dates.empty() && (!resultEndDate_ || dates.back() < *resultEndDate_)) resultEndDate_ = dates.back();
     }
     if (!resultEndDate_) resultEndDate_ = now + maxTimeInterval;
-    return notifications;
+    return firings;
 }
 
-LocalNotification XELNotificationCreator::notificationWithoutDate(const XDIDateInterval& alert) const {
+LocalNotification XELNotificationCreator::notification(const Firing& firing) {
+    LocalNotification notification = notificationWithoutDate(firing.alert);
+    notification.fireDate = firing.fireDate;
+    return notification;
+}
+
+const LocalNotification& XELNotificationCreator::notificationWithoutDate(std::size_t alert) {
+    auto& made = withoutDate_[alert];
+    if (!made) made = makeWithoutDate(alerts[alert]);
+    return *made;
+}
+
+LocalNotification XELNotificationCreator::makeWithoutDate(const XDIDateInterval& alert) const {
     LocalNotification notification;
     notification.timeZone = Environment::current().timeZone().name();
     notification.alertAction = localized("Show");

@@ -24,6 +24,11 @@ namespace dayward {
 class XELNotificationCreator {
 public:
     using AlertBodyBlock = std::function<std::string(const XDIDateInterval&)>;
+    /// What a notification comes to before it is made.
+    struct Firing {
+        Date fireDate;
+        std::size_t alert;  ///< the place among the alerts
+    };
 
     static constexpr TimeInterval kDefaultMaxTimeInterval{31536000};
     static constexpr std::size_t kDefaultMaxNotificationsCount = 50;
@@ -49,6 +54,12 @@ public:
     /// of day an equal part of that, rounded up. An occurrence beyond `maxTimeInterval` counts only where
     /// there is no nearer one.
     [[nodiscard]] std::vector<LocalNotification> getNotifications();
+    /// The same, none of them made yet. Sets the result dates as well.
+    [[nodiscard]] std::vector<Firing> getFirings();
+    /// Makes the one of a firing.
+    [[nodiscard]] LocalNotification notification(const Firing& firing);
+    /// What all notifications of an alert have in common, made once for each call of getFirings().
+    [[nodiscard]] const LocalNotification& notificationWithoutDate(std::size_t alert);
 
     /// The moment of getNotifications(); nothing before.
     [[nodiscard]] std::optional<Date> resultStartDate() const { return resultStartDate_; }
@@ -60,10 +71,10 @@ public:
 private:
     /// Made on first use.
     std::shared_ptr<const Calendar> systemCalendar();
-    /// What all of an alert have in common.
-    [[nodiscard]] LocalNotification notificationWithoutDate(const XDIDateInterval& alert) const;
+    [[nodiscard]] LocalNotification makeWithoutDate(const XDIDateInterval& alert) const;
 
     std::optional<std::string> soundName_;
+    std::vector<std::optional<LocalNotification>> withoutDate_;  ///< alert by alert, those asked for
     std::optional<Date> resultStartDate_, resultEndDate_;
     Mutex mutex_;
     std::shared_ptr<const Calendar> systemCalendar_ DAYWARD_GUARDED_BY(mutex_);

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "intervals/XELDateTime.h"
-#include "platform/Environment.h"
 #include "recurrence/DateIcal.h"
 #include "recurrence/ParsedRule.h"
 #include "recurrence/XELRRuleMath.h"
@@ -26,21 +25,27 @@ void XELEventMath::setRrule(std::optional<std::string> rrule) {
 void XELEventMath::setStartDateTimes(std::vector<std::int64_t> times) {
     std::ranges::sort(times);
     startDateTimes_ = std::move(times);
+    findStartDates();
 }
 
-std::vector<Date> XELEventMath::getStartDates() const {
-    std::vector<Date> dates;
-    if (!startDateDay_ || !hasIcalTime(*startDateDay_)) return dates;
+void XELEventMath::setStartDateDay(std::optional<Date> day) {
+    startDateDay_ = day;
+    findStartDates();
+}
+
+void XELEventMath::findStartDates() {
+    startDates_.clear();
+    if (!startDateDay_ || !hasIcalTime(*startDateDay_)) return;
+    startDates_.reserve(startDateTimes_.size());
     for (const std::int64_t minutes : startDateTimes_) {
         const Date date = dateWithTimesAsMinutes(*startDateDay_, minutes);
-        if (hasIcalTime(date)) dates.push_back(date);
+        if (hasIcalTime(date)) startDates_.push_back(date);
     }
-    return dates;
 }
 
 std::optional<Date> XELEventMath::dateAfterDate(Date date) const {
     std::optional<Date> earliest;
-    for (const Date start : getStartDates()) {
+    for (const Date start : startDates_) {
         const auto next = XELRRuleMath(parsed_, start).dateAfterDate(date);
         if (next && (!earliest || *next < *earliest)) earliest = next;
     }
@@ -54,11 +59,10 @@ std::optional<Date> XELEventMath::dateAfterDate(Date date, std::optional<std::st
 }
 
 std::vector<Date> XELEventMath::datesFromDate(Date fromDate, Date toDate, std::size_t maxCount) const {
-    const auto starts = getStartDates();
     std::vector<Date> dates;
-    if (starts.empty()) return dates;
-    const std::size_t limit = maxCount / starts.size() + (maxCount % starts.size() != 0 ? 1 : 0);
-    for (const Date start : starts) {
+    if (startDates_.empty()) return dates;
+    const std::size_t limit = maxCount / startDates_.size() + (maxCount % startDates_.size() != 0 ? 1 : 0);
+    for (const Date start : startDates_) {
         const auto found = XELRRuleMath(parsed_, start).datesFromDate(fromDate, toDate, limit);
         dates.insert(dates.end(), found.begin(), found.end());
     }
@@ -67,19 +71,11 @@ std::vector<Date> XELEventMath::datesFromDate(Date fromDate, Date toDate, std::s
     return dates;
 }
 
-bool XELEventMath::isSteady() const {
-    // One less than every month has: a skipped time may move an occurrence to the next day.
-    constexpr int kSafeDays = 27;
-    if (!parsed_) return true;
-    if (parsed_->count() != 0) return false;
-    if (parsed_->frequency() <= ParsedRule::Frequency::weekly) return true;
-    if (parsed_->hasLists() || !startDateDay_ || !hasIcalTime(*startDateDay_)) return false;
-    return Environment::current().calendar()->fields(*startDateDay_).day <= kSafeDays;
-}
+bool XELEventMath::isSteady() const { return XELRRuleMath(parsed_, startDateDay_).isSteady(); }
 
 std::optional<Date> XELEventMath::lastDate() const {
     std::optional<Date> latest;
-    for (const Date start : getStartDates()) {
+    for (const Date start : startDates_) {
         const auto last = XELRRuleMath(parsed_, start).lastDate();
         if (last && (!latest || *last > *latest)) latest = last;
     }

@@ -1,7 +1,8 @@
 // Evaluates one event: a rule, the day on which it starts, and the times of day at which it happens.
 //
 // Each time of day is a rule of its own that starts on that day at that time. A value object without
-// shared state; any thread. The rule is parsed once.
+// shared state; any thread. The rule is parsed and the start dates are found once, in the zone of the environment
+// that is current then.
 #pragma once
 
 #include <cstddef>
@@ -26,13 +27,13 @@ public:
     [[nodiscard]] const std::optional<std::string>& rrule() const { return rrule_; }
     void setRrule(std::optional<std::string> rrule);
     [[nodiscard]] std::optional<Date> startDateDay() const { return startDateDay_; }
-    void setStartDateDay(std::optional<Date> day) { startDateDay_ = day; }
+    void setStartDateDay(std::optional<Date> day);
     /// Ascending.
     [[nodiscard]] const std::vector<std::int64_t>& startDateTimes() const { return startDateTimes_; }
     void setStartDateTimes(std::vector<std::int64_t> times);
 
     /// The start day at each of the times, ascending by time.
-    [[nodiscard]] std::vector<Date> getStartDates() const;
+    [[nodiscard]] const std::vector<Date>& getStartDates() const { return startDates_; }
 
     /// The earliest occurrence of all times strictly after the date; nothing without times.
     [[nodiscard]] std::optional<Date> dateAfterDate(Date date) const;
@@ -45,19 +46,20 @@ public:
     /// the whole may be longer than maxCount.
     [[nodiscard]] std::vector<Date> datesFromDate(Date fromDate, Date toDate, std::size_t maxCount) const;
 
-    /// Whether the first occurrence after a date is surely also the first after any later date before it. Rules
-    /// with COUNT are counted from near the date, and those of months and years take their day from there where
-    /// a month lacks it or the rule names others.
+    /// See XELRRuleMath::isSteady().
     [[nodiscard]] bool isSteady() const;
 
     /// The latest of the last dates of all times; nothing where no time has one.
     [[nodiscard]] std::optional<Date> lastDate() const;
 
 private:
+    void findStartDates();
+
     std::optional<std::string> rrule_;
     std::shared_ptr<const ParsedRule> parsed_;
     std::optional<Date> startDateDay_;
     std::vector<std::int64_t> startDateTimes_;
+    std::vector<Date> startDates_;
 };
 
 }  // namespace dayward

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/Environment.h"
+#include "recurrence/ClosedForm.h"
 #include "recurrence/DateIcal.h"
 #include "recurrence/InstantWalk.h"
 #include "recurrence/ParsedRule.h"
@@ -14,6 +15,18 @@ namespace dayward {
 namespace {
 
 std::shared_ptr<const Calendar> currentCalendar() { return Environment::current().calendar(); }
+
+/// The dates up to one, at most so many, that `next` gives one after the other.
+template <class Next>
+std::vector<Date> taken(Date toDate, std::size_t maxCount, Next next) {
+    std::vector<Date> dates;
+    while (dates.size() < maxCount) {
+        const std::optional<Date> date = next();
+        if (!date || *date > toDate) break;
+        dates.push_back(*date);
+    }
+    return dates;
+}
 
 /// The wall clock's fields; the null time for a date whose fields cannot be told.
 IcalTime wallClock(std::optional<Date> date, const Calendar& calendar) {
@@ -60,14 +73,23 @@ std::vector<Date> XELRRuleMath::datesFromDate(Date fromDate, Date toDate, std::s
         return isInside ? std::vector<Date>{*startDate_} : std::vector<Date>{};
     }
     if (!parsed_->canOccur() || !hasIcalTime(*startDate_) || !hasIcalTime(fromDate) || !hasIcalTime(toDate)) return {};
-    InstantWalk walk(parsed_, *startDate_, fromDate, currentCalendar());
-    std::vector<Date> dates;
-    while (dates.size() < maxCount) {
-        const auto date = walk.next();
-        if (!date || *date > toDate) break;
-        dates.push_back(*date);
+    const auto calendar = currentCalendar();
+    if (hasClosedForm(*parsed_) && isSteady()) {
+        std::optional<Date> last = fromDate;
+        return taken(toDate, maxCount, [&] { return last = firstInstantAfter(parsed_, *startDate_, *last, calendar); });
     }
-    return dates;
+    InstantWalk walk(parsed_, *startDate_, fromDate, calendar);
+    return taken(toDate, maxCount, [&] { return walk.next(); });
+}
+
+bool XELRRuleMath::isSteady() const {
+    // One less than every month has: a skipped time may move an occurrence to the next day.
+    constexpr int kSafeDays = 27;
+    if (!parsed_) return true;
+    if (parsed_->count() != 0) return false;
+    if (parsed_->frequency() <= ParsedRule::Frequency::weekly) return true;
+    if (parsed_->hasLists() || !startDate_ || !hasIcalTime(*startDate_)) return false;
+    return currentCalendar()->fields(*startDate_).day <= kSafeDays;
 }
 
 std::optional<Date> XELRRuleMath::lastDate() const {

@@ -47,6 +47,11 @@ public:
     /// Without a rule the start counts only strictly before the second date.
     [[nodiscard]] std::vector<Date> datesFromDate(Date fromDate, Date toDate, std::size_t maxCount) const;
 
+    /// Whether the first occurrence after a date is surely also the first after any later date before it. Rules
+    /// with COUNT are counted from near the date, and those of months and years take their day from there where
+    /// a month lacks it or the rule names others.
+    [[nodiscard]] bool isSteady() const;
+
     /// The last occurrence of a rule with UNTIL; nothing for an endless or a counted rule; the start
     /// where nothing repeats.
     [[nodiscard]] std::optional<Date> lastDate() const;

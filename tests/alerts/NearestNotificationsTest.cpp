@@ -2,6 +2,7 @@
 // DAYWARD_NEAREST_CASES sets the number of random stores (300 without it).
 #include "alerts/NearestNotifications.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <random>
 
@@ -90,7 +91,8 @@ std::vector<std::string> lines(const TestEnvironment& environment, const std::ve
 std::vector<LocalNotification> plainly(const Events& events, std::vector<LocalNotification> others,
                                        std::size_t count) {
     for (const auto& event : events) std::ranges::move(notificationsOfEvent(*event), std::back_inserter(others));
-    sortAndCut(others, count);
+    std::ranges::stable_sort(others, firesBefore);
+    others.resize(std::min(others.size(), count));
     return others;
 }
 

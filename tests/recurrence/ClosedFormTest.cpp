@@ -10,6 +10,8 @@
 #include <memory>
 #include <random>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "platform/CivilDay.h"
 #include "recurrence/InstantWalk.h"
@@ -245,6 +247,22 @@ Date aboutChange(Cases& cases, const Calendar& calendar) {
     return change + TimeInterval(days * 86400.0 + 900 * cases.number(-9, 9) + cases.number(-1, 1) + fraction);
 }
 
+/// The first ones of the walk, and of the range.
+std::pair<std::vector<Date>, std::vector<Date>> fewDates(const std::string& rule, Date start, Date after,
+                                                         const std::shared_ptr<const Calendar>& calendar) {
+    constexpr std::size_t kCount = 5;
+    constexpr TimeInterval kCentury{36525 * 86400.0};
+    const Date end = after + kCentury;
+    std::vector<Date> walked;
+    InstantWalk walk(ParsedRule::parse(rule), start, after, calendar);
+    while (walked.size() < kCount) {
+        const auto date = walk.next();
+        if (!date || *date > end) break;
+        walked.push_back(*date);
+    }
+    return {walked, XELRRuleMath(rule, start).datesFromDate(after, end, kCount)};
+}
+
 TEST(ClosedFormTest, AnswersAsTheInstantWalkWhereClocksChange) {
     Cases cases;
     int occurring = 0, different = 0;
@@ -261,6 +279,9 @@ TEST(ClosedFormTest, AnswersAsTheInstantWalkWhereClocksChange) {
                                    : std::max(start - TimeInterval(9e4), aboutChange(cases, *calendar));
             const auto expected = InstantWalk(ParsedRule::parse(rule), start, after, calendar).next();
             const auto found = XELRRuleMath::dateAfterDate(after, rule, start);
+            const auto [walked, range] = fewDates(rule, start, after, calendar);
+            EXPECT_EQ(range, walked) << zone << " " << rule << " from " << local.text(start) << " after "
+                                     << local.text(after);
             if (expected) ++occurring;
             if (found == expected || ++different > 20) continue;
             ADD_FAILURE() << zone << " " << rule << " from " << local.text(start) << " after " << local.text(after)
