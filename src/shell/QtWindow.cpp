@@ -5,6 +5,7 @@
 #include <QQuickStyle>
 #include <QQuickWindow>
 
+#include "shell/CoverableItem.h"
 #include "shell/PictureProvider.h"
 #include "shell/QtValues.h"
 
@@ -20,6 +21,7 @@ void prepareQt() {
     QGuiApplication::setDesktopFileName(QStringLiteral("org.dayward.Dayward"));
     QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.dayward.Dayward")));
     qml_register_types_Dayward();
+    prepareCoverables();
 }
 
 QtWindow::QtWindow(Environment& environment, Shell& shell)

@@ -173,6 +173,13 @@ protected:
         return found;
     }
 
+    /// The button with that text on it.
+    [[nodiscard]] QQuickItem* button(const QString& text) const {
+        QQuickItem* found = item(text);
+        while (found != nullptr && !found->inherits("QQuickAbstractButton")) found = found->parentItem();
+        return found;
+    }
+
     /// Where the uppermost screen is drawn.
     [[nodiscard]] QQuickItem* topPage() {
         const auto top = shell.navigation().topScreen();
@@ -191,7 +198,6 @@ protected:
     void checkNames(const Items& controls) const {
         const Spoken spoken = spokenIn(*quick);
         for (const auto& control : controls) {
-            if (control->objectName() == QLatin1String("outside")) continue;
             QAccessibleInterface* const speaker = speakerOf(control, spoken);
             ASSERT_NE(speaker, nullptr) << describe(*control);
             const QString name = speaker->text(QAccessible::Name);
@@ -302,8 +308,14 @@ TEST_F(Accessibility, everyControlIsNamedAndReachedByTab) {
         const QQuickItem* const page = topPage();
         ASSERT_NE(page, nullptr);
         Items controls = visibleControls();
+        const auto isBelow = [&](const auto& control) { return !page->isAncestorOf(control); };
+        const Spoken spoken = spokenIn(*quick);
+        for (const auto& control : controls) {
+            EXPECT_FALSE(isBelow(control) && spoken.contains(control))
+                << describe(*control) << " lies under the screen";
+        }
+        std::erase_if(controls, isBelow);
         checkNames(controls);
-        std::erase_if(controls, [&](const auto& control) { return !page->isAncestorOf(control); });
         const TabWalk walk = walkByTab();
         EXPECT_TRUE(walk.isRound) << "caught at " << describe(*quick->activeFocusItem());
         checkReached(controls, walk);
@@ -319,6 +331,52 @@ TEST_F(Accessibility, aRowOfTheListIsOneSentence) {
     EXPECT_EQ(row->childCount(), 0) << "its texts are not read a second time";
     row->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_TRUE(topIs("День матери"));
+}
+
+TEST_F(Accessibility, whatIsCoveredIsNotSpoken) {
+    quick->resize(1000, 800);
+    ASSERT_TRUE(until([this] { return shell.hasDetailPane(); }));
+    settle();
+    const QPointer<QQuickItem> row = rowAround(item(QStringLiteral("День матери")));
+    const auto isSpoken = [this](const QQuickItem* item) { return spokenIn(*quick).contains(item); };
+    ASSERT_TRUE(isSpoken(row));
+    shell.navigation().present(std::make_shared<SettingsViewController>(SettingsViewController::Services{}));
+    ASSERT_TRUE(until([this] { return item(QStringLiteral("Готово")) != nullptr; }));
+    settle();
+    const QPointer<QQuickItem> done = button(QStringLiteral("Готово"));
+    ASSERT_TRUE(row && row->isVisible()) << "it is seen beside the sheet";
+    EXPECT_FALSE(isSpoken(row));
+    EXPECT_TRUE(isSpoken(done));
+    shell.navigation().alert({.title = "Sure?", .message = "", .buttons = {{.title = "Yes"}}, .name = "question"});
+    ASSERT_TRUE(until([this] { return item(QStringLiteral("Yes")) != nullptr; }));
+    settle();
+    const QPointer<QQuickItem> yes = button(QStringLiteral("Yes"));
+    EXPECT_FALSE(isSpoken(done));
+    EXPECT_TRUE(isSpoken(yes));
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(yes->hasActiveFocus()) << "Tab leads out of the question";
+    window.setCover(Color::white());
+    EXPECT_FALSE(isSpoken(yes));
+    window.setCover(std::nullopt);
+    EXPECT_TRUE(isSpoken(yes));
+    shell.navigation().dismissAlert("question");
+    settle();
+    EXPECT_TRUE(isSpoken(done));
+    shell.goBack();
+    settle();
+    EXPECT_TRUE(isSpoken(row));
+}
+
+TEST_F(Accessibility, whatIsCoveredCannotBePointedAt) {
+    const QPoint place = quick->mapToGlobal(middleOf(QStringLiteral("День матери")));
+    const auto namePointedAt = [this, place] {
+        QAccessibleInterface* found = QAccessible::queryAccessibleInterface(quick);
+        while (QAccessibleInterface* const child = found->childAt(place.x(), place.y())) found = child;
+        return found->text(QAccessible::Name);
+    };
+    EXPECT_TRUE(namePointedAt().startsWith(QStringLiteral("День матери")));
+    window.setCover(Color::white());
+    EXPECT_FALSE(namePointedAt().contains(QStringLiteral("День матери")));
 }
 
 class RightToLeft : public Flows {

@@ -8,6 +8,8 @@ Popup {
 
     required property int number
     required property var content
+    // What lies over all else in the window.
+    property QtObject top: null
     property int answer: -1
     readonly property var buttons: content.buttons ?? []
 
@@ -41,47 +43,52 @@ Popup {
         color: Theme.raised
         radius: 20
     }
-    contentItem: FocusScope {
+    contentItem: Coverable {
         implicitHeight: column.implicitHeight
-        focus: true
-        Keys.onEscapePressed: dialog.choose(dialog.buttons.findIndex(button => button.role === "cancel"))
-        Accessible.role: Accessible.AlertMessage
-        Accessible.name: (dialog.content.title ?? "") + ". " + (dialog.content.message ?? "")
+        covered: dialog.top !== dialog
 
-        Column {
-            id: column
-            width: parent.width
-            padding: 20
-            spacing: 8
-            UiText {
-                width: parent.width - 40
-                text: dialog.content.title ?? ""
-                visible: text.length > 0
-                font.pixelSize: Theme.headline
-                font.weight: Font.DemiBold
-                wrapMode: Text.Wrap
-            }
-            UiText {
-                width: parent.width - 40
-                visible: text.length > 0
-                text: dialog.content.message ?? ""
-                color: Theme.secondaryText
-                wrapMode: Text.Wrap
-            }
-            Item {
-                width: 1
-                height: 4
-            }
-            Repeater {
-                model: dialog.buttons
-                delegate: PillButton {
-                    required property var modelData
-                    required property int index
-                    width: column.width - 40
-                    text: modelData.title
-                    role: modelData.role
-                    focus: index === 0
-                    onClicked: dialog.choose(index)
+        FocusScope {
+            anchors.fill: parent
+            focus: true
+            Keys.onEscapePressed: dialog.choose(dialog.buttons.findIndex(button => button.role === "cancel"))
+            Accessible.role: Accessible.AlertMessage
+            Accessible.name: (dialog.content.title ?? "") + ". " + (dialog.content.message ?? "")
+
+            Column {
+                id: column
+                width: parent.width
+                padding: 20
+                spacing: 8
+                UiText {
+                    width: parent.width - 40
+                    text: dialog.content.title ?? ""
+                    visible: text.length > 0
+                    font.pixelSize: Theme.headline
+                    font.weight: Font.DemiBold
+                    wrapMode: Text.Wrap
+                }
+                UiText {
+                    width: parent.width - 40
+                    visible: text.length > 0
+                    text: dialog.content.message ?? ""
+                    color: Theme.secondaryText
+                    wrapMode: Text.Wrap
+                }
+                Item {
+                    width: 1
+                    height: 4
+                }
+                Repeater {
+                    model: dialog.buttons
+                    delegate: PillButton {
+                        required property var modelData
+                        required property int index
+                        width: column.width - 40
+                        text: modelData.title
+                        role: modelData.role
+                        focus: index === 0
+                        onClicked: dialog.choose(index)
+                    }
                 }
             }
         }

@@ -11,6 +11,16 @@ ApplicationWindow {
     // A plain cover over all, which nothing takes away but the program.
     property bool covered: false
     property color coverColor: "white"
+    // Sheets and questions that are open, the uppermost last.
+    property var layers: []
+    readonly property QtObject top: covered ? cover : layers[layers.length - 1] ?? null
+
+    function enter(layer: QtObject) {
+        layers = layers.concat([layer])
+    }
+    function leave(layer: QtObject) {
+        layers = layers.filter(other => other !== layer)
+    }
 
     width: 420
     height: 860
@@ -31,48 +41,64 @@ ApplicationWindow {
     onWidthChanged: Shell.setWindowWidth(width)
     Component.onCompleted: Shell.setWindowWidth(width)
 
-    ScreenStack {
-        id: list
-        width: Shell.hasDetailPane ? Math.max(340, Math.min(440, window.width * 0.36)) : parent.width
-        height: parent.height
-        stack: Shell.rootStack
-        focus: true
-        Keys.onEscapePressed: event => event.accepted = Shell.goBack()
-        Keys.onBackPressed: event => event.accepted = Shell.goBack()
-    }
-    Rectangle {
-        visible: Shell.hasDetailPane
-        anchors.left: list.right
-        width: 1
-        height: parent.height
-        color: Theme.separator
-    }
-    Loader {
-        anchors.left: list.right
-        anchors.leftMargin: 1
-        anchors.right: parent.right
-        height: parent.height
-        active: Shell.hasDetailPane
-        sourceComponent: ScreenStack {
-            stack: Shell.detailStack
+    Coverable {
+        anchors.fill: parent
+        covered: window.top !== null
+
+        ScreenStack {
+            id: list
+            width: Shell.hasDetailPane ? Math.max(340, Math.min(440, window.width * 0.36)) : parent.width
+            height: parent.height
+            stack: Shell.rootStack
+            focus: true
             Keys.onEscapePressed: event => event.accepted = Shell.goBack()
+            Keys.onBackPressed: event => event.accepted = Shell.goBack()
+        }
+        Rectangle {
+            visible: Shell.hasDetailPane
+            anchors.left: list.right
+            width: 1
+            height: parent.height
+            color: Theme.separator
+        }
+        Loader {
+            anchors.left: list.right
+            anchors.leftMargin: 1
+            anchors.right: parent.right
+            height: parent.height
+            active: Shell.hasDetailPane
+            sourceComponent: ScreenStack {
+                stack: Shell.detailStack
+                Keys.onEscapePressed: event => event.accepted = Shell.goBack()
+            }
         }
     }
     NoticeBar {
         id: notice
     }
     Cover {
+        id: cover
         color: window.coverColor
         visible: window.covered
     }
 
     Component {
         id: sheet
-        ModalSheet {}
+        ModalSheet {
+            id: shownSheet
+            top: window.top
+            onAboutToShow: window.enter(shownSheet)
+            onAboutToHide: window.leave(shownSheet)
+        }
     }
     Component {
         id: alert
-        AlertDialog {}
+        AlertDialog {
+            id: shownAlert
+            top: window.top
+            onAboutToShow: window.enter(shownAlert)
+            onAboutToHide: window.leave(shownAlert)
+        }
     }
     FileDialog {
         id: pictureDialog

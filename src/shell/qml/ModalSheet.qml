@@ -7,6 +7,8 @@ Popup {
     id: sheet
 
     required property StackItem stack
+    // What lies over all else in the window.
+    property QtObject top: null
     readonly property bool isPage: parent.width < Theme.twoColumns
     property real shift: 0
 
@@ -33,19 +35,24 @@ Popup {
         color: Theme.window
         radius: sheet.isPage ? 0 : 18
     }
-    contentItem: ScreenStack {
-        stack: sheet.stack
-        radius: sheet.isPage ? 0 : 18
-        focus: true
-        // Pages are cut to the sheet's round corners.
-        clip: true
-        Keys.onEscapePressed: Shell.goBack()
-        Keys.onBackPressed: Shell.goBack()
+    contentItem: Coverable {
+        covered: sheet.top !== sheet
 
-        // "Done" wherever the keyboard is; on a screen that has none, back to the one that has.
-        Shortcut {
-            sequences: ["Ctrl+Return", "Ctrl+Enter"]
-            onActivated: Shell.press("done") || Shell.goBack()
+        ScreenStack {
+            anchors.fill: parent
+            stack: sheet.stack
+            radius: sheet.isPage ? 0 : 18
+            focus: true
+            // Pages are cut to the sheet's round corners.
+            clip: true
+            Keys.onEscapePressed: Shell.goBack()
+            Keys.onBackPressed: Shell.goBack()
+
+            // "Done" wherever the keyboard is; on a screen that has none, back to the one that has.
+            Shortcut {
+                sequences: ["Ctrl+Return", "Ctrl+Enter"]
+                onActivated: Shell.press("done") || Shell.goBack()
+            }
         }
     }
     enter: Transition {

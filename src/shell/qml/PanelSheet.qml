@@ -23,7 +23,6 @@ FocusScope {
     Rectangle {
         anchors.fill: parent
         color: Theme.dim
-        objectName: "outside"
         opacity: card.shownPart * 0.6
         TapHandler {
             onTapped: if (sheet.panel)

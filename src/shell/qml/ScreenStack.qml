@@ -50,46 +50,52 @@ FocusScope {
         id: page
         ScreenPage {}
     }
-    StackView {
-        id: view
+    Coverable {
         anchors.fill: parent
-        focus: true
+        covered: panel.panel !== null
 
-        component Slide: NumberAnimation {
-            property: "x"
-            duration: Theme.calm
-            easing.type: Easing.OutCubic
-        }
-        readonly property int away: (Theme.rightToLeft ? -1 : 1) * width
+        StackView {
+            id: view
+            anchors.fill: parent
+            focus: true
 
-        pushEnter: Transition {
-            Slide {
-                from: view.away
-                to: 0
+            component Slide: NumberAnimation {
+                property: "x"
+                duration: Theme.calm
+                easing.type: Easing.OutCubic
             }
-        }
-        pushExit: Transition {
-            Slide {
-                from: 0
-                to: -view.away * 0.3
+            readonly property int away: (Theme.rightToLeft ? -1 : 1) * width
+
+            pushEnter: Transition {
+                Slide {
+                    from: view.away
+                    to: 0
+                }
             }
-        }
-        popEnter: Transition {
-            Slide {
-                from: -view.away * 0.3
-                to: 0
+            pushExit: Transition {
+                Slide {
+                    from: 0
+                    to: -view.away * 0.3
+                }
             }
-        }
-        popExit: Transition {
-            Slide {
-                from: 0
-                to: view.away
+            popEnter: Transition {
+                Slide {
+                    from: -view.away * 0.3
+                    to: 0
+                }
             }
+            popExit: Transition {
+                Slide {
+                    from: 0
+                    to: view.away
+                }
+            }
+            onCurrentItemChanged: if (currentItem)
+                currentItem.forceActiveFocus()
         }
-        onCurrentItemChanged: if (currentItem)
-            currentItem.forceActiveFocus()
     }
     PanelSheet {
+        id: panel
         anchors.fill: parent
         panel: root.stack?.panel ?? null
     }
