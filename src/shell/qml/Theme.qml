@@ -52,6 +52,7 @@ QtObject {
     function digits(number: string): string {
         return number.replace(/[0-9]/g, digit => String.fromCodePoint(zero.codePointAt(0) + Number(digit)))
     }
+    // By recursion: the compiler of Qt 6.4 crashes on a loop over a typed item.
     function isWithin(ancestor: Item, item: Item): bool {
         return item !== null && (item === ancestor || isWithin(ancestor, item.parent))
     }
