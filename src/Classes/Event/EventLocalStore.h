@@ -41,10 +41,6 @@ struct LoadedPackage;
 inline constexpr const char* EventLocalStoreDidUpdateNotification = "EventLocalStoreDidUpdateNotification";
 inline constexpr const char* EventLocalStoreUpdatedKey = "updated";
 inline constexpr const char* EventLocalStoreRemovedKey = "removed";
-/// Posted on the writing thread when changes could not be brought to the disk; memory keeps them. User info "reason":
-/// the system's words for why.
-inline constexpr const char* EventLocalStoreDidFailToWriteNotification = "EventLocalStoreDidFailToWriteNotification";
-inline constexpr const char* EventLocalStoreReasonKey = "reason";
 
 class EventLocalStore final : public CCFilesKeyStore, public CCSyncKeyStore, public CCFilesKeyStoreDelegate {
 public:

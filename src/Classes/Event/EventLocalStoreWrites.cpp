@@ -4,6 +4,7 @@
 #include "Classes/Event/EventLocalStore.h"
 #include "Classes/Event/EventStoreHelper.h"
 #include "Classes/Event/HHEvent.h"
+#include "platform/FailedSave.h"
 #include "platform/FileSystem.h"
 #include "platform/Log.h"
 #include "platform/NotificationCenter.h"
@@ -54,12 +55,7 @@ std::vector<Result<>> EventLocalStore::writeTogether(const std::vector<Write>& w
 
 void EventLocalStore::tellFailure(const std::vector<Result<>>& results) {
     const auto failed = std::ranges::find_if(results, [](const auto& result) { return !result.has_value(); });
-    if (failed == results.end()) return;
-    const Error& error = failed->error();
-    const auto reason = error.userInfo.find("reason");
-    environment().notifications().post(
-        EventLocalStoreDidFailToWriteNotification, storeIdentity(*this),
-        {{EventLocalStoreReasonKey, reason != error.userInfo.end() ? reason->second : error.description()}});
+    if (failed != results.end()) tellFailedSave(environment(), storeIdentity(*this), failed->error());
 }
 
 void EventLocalStore::retryFailedWrites() {

@@ -9,6 +9,7 @@
 
 #include "Classes/Category/ImageEventIconPicture.h"
 #include "EventStoreDevice.h"
+#include "platform/FailedSave.h"
 #include "platform/linux/AsioQueues.h"
 #include "support/FaultFileSystem.h"
 
@@ -269,8 +270,8 @@ TEST(EventLocalStoreFaults, WhatCouldNotBeWrittenIsToldAndWrittenWhenThereIsRoom
     ASSERT_TRUE(store.flush());
     std::vector<Object> reasons;
     const auto observation = device.environment->notifications().addObserver(
-        EventLocalStoreDidFailToWriteNotification,
-        [&](const Notification& told) { reasons.push_back(told.userInfo.at(EventLocalStoreReasonKey)); });
+        DidFailToSaveNotification,
+        [&](const Notification& told) { reasons.push_back(told.userInfo.at(FailedSaveCodeKey)); });
     files->failOperation(1, EROFS);
     store.removeEvent(store.eventByIdentifier("removed"));
     EXPECT_FALSE(store.flush());
@@ -285,8 +286,8 @@ TEST(EventLocalStoreFaults, WhatCouldNotBeWrittenIsToldAndWrittenWhenThereIsRoom
     EXPECT_EQ(device.nameOnDisk("changed"), "new");
     EXPECT_FALSE(files->exists(joinPath(store.directory(), "removed.evn")));
     ASSERT_GE(reasons.size(), 2U);
-    EXPECT_EQ(reasons.front(), Object("Read-only file system"));
-    EXPECT_EQ(reasons.back(), Object("No space left on device"));
+    EXPECT_EQ(reasons.front(), Object(EROFS));
+    EXPECT_EQ(reasons.back(), Object(ENOSPC));
     const std::size_t done = files->operationCount();
     store.retryFailedWrites();
     EXPECT_TRUE(store.flush());

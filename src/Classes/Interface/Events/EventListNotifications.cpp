@@ -5,13 +5,13 @@
 #include "Classes/Event/HHEvent.h"
 #include "Classes/Interface/Edit/EventEditViewController.h"
 #include "Classes/Interface/Events/EventListViewController.h"
+#include "Classes/Interface/General/FailedSaveText.h"
 #include "Classes/Interface/List/EventSearch.h"
 #include "Classes/Interface/Screens/Presenter.h"
 #include "Classes/Settings/AppSettings.h"
 #include "alerts/MissedEventsHelper.h"
 #include "platform/Application.h"
-#include "platform/PercentFormat.h"
-#include "platform/Strings.h"
+#include "platform/FailedSave.h"
 #include "sync/CCUbiquityKeyStoreProgressInfo.h"
 
 namespace dayward {
@@ -39,7 +39,7 @@ void EventListViewController::observeStores() {
     };
     using Self = EventListViewController;
     observe(EventLocalStoreDidUpdateNotification, &Self::eventStoreDidUpdate);
-    observe(EventLocalStoreDidFailToWriteNotification, &Self::eventStoreDidFailToWrite);
+    observe(DidFailToSaveNotification, &Self::didFailToSave);
     observe(CategoryLocalStoreDidUpdateNotification, &Self::categoryStoreDidUpdate);
     observe(CCUbiquityKeyStoreStartDownloadingNotification, &Self::ubiquityStoreStartDownloading);
     observe(CCUbiquityKeyStoreProgressDownloadingNotification, &Self::ubiquityStoreProgressDownloading);
@@ -53,12 +53,9 @@ void EventListViewController::observeStores() {
 }
 
 // A change that is in sight and not on the disk would be gone after the next start.
-void EventListViewController::eventStoreDidFailToWrite(const Notification& notification) {
+void EventListViewController::didFailToSave(const Notification& notification) {
     constexpr TimeInterval kShownFor{10};
-    const std::string* const reason = notification.userInfo.at(EventLocalStoreReasonKey).string();
-    if (!isPresented() || reason == nullptr) return;
-    presenter().showNotice(
-        {.text = formatText(localized("Changes are not saved: %@"), {*reason}), .shownFor = kShownFor});
+    if (isPresented()) presenter().showNotice({.text = failedSaveText(notification), .shownFor = kShownFor});
 }
 
 void EventListViewController::observeTimer() {

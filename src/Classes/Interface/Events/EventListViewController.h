@@ -156,7 +156,7 @@ private:
     void eventTableManagerDidSelectItem(const Notification& notification);
     void categoryStoreDidUpdate(const Notification& notification);
     void eventStoreDidUpdate(const Notification& notification);
-    void eventStoreDidFailToWrite(const Notification& notification);
+    void didFailToSave(const Notification& notification);
     void ubiquityStoreStartDownloading(const Notification& notification);
     void ubiquityStoreProgressDownloading(const Notification& notification);
     void ubiquityStoreFinishDownloading(const Notification& notification);

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <cctype>
+#include <cerrno>
 #include <thread>
 
 #include "Classes/Category/CategoryLocalStore.h"
@@ -5,11 +8,13 @@
 #include "Classes/Category/ImageEventBackgroundPicture.h"
 #include "Classes/Category/NamedEventIconPicture.h"
 #include "Classes/Interface/Edit/EventEditViewController.h"
+#include "Classes/Interface/General/FailedSaveText.h"
 #include "Classes/Interface/List/EventTableViewCell.h"
 #include "Classes/Settings/AppSettings.h"
 #include "EventScreensFixture.h"
 #include "alerts/MissedEventsHelper.h"
 #include "platform/DispatchQueue.h"
+#include "platform/FailedSave.h"
 #include "platform/FileSystem.h"
 #include "support/NotificationRecorder.h"
 #include "sync/CCUbiquityKeyStoreProgressInfo.h"
@@ -46,9 +51,27 @@ TEST_F(EventList, TakesUpTheStoresChangesAsRowMessages) {
 
 TEST_F(EventList, SaysThatChangesAreNotSaved) {
     start();
-    environment->notifications().post(EventLocalStoreDidFailToWriteNotification, nullptr,
-                                      {{EventLocalStoreReasonKey, "No space left on device"}});
-    EXPECT_EQ(shell.notice.text, "Changes are not saved: No space left on device");
+    const auto noticeOf = [this](const Error& error) {
+        tellFailedSave(*environment, nullptr, error);
+        return shell.notice.text;
+    };
+    const auto file = [](int code, const char* reason) { return Error{"file", code, {{"reason", reason}}}; };
+    EXPECT_EQ(noticeOf(file(ENOSPC, "No space left on device")), "Changes are not saved: there is no space left");
+    EXPECT_EQ(noticeOf(file(EMLINK, "Too many links")), "Changes are not saved: Too many links")
+        << "in the system's words where there are none of our own";
+    const Error archive{"archive", ENOSPC, {}};
+    EXPECT_EQ(noticeOf(archive), "Changes are not saved: " + archive.description()) << "only a file's code is an errno";
+}
+
+TEST_F(EventList, SaysInTheUsersLanguageWhyChangesAreNotSaved) {
+    const TestEnvironment russian({.locale = "ru_RU"});
+    for (const int code :
+         {ENOSPC, EDQUOT, EACCES, EPERM, EROFS, EIO, ENOENT, ENOTDIR, ENODEV, ENXIO, ENOTCONN, ESTALE}) {
+        const std::string text = failedSaveText(
+            {DidFailToSaveNotification, nullptr, {{FailedSaveCodeKey, code}, {FailedSaveReasonKey, "English"}}});
+        EXPECT_TRUE(text.starts_with("Изменения не сохранены: ")) << text;
+        EXPECT_TRUE(std::ranges::none_of(text, [](unsigned char c) { return std::isalpha(c) != 0; })) << text;
+    }
 }
 
 TEST_F(EventList, ManyChangesAtOnceAreOneReload) {
