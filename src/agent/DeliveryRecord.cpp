@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "agent/DeliveryKey.h"
+#include "platform/DictionaryValue.h"
 #include "platform/FileSystem.h"
 #include "platform/KeyedArchiver.h"
 #include "platform/KeyedUnarchiver.h"
@@ -24,11 +25,6 @@ constexpr const char* notification = "notification";
 constexpr const char* claimant = "claimant";
 }  // namespace Keys
 
-Object valueOf(const Dictionary& dictionary, const char* key) {
-    const auto found = dictionary.find(key);
-    return found == dictionary.end() ? Object() : found->second;
-}
-
 Object encoded(const Delivery& delivery) {
     return Dictionary{{Keys::key, delivery.key},
                       {Keys::notification, objectOfNotification(delivery.notification)},
@@ -41,11 +37,11 @@ std::vector<Delivery> decodedDeliveries(const Object& stored) {
     for (const Object& entry : *stored.array()) {
         const Dictionary* fields = entry.dictionary();
         if (fields == nullptr) continue;
-        const auto key = valueOf(*fields, Keys::key).stringValue();
-        auto notification = notificationOfObject(valueOf(*fields, Keys::notification));
+        const auto key = valueOfKey(*fields, Keys::key).stringValue();
+        auto notification = notificationOfObject(valueOfKey(*fields, Keys::notification));
         if (!key || !notification) continue;
         deliveries.push_back(
-            {*key, *std::move(notification), valueOf(*fields, Keys::claimant).stringValue().value_or("")});
+            {*key, *std::move(notification), valueOfKey(*fields, Keys::claimant).stringValue().value_or("")});
     }
     return deliveries;
 }
@@ -115,13 +111,13 @@ Result<DeliveryRecord::Content> DeliveryRecord::decode() const {
     const Object root =
         TRY(KeyedUnarchiver::unarchiveObjectWithData(bytes, *classes_, KeyedUnarchiver::OnRefusal::fail));
     const Dictionary* fields = root.dictionary();
-    if (fields == nullptr || valueOf(*fields, Keys::version).integer() != kVersion) {
+    if (fields == nullptr || valueOfKey(*fields, Keys::version).integer() != kVersion) {
         return failure("record of deliveries", 0, {{"path", path_}, {"reason", "not of a known version"}});
     }
     Content content;
-    content.recent = decodedDeliveries(valueOf(*fields, Keys::recent));
-    content.earlier = decodedLines(valueOf(*fields, Keys::earlier).stringValue().value_or(""));
-    content.fetched = valueOf(*fields, Keys::fetched).date();
+    content.recent = decodedDeliveries(valueOfKey(*fields, Keys::recent));
+    content.earlier = decodedLines(valueOfKey(*fields, Keys::earlier).stringValue().value_or(""));
+    content.fetched = valueOfKey(*fields, Keys::fetched).date();
     content.limit();
     return content;
 }

@@ -1,5 +1,7 @@
 #include "platform/NotificationArchive.h"
 
+#include "platform/DictionaryValue.h"
+
 namespace dayward {
 
 namespace {
@@ -15,12 +17,6 @@ constexpr const char* kUserInfoKey = "userInfo";
 template <class T>
 void put(Dictionary& dictionary, const char* key, const std::optional<T>& value) {
     if (value) dictionary.insert_or_assign(key, *value);
-}
-
-const Object& field(const Dictionary& dictionary, const char* key) {
-    static const Object kNone;
-    const auto found = dictionary.find(key);
-    return found != dictionary.end() ? found->second : kNone;
 }
 
 }  // namespace
@@ -41,13 +37,14 @@ std::optional<LocalNotification> notificationOfObject(const Object& object) {
     const Dictionary* dictionary = object.dictionary();
     if (dictionary == nullptr) return std::nullopt;
     LocalNotification notification;
-    notification.fireDate = field(*dictionary, kFireDateKey).date();
-    notification.timeZone = field(*dictionary, kTimeZoneKey).stringValue();
-    notification.alertAction = field(*dictionary, kAlertActionKey).stringValue();
-    notification.alertBody = field(*dictionary, kAlertBodyKey).stringValue();
-    notification.soundName = field(*dictionary, kSoundNameKey).stringValue();
-    notification.applicationIconBadgeNumber = field(*dictionary, kBadgeNumberKey).integer();
-    if (const Dictionary* userInfo = field(*dictionary, kUserInfoKey).dictionary()) notification.userInfo = *userInfo;
+    notification.fireDate = valueOfKey(*dictionary, kFireDateKey).date();
+    notification.timeZone = valueOfKey(*dictionary, kTimeZoneKey).stringValue();
+    notification.alertAction = valueOfKey(*dictionary, kAlertActionKey).stringValue();
+    notification.alertBody = valueOfKey(*dictionary, kAlertBodyKey).stringValue();
+    notification.soundName = valueOfKey(*dictionary, kSoundNameKey).stringValue();
+    notification.applicationIconBadgeNumber = valueOfKey(*dictionary, kBadgeNumberKey).integer();
+    const Dictionary* userInfo = valueOfKey(*dictionary, kUserInfoKey).dictionary();
+    if (userInfo != nullptr) notification.userInfo = *userInfo;
     return notification;
 }
 

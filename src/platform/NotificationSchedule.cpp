@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "platform/DictionaryValue.h"
 #include "platform/FileSystem.h"
 #include "platform/KeyedArchiver.h"
 #include "platform/KeyedUnarchiver.h"
@@ -35,14 +36,9 @@ Object encoded(const std::vector<LocalNotification>& notifications) {
     return list;
 }
 
-Object valueOf(const Dictionary& dictionary, const char* key) {
-    const auto found = dictionary.find(key);
-    return found == dictionary.end() ? Object() : found->second;
-}
-
 std::vector<LocalNotification> decodedList(const Dictionary& dictionary, const char* key) {
     std::vector<LocalNotification> list;
-    const Object stored = valueOf(dictionary, key);
+    const Object& stored = valueOfKey(dictionary, key);
     if (stored.array() == nullptr) return list;
     for (const Object& entry : *stored.array()) {
         if (auto notification = notificationOfObject(entry)) list.push_back(*std::move(notification));
@@ -89,15 +85,15 @@ Result<NotificationSchedule::Content> NotificationSchedule::decode(const std::st
     const Object root =
         TRY(KeyedUnarchiver::unarchiveObjectWithData(bytes, *classes_, KeyedUnarchiver::OnRefusal::fail));
     const Dictionary* const fields = root.dictionary();
-    if (fields == nullptr || valueOf(*fields, Keys::version).integer() != kVersion) {
+    if (fields == nullptr || valueOfKey(*fields, Keys::version).integer() != kVersion) {
         return failure("notification schedule", 0, {{"path", path}, {"reason", "not of a known version"}});
     }
     Content content;
     content.scheduled = decodedList(*fields, Keys::scheduled);
     content.snoozed = decodedList(*fields, Keys::snoozed);
     content.withdrawn = decodedList(*fields, Keys::withdrawn);
-    content.badgeNumber = valueOf(*fields, Keys::badgeNumber).integer().value_or(0);
-    content.needsRebuild = valueOf(*fields, Keys::needsRebuild).boolean().value_or(false);
+    content.badgeNumber = valueOfKey(*fields, Keys::badgeNumber).integer().value_or(0);
+    content.needsRebuild = valueOfKey(*fields, Keys::needsRebuild).boolean().value_or(false);
     content.limit();
     return content;
 }

@@ -7,6 +7,7 @@
 #include "alerts/WidgetEvent.h"
 #include "cli/Terminal.h"
 #include "intervals/ISODate.h"
+#include "platform/Markup.h"
 #include "platform/Strings.h"
 
 namespace dayward {
@@ -49,22 +50,6 @@ std::string jsonText(const WidgetContent& content, WidgetType type) {
     return line({{"type", type == WidgetType::selectedEvents ? "selected" : "today"}, {"events", std::move(events)}});
 }
 
-/// Bars read their texts as markup.
-std::string escaped(const std::string& text) {
-    std::string result;
-    for (const char letter : text) {
-        switch (letter) {
-            case '&': result += "&amp;"; break;
-            case '<': result += "&lt;"; break;
-            case '>': result += "&gt;"; break;
-            case '"': result += "&quot;"; break;
-            case '\'': result += "&apos;"; break;
-            default: result += letter;
-        }
-    }
-    return result;
-}
-
 std::string tooltip(const WidgetContent& content) {
     std::string text;
     for (const WidgetRow& row : content.rows) {
@@ -81,11 +66,12 @@ const char* stateOf(const WidgetContent& content) {
     return first.isComing ? "now" : first.isToday ? "today" : "later";
 }
 
+/// Bars read their texts as markup.
 std::string waybarText(const WidgetContent& content, const Rows& rows, const std::string& separator) {
     const char* const state = stateOf(content);
-    return line({{"text", escaped(joined(rows, separator))},
+    return line({{"text", markupOfText(joined(rows, separator))},
                  {"alt", state},
-                 {"tooltip", escaped(tooltip(content))},
+                 {"tooltip", markupOfText(tooltip(content))},
                  {"class", state}});
 }
 

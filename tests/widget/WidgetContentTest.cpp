@@ -57,7 +57,7 @@ TEST_F(WidgetContentTest, NoTextBreaksTheLineOrTheMarkup) {
     const std::string bar = line(WidgetFormat::waybar);
     EXPECT_EQ(bar.find('\n'), std::string::npos);
     EXPECT_EQ(bar.find("<i>"), std::string::npos);
-    EXPECT_NE(bar.find("&lt;i&gt;&quot;&amp;&quot;"), std::string::npos) << bar;
+    EXPECT_NE(bar.find(R"(&lt;i&gt;\"&amp;\"&lt;)"), std::string::npos) << bar;
     EXPECT_EQ(line(WidgetFormat::json).find('\n'), std::string::npos);
 }
 

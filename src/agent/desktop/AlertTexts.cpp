@@ -5,6 +5,7 @@
 #include "platform/Calendar.h"
 #include "platform/DateFormatter.h"
 #include "platform/Environment.h"
+#include "platform/Markup.h"
 #include "platform/NumberFormatter.h"
 #include "platform/PercentFormat.h"
 #include "platform/PluralRules.h"
@@ -43,20 +44,7 @@ std::string timeText(Date date) {
         .stringFromDate(date);
 }
 
-std::string escaped(const std::string& text) {
-    std::string result;
-    for (const char letter : text) {
-        switch (letter) {
-            case '&': result += "&amp;"; break;
-            case '<': result += "&lt;"; break;
-            case '>': result += "&gt;"; break;
-            default: result += letter;
-        }
-    }
-    return result;
-}
-
-std::string inBody(const std::string& text, BodyKind body) { return body == BodyKind::markup ? escaped(text) : text; }
+std::string inBody(const std::string& text, BodyKind body) { return body == BodyKind::markup ? markupOfText(text) : text; }
 
 std::string wordsOf(const DueAlert& alert) { return alert.notification.alertBody.value_or(std::string()); }
 
