@@ -11,7 +11,7 @@ import unittest
 
 import dbus
 
-from desktop import DesktopTest, Service, archived, call, on_bus
+from desktop import DesktopTest, Service, archived, call, home_name, on_bus
 from waiting import wait_for
 
 PROBE = None
@@ -287,10 +287,7 @@ class Application(DisplayTest):
 
     def name(self):
         """The application of the home."""
-        mark = 0xcbf29ce484222325
-        for byte in bytes(self.home / "state"):
-            mark = (mark ^ byte) * 0x100000001b3 % 2 ** 64
-        return f"org.dayward.Dayward.h{mark:016x}"
+        return home_name("Dayward", self.home)
 
     def start_application(self, **methods):
         """One whose methods are these lines of Python."""
