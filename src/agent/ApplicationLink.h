@@ -1,7 +1,8 @@
 // The application of the same home, as the agent reaches it. The agent's thread only; a call waits a second or two.
 #pragma once
 
-#include <string>
+#include <functional>
+#include <vector>
 
 #include "platform/LocalNotification.h"
 #include "platform/Result.h"
@@ -16,8 +17,9 @@ public:
     virtual bool deliver(const LocalNotification& notification) = 0;
     /// Hands over one that the user opened; starts the application where it does not run.
     virtual Result<> open(const LocalNotification& notification) = 0;
-    /// Lets the application do its background fetch; false where it does not run.
-    virtual bool performFetch() = 0;
+    /// Lets the application do its background fetch. `done` is told once, now or later, whether it has: not where it
+    /// does not run, is in sight, could not, or does not answer.
+    virtual void performFetch(std::function<void(bool)> done) = 0;
 };
 
 }  // namespace dayward

@@ -38,8 +38,10 @@ void BackgroundFetch::wake(std::optional<Date> last, bool needsRebuild) {
     isRunning_ = true;
     isRebuild_ = needsRebuild;
     wasRequested_ = std::exchange(isRequested_, false);
-    // The application tells only that it has begun; a rebuild must be known to be done.
-    if (!needsRebuild && parts_.link.performFetch()) return finish(true);
+    parts_.link.performFetch([this](bool isDone) { isDone ? finish(true) : startRefresher(); });
+}
+
+void BackgroundFetch::startRefresher() {
     const auto started = parts_.refresher.start([this](bool worked) { finish(worked); });
     if (started) return;
     logError("notifications: " + started.error().description());

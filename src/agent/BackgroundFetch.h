@@ -1,6 +1,6 @@
-// Keeps the schedule filled: once a day and after a long sleep the application does its background fetch, or, where it
-// does not run, the refresher does the same. Where the schedule is to be rebuilt it is always the refresher, which
-// tells when that is done. The agent's thread only.
+// Keeps the schedule filled: once a day, after a long sleep, and where it is to be rebuilt, the application does its
+// background fetch, or, where that does not, the refresher does the same. It counts as done when it has ended well, and
+// is tried again where it has not, later each time. The agent's thread only.
 #pragma once
 
 #include <functional>
@@ -22,7 +22,7 @@ public:
         const AgentTime& time;
         ApplicationLink& link;
         ScheduleRefresher& refresher;
-        std::function<void(bool isRebuilt)> didFetch;  ///< the schedule is as the events want it, or soon is
+        std::function<void(bool isRebuilt)> didFetch;  ///< the schedule is as the events want it
     };
 
     explicit BackgroundFetch(Parts parts);
@@ -40,6 +40,7 @@ public:
 
 private:
     void noteSleep();
+    void startRefresher();
     void finish(bool worked);
 
     const Parts parts_;

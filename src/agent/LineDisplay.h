@@ -26,7 +26,7 @@ class LineLink final : public ApplicationLink {
 public:
     bool deliver(const LocalNotification&) override { return false; }
     Result<> open(const LocalNotification& notification) override;
-    bool performFetch() override { return false; }
+    void performFetch(std::function<void(bool)> done) override { done(false); }
 };
 
 class LineSurroundings final : public Surroundings {

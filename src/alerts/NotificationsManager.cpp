@@ -208,8 +208,11 @@ Result<> NotificationsManager::performRefresh() {
     const AppBadge::Events events = EventLocalStore::shared().allEvents();
     const Result<> applied = apply(*device, scheduled, nearest(events, roomBeside(shown, *device)));
     AppBadge::showCurrentNumber(events, environment_.now());
+    if (applied) ++refreshCount_;
     return applied;
 }
+
+std::uint64_t NotificationsManager::refreshCount() { return shared().refreshCount_; }
 
 std::vector<LocalNotification> NotificationsManager::wantedNotifications() {
     return nearest(EventLocalStore::shared().allEvents(), LocalNotifications::kMaximumCount);

@@ -8,6 +8,8 @@
 // while its event is there, and takes its place within the limit.
 #pragma once
 
+#include <atomic>
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -46,6 +48,8 @@ public:
     static void refresh();
     /// The same on the calling thread; returns when it is done. An error where the schedule could not be written.
     static Result<> syncRefresh();
+    /// How many refreshes have left the schedule as the events want it, since the program began.
+    [[nodiscard]] static std::uint64_t refreshCount();
     /// What a refresh would schedule: the first notifications of all events and of the badge, by fire date.
     [[nodiscard]] static std::vector<LocalNotification> wantedNotifications();
 
@@ -76,6 +80,7 @@ private:
     std::weak_ptr<NotificationPresenter> presenter_ DAYWARD_GUARDED_BY(mutex_);
     std::vector<NotificationCenter::Observation> observations_ DAYWARD_GUARDED_BY(mutex_);
     Mutex changeMutex_;  ///< from reading the events to the change of the schedule
+    std::atomic<std::uint64_t> refreshCount_ = 0;
     CCDelayedOperation batch_;
 };
 

@@ -106,10 +106,12 @@ void Life::serve(NotificationPort& port) {
         options.localNotification = notification;
         application_.open(options);
     };
-    handlers.fetch = [this] {
-        const bool isAway = application_.applicationState() == ApplicationState::background;
-        if (isAway) application_.performFetch();
-        return isAway;
+    handlers.fetch = [this](std::function<void(bool)> done) {
+        if (application_.applicationState() != ApplicationState::background) return done(false);
+        const std::uint64_t before = NotificationsManager::refreshCount();
+        application_.performFetch([done = std::move(done), before](BackgroundFetchResult) {
+            done(NotificationsManager::refreshCount() != before);
+        });
     };
     port.setHandlers(std::move(handlers));
 }

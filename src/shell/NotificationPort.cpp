@@ -1,6 +1,7 @@
 #include "shell/NotificationPort.h"
 
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <chrono>
 #include <utility>
 
@@ -51,7 +52,15 @@ void NotificationPort::Open(const QString& home, const QByteArray& notification,
     opened_.push_back(*opened);
 }
 
-bool NotificationPort::Fetch(const QString& home) { return isOwn(home) && handlers_.fetch && handlers_.fetch(); }
+bool NotificationPort::Fetch(const QString& home) {
+    if (!isOwn(home) || !handlers_.fetch) return false;
+    setDelayedReply(true);
+    handlers_.fetch([this, asked = message()](bool isDone) {
+        const auto answer = [asked, isDone] { QDBusConnection::sessionBus().send(asked.createReply(isDone)); };
+        QMetaObject::invokeMethod(this, answer, Qt::QueuedConnection);
+    });
+    return false;  // nobody's answer
+}
 
 bool NotificationPort::isOwn(const QString& home) {
     if (home.toStdString() == directory_) return true;

@@ -22,7 +22,8 @@ public:
     struct Handlers {
         std::function<bool(const LocalNotification&)> deliver;  ///< whether the application shows it
         std::function<void(const LocalNotification&)> open;
-        std::function<bool()> fetch;  ///< whether it fetches
+        /// Does the background fetch, and tells once, on any thread, whether it is done.
+        std::function<void(std::function<void(bool)>)> fetch;
     };
 
     /// `directory` is the home's state directory.
@@ -39,6 +40,7 @@ public slots:
     /// Until the deadline, microseconds of the monotonic clock; later the agent shows it.
     bool Deliver(const QString& home, const QByteArray& notification, qulonglong deadline);
     void Open(const QString& home, const QByteArray& notification, const QVariantMap& platformData);
+    /// Answered when the fetch has ended: whether it is done.
     bool Fetch(const QString& home);
 
 private:

@@ -79,13 +79,16 @@ public:
         opened.push_back(notification);
         return {};
     }
-    bool performFetch() override {
+    void performFetch(std::function<void(bool)> done) override {
         if (whileAsked) whileAsked();
-        fetches += isRunning ? 1 : 0;
-        return isRunning;
+        if (!isRunning) return done(false);
+        ++fetches;
+        isSlow ? void(finishFetch = std::move(done)) : done(true);
     }
 
     bool isInFront = false, isRunning = false;
+    bool isSlow = false;  ///< a fetch ends when the test says so
+    std::function<void(bool)> finishFetch;
     std::function<void()> whileAsked;
     int fetches = 0;
     std::vector<std::string> delivered;

@@ -243,7 +243,7 @@ TEST_F(AgentTest, ABrokenScheduleIsRebuiltOnce) {
     EXPECT_EQ(refresher.starts, 2);
 }
 
-TEST_F(AgentTest, WhatBreaksDuringAFetchIsRebuiltByAProgramOnceThatIsDone) {
+TEST_F(AgentTest, WhatBreaksDuringAFetchIsRebuiltOnceThatIsDone) {
     const auto breakSchedule = [&] {
         files->store(std::string(kDirectory) + "/" + NotificationSchedule::kFileName, Data{1});
     };
@@ -259,15 +259,49 @@ TEST_F(AgentTest, WhatBreaksDuringAFetchIsRebuiltByAProgramOnceThatIsDone) {
     refresher.finish(true);
     wake();
     EXPECT_FALSE(content().needsRebuild);
-    link.isRunning = true;
+    link.isRunning = link.isSlow = true;
     breakSchedule();
     wake();
-    EXPECT_EQ(link.fetches, 0) << "the application would only tell that it has begun";
-    ASSERT_EQ(refresher.starts, 3);
+    EXPECT_EQ(link.fetches, 1);
     EXPECT_TRUE(content().needsRebuild);
-    refresher.finish(true);
+    link.finishFetch(true);
     wake();
     EXPECT_FALSE(content().needsRebuild);
+}
+
+TEST_F(AgentTest, AFetchOfTheApplicationIsDoneWhenItHasEnded) {
+    link.isSlow = true;
+    add({in(10 * kDay, "a")});
+    wake();
+    EXPECT_TRUE(agent->isFetching());
+    EXPECT_EQ(record.read()->fetched, std::nullopt);
+    time.pass(30);
+    link.finishFetch(true);
+    wake();
+    EXPECT_EQ(record.read()->fetched, time.now());
+    EXPECT_EQ(refresher.starts, 0);
+
+    time.pass(kDay);
+    wake();
+    EXPECT_EQ(link.fetches, 2);
+    link.finishFetch(false);
+    ASSERT_EQ(refresher.starts, 1) << "what it could not do, the program does";
+    refresher.finish(false);
+    wake();
+    EXPECT_EQ(link.fetches, 2);
+    const TimeInterval first = agent->retryAfter().value();
+    time.pass(first.seconds());
+    wake();
+    EXPECT_EQ(link.fetches, 3);
+    link.finishFetch(false);
+    refresher.finish(false);
+    EXPECT_GT(agent->retryAfter().value(), first);
+    time.pass(agent->retryAfter()->seconds());
+    wake();
+    link.finishFetch(true);
+    wake();
+    EXPECT_EQ(agent->retryAfter(), std::nullopt);
+    EXPECT_EQ(record.read()->fetched, time.now());
 }
 
 }  // namespace

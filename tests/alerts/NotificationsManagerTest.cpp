@@ -236,6 +236,17 @@ TEST_F(NotificationsManagerTest, WhatTheUserPutOffHasAPlaceOfItsOwn) {
     EXPECT_EQ(device->changes(), 1);
 }
 
+TEST_F(NotificationsManagerTest, ARefreshCountsWhenTheDeviceHasTakenIt) {
+    addDays(1);
+    device->setBroken(true);
+    EXPECT_FALSE(NotificationsManager::syncRefresh());
+    EXPECT_EQ(NotificationsManager::refreshCount(), 0u);
+    device->setBroken(false);
+    EXPECT_TRUE(NotificationsManager::syncRefresh());
+    EXPECT_TRUE(NotificationsManager::syncRefresh());
+    EXPECT_EQ(NotificationsManager::refreshCount(), 2u);
+}
+
 TEST_F(NotificationsManagerTest, TheBadgesNotificationsShareTheLimitAndItsNumberIsSet) {
     addDays(100);
     AppBadge::setType(BadgeType::daysBeforeEvent);

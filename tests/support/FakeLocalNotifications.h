@@ -28,6 +28,7 @@ public:
     Result<> change(const std::vector<LocalNotification>& cancelled,
                     const std::vector<LocalNotification>& scheduled) override {
         const Lock lock(mutex_);
+        if (isBroken_) return failure("device");
         for (const LocalNotification& one : cancelled) std::erase(scheduled_, one);
         for (const LocalNotification& one : scheduled) {
             if (std::ranges::find(scheduled_, one) == scheduled_.end()) scheduled_.push_back(one);
@@ -52,6 +53,11 @@ public:
         const Lock lock(mutex_);
         snoozed_.push_back(notification);
     }
+    /// It takes no change from now on, or takes them again.
+    void setBroken(bool isBroken) {
+        const Lock lock(mutex_);
+        isBroken_ = isBroken;
+    }
     /// What has fired leaves the schedule.
     void fireUntil(Date now) {
         const Lock lock(mutex_);
@@ -73,6 +79,7 @@ private:
     std::vector<LocalNotification> scheduled_, snoozed_ DAYWARD_GUARDED_BY(mutex_);
     std::int64_t badge_ DAYWARD_GUARDED_BY(mutex_) = 0;
     int changes_ DAYWARD_GUARDED_BY(mutex_) = 0;
+    bool isBroken_ DAYWARD_GUARDED_BY(mutex_) = false;
 };
 
 }  // namespace dayward

@@ -114,20 +114,25 @@ Result<> DBusApplicationLink::startProgram(const LocalNotification& notification
     return startDetached(command, variables);
 }
 
-bool DBusApplicationLink::performFetch() {
+void DBusApplicationLink::performFetch(std::function<void(bool)> done) {
     const std::string owner = bus_.ownerOf(name_);
-    if (owner.empty()) return false;
-    const auto began = onBus("Fetch", [&] {
-        bool hasBegun = false;
-        sdbus::createProxy(bus_.connection(), owner, kPath)
-            ->callMethod("Fetch")
+    if (owner.empty()) return done(false);
+    const auto sent = onBus("Fetch", [&] {
+        const std::shared_ptr<sdbus::IProxy> proxy = sdbus::createProxy(bus_.connection(), owner, kPath);
+        const auto answered = [this, proxy, done](const sdbus::Error* error, bool isDone) {
+            if (error != nullptr) logDebug([&] { return busFailure("Fetch", *error).error().description(); });
+            // The proxy may not go while it calls this.
+            bus_.later([proxy, done, isDone = error == nullptr && isDone] { done(isDone); });
+        };
+        proxy->callMethodAsync("Fetch")
             .onInterface(kInterface)
-            .withTimeout(microseconds(SessionBus::kPatience))
+            .withTimeout(microseconds(kTimeToFetch))
             .withArguments(parts_.home.directory)
-            .storeResultsTo(hasBegun);
-        return hasBegun;
+            .uponReplyInvoke(answered);
     });
-    return began.value_or(false);
+    if (sent) return;
+    logError(sent.error().description());
+    done(false);
 }
 
 }  // namespace dayward

@@ -15,6 +15,8 @@ class DBusApplicationLink final : public ApplicationLink {
 public:
     /// An application that answers later than this shows nothing of what it was handed, for the agent does.
     static constexpr TimeInterval kTimeToShow{1};
+    /// An application that has not fetched by then is not waited for.
+    static constexpr TimeInterval kTimeToFetch{120};
 
     struct Parts {
         BusHome home;
@@ -27,7 +29,7 @@ public:
 
     bool deliver(const LocalNotification& notification) override;
     Result<> open(const LocalNotification& notification) override;
-    bool performFetch() override;
+    void performFetch(std::function<void(bool)> done) override;
 
 private:
     Result<> handOver(const std::string& owner, const LocalNotification& notification, const std::string& token);

@@ -203,10 +203,10 @@ void DesktopApplication::scheduleFetch(std::uint64_t stay) {
     });
 }
 
-void DesktopApplication::performFetch() {
+void DesktopApplication::performFetch(ApplicationDelegate::FetchCompletion completion) {
     if (applicationState() != ApplicationState::background) return;
     setTime(kTimeForFetch);
-    delegate_->performFetchWithCompletionHandler(*this, [](BackgroundFetchResult) {});
+    delegate_->performFetchWithCompletionHandler(*this, std::move(completion));
 }
 
 // The schedule is changed at once: the steps of a flush rely on their order.

@@ -69,8 +69,8 @@ public:
     void open(const LaunchOptions& options);
     /// A notification fired while the program runs.
     void notificationDidFire(const LocalNotification& notification);
-    /// Gives the delegate time for a fetch; does nothing while in sight.
-    void performFetch();
+    /// Gives the delegate time for a fetch, whose end is told on any thread; does nothing while in sight.
+    void performFetch(ApplicationDelegate::FetchCompletion completion = [](BackgroundFetchResult) {});
     /// Runs the block on the main queue as soon as no background task that has time left is running: the
     /// moment to end the process, or to let the machine sleep.
     void whenBackgroundTasksEnd(std::function<void()> block);

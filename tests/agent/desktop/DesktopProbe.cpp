@@ -105,7 +105,7 @@ void perform(const Parts& parts, const Words& words) {
     DesktopDisplay& display = parts.display;
     if (words[0] == "deliver") say(parts.link.deliver(notificationOf(words)) ? "delivered" : "not delivered");
     if (words[0] == "open") tell("opened", parts.link.open(notificationOf(words)));
-    if (words[0] == "fetch") say(parts.link.performFetch() ? "fetches" : "does not fetch");
+    if (words[0] == "fetch") parts.link.performFetch([](bool isDone) { say(isDone ? "fetched" : "did not fetch"); });
     if (words[0] == "show") show(display, words);
     if (words[0] == "digest") showDigest(display, words);
     if (words[0] == "withdraw") display.withdraw(words.at(1));
