@@ -15,11 +15,7 @@ void Unwritten::applyTo(DeliveryRecord::Content& record, const std::string& clai
 }
 
 void Unwritten::applyTo(NotificationSchedule::Content& schedule) const {
-    for (const LocalNotification& notification : snoozed) {
-        if (std::ranges::find(schedule.snoozed, notification) == schedule.snoozed.end()) {
-            schedule.snoozed.push_back(notification);
-        }
-    }
+    for (const LocalNotification& notification : snoozed) schedule.snooze(notification);
     for (const LocalNotification& notification : withdrawn) std::erase(schedule.withdrawn, notification);
     if (isRebuilt) schedule.needsRebuild = false;
 }

@@ -42,6 +42,12 @@ bool isBeingShown(const LocalNotification& notification, const Environment& envi
            EventLocalStore::shared().eventByIdentifier(eventIdentifier(notification)) != nullptr;
 }
 
+bool isAhead(const LocalNotification& notification) {
+    const Environment& environment = Environment::current();
+    const auto due = dueDate(notification, environment.timeZone());
+    return due && *due > environment.now();
+}
+
 /// Takes what is being shown out of the schedule.
 Notifications takeShown(Notifications& scheduled) {
     const Environment& environment = Environment::current();
@@ -185,9 +191,30 @@ void NotificationsManager::performBatch() {
     }
     LocalNotifications* device = environment_.localNotifications();
     if (device == nullptr || targets.empty()) return;
+    const Batch batch = batchOf(targets);
+    moveSnoozed(*device, batch.owners);
     Notifications scheduled = device->scheduledLocalNotifications();
     const Notifications shown = takeShown(scheduled);
-    (void)apply(*device, scheduled, carriedOut(batchOf(targets), scheduled, roomBeside(shown, *device)));
+    (void)apply(*device, scheduled, carriedOut(batch, scheduled, roomBeside(shown, *device)));
+}
+
+void NotificationsManager::moveSnoozed(LocalNotifications& device, const std::set<std::string>& owners) {
+    Notifications removed, restored;
+    const auto isThere = [](const std::string& owner) {
+        return EventLocalStore::shared().eventByIdentifier(owner) != nullptr;
+    };
+    for (const LocalNotification& notification : device.snoozedLocalNotifications()) {
+        const auto owner = eventIdentifier(notification);
+        if (!owner || !owners.contains(*owner) || isThere(*owner)) continue;
+        removed.push_back(notification);
+        snoozedOfRemoved_[*owner].push_back(notification);
+    }
+    for (const std::string& owner : owners) {
+        if (!isThere(owner)) continue;
+        const auto kept = snoozedOfRemoved_.extract(owner);
+        if (kept) std::ranges::copy_if(kept.mapped(), std::back_inserter(restored), isAhead);
+    }
+    if (!removed.empty() || !restored.empty()) (void)device.changeSnoozed(removed, restored);
 }
 
 void NotificationsManager::refresh() {

@@ -5,12 +5,16 @@
 // after the other. Nothing is scheduled where the environment has no device for it.
 //
 // What is due but has not been shown yet is the device's affair: it is neither cancelled nor scheduled again
-// while its event is there, and takes its place within the limit.
+// while its event is there, and takes its place within the limit. What the user put off goes with its event, and comes
+// back where the event does while the process lives; other changes of the event leave it.
 #pragma once
 
 #include <atomic>
 #include <cstdint>
+#include <map>
 #include <memory>
+#include <set>
+#include <string>
 #include <vector>
 
 #include "Submodules/CorpLibrary2/Foundation/CCDelayedOperation.h"
@@ -23,6 +27,7 @@
 namespace dayward {
 
 class Environment;
+class LocalNotifications;
 class NotificationPresenter;
 
 class NotificationsManager {
@@ -70,6 +75,7 @@ private:
     void add(NotificationTarget target);
     void registerOnce();
     void performBatch();
+    void moveSnoozed(LocalNotifications& device, const std::set<std::string>& owners) DAYWARD_REQUIRES(changeMutex_);
     Result<> performRefresh();
     void show(const LocalNotification& notification);
 
@@ -80,6 +86,8 @@ private:
     std::weak_ptr<NotificationPresenter> presenter_ DAYWARD_GUARDED_BY(mutex_);
     std::vector<NotificationCenter::Observation> observations_ DAYWARD_GUARDED_BY(mutex_);
     Mutex changeMutex_;  ///< from reading the events to the change of the schedule
+    /// What went with events that were removed, by their identifiers.
+    std::map<std::string, std::vector<LocalNotification>> snoozedOfRemoved_ DAYWARD_GUARDED_BY(changeMutex_);
     std::atomic<std::uint64_t> refreshCount_ = 0;
     CCDelayedOperation batch_;
 };

@@ -26,7 +26,7 @@ public:
     virtual void registerUserNotificationSettings(UserNotificationTypes types) = 0;
     /// What is still to fire, by fire date.
     [[nodiscard]] virtual std::vector<LocalNotification> scheduledLocalNotifications() = 0;
-    /// Alerts that the user put off, by fire date. They take places of the schedule, but are nobody's to change.
+    /// Alerts that the user put off, by fire date. They take places of the schedule.
     [[nodiscard]] virtual std::vector<LocalNotification> snoozedLocalNotifications() = 0;
     /// One that equals a scheduled one changes nothing.
     virtual void scheduleLocalNotification(const LocalNotification& notification) = 0;
@@ -35,6 +35,11 @@ public:
     /// Cancels and schedules several as one change, which other processes see whole or not at all. The error is logged.
     virtual Result<> change(const std::vector<LocalNotification>& cancelled,
                         const std::vector<LocalNotification>& scheduled) = 0;
+
+    /// Takes some that the user put off away and brings others back, as one change: their event goes, or comes back. One
+    /// that equals a snoozed one changes nothing. The error is logged.
+    virtual Result<> changeSnoozed(const std::vector<LocalNotification>& removed,
+                                   const std::vector<LocalNotification>& restored) = 0;
 
     /// The number on the program's icon; 0 is none.
     [[nodiscard]] virtual std::int64_t applicationIconBadgeNumber() = 0;

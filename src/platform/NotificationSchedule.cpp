@@ -53,6 +53,10 @@ void NotificationSchedule::Content::schedule(const LocalNotification& notificati
     scheduled.insert(std::ranges::upper_bound(scheduled, order(notification), {}, order), notification);
 }
 
+void NotificationSchedule::Content::snooze(const LocalNotification& notification) {
+    if (std::ranges::find(snoozed, notification) == snoozed.end()) snoozed.push_back(notification);
+}
+
 void NotificationSchedule::Content::cancel(const LocalNotification& notification) {
     const auto isMeant = [&](const LocalNotification& other) {
         return notification.fireDate ? other == notification : other.userInfo == notification.userInfo;

@@ -28,13 +28,15 @@ public:
 
     struct Content {
         std::vector<LocalNotification> scheduled;  ///< by fire date, those without one last
-        std::vector<LocalNotification> snoozed;    ///< put off by the user; nobody else's to change
+        std::vector<LocalNotification> snoozed;    ///< put off by the user
         std::vector<LocalNotification> withdrawn;  ///< cancelled after they may have been shown; to be taken out of sight
         std::int64_t badgeNumber = 0;
         bool needsRebuild = false;  ///< the file was damaged or gone: what the events want is to be scheduled anew
 
         /// One that equals a scheduled one changes nothing.
         void schedule(const LocalNotification& notification);
+        /// One that equals a snoozed one changes nothing.
+        void snooze(const LocalNotification& notification);
         /// Without a fire date it means every one with the same user info.
         void cancel(const LocalNotification& notification);
         /// Refuses what is too much, latest first.

@@ -236,6 +236,38 @@ TEST_F(NotificationsManagerTest, WhatTheUserPutOffHasAPlaceOfItsOwn) {
     EXPECT_EQ(device->changes(), 1);
 }
 
+TEST_F(NotificationsManagerTest, WhatTheUserPutOffGoesWithItsEventAndComesBackWithIt) {
+    NotificationsManager::followStore();
+    addDays(2);
+    const auto event = store().eventByIdentifier("001");
+    for (const char* time : {"2026-03-10T12:10:00", "2026-03-10T13:00:00"}) {
+        LocalNotification snoozed;
+        snoozed.fireDate = at(time);
+        setEventIdentifier(snoozed, "001");
+        device->snooze(snoozed);
+    }
+    LocalNotification others;
+    others.fireDate = at("2026-03-10T12:20:00");
+    setEventIdentifier(others, "002");
+    device->snooze(others);
+    event->setDate(at("2026-05-01"));
+    store().updateEvent(event);
+    waitForBatch();
+    EXPECT_THAT(device->snoozedLocalNotifications(), SizeIs(3)) << "another date changes nothing of it";
+    store().removeEvent(event);
+    waitForBatch();
+    EXPECT_THAT(device->snoozedLocalNotifications(), ElementsAre(others));
+    environment.clock->set(at("2026-03-10T12:15:00"));
+    store().updateEvent(event);
+    waitForBatch();
+    EXPECT_THAT(lines(device->snoozedLocalNotifications()), ElementsAre("2026-03-10T12:20:00 ", "2026-03-10T13:00:00 "))
+        << "what would have fired meanwhile does not come";
+    store().removeEvent(event);
+    store().updateEvent(event);
+    waitForBatch();
+    EXPECT_THAT(device->snoozedLocalNotifications(), SizeIs(2));
+}
+
 TEST_F(NotificationsManagerTest, ARefreshCountsWhenTheDeviceHasTakenIt) {
     addDays(1);
     device->setBroken(true);

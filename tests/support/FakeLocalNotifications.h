@@ -38,6 +38,14 @@ public:
         ++changes_;
         return {};
     }
+    Result<> changeSnoozed(const std::vector<LocalNotification>& removed,
+                           const std::vector<LocalNotification>& restored) override {
+        const Lock lock(mutex_);
+        for (const LocalNotification& one : removed) std::erase(snoozed_, one);
+        snoozed_.insert(snoozed_.end(), restored.begin(), restored.end());
+        ++changes_;
+        return {};
+    }
     std::int64_t applicationIconBadgeNumber() override {
         const Lock lock(mutex_);
         return badge_;

@@ -35,6 +35,14 @@ Result<> ScheduledNotifications::change(const std::vector<LocalNotification>& ca
     });
 }
 
+Result<> ScheduledNotifications::changeSnoozed(const std::vector<LocalNotification>& removed,
+                                               const std::vector<LocalNotification>& restored) {
+    return edit([&](NotificationSchedule::Content& content) {
+        for (const LocalNotification& notification : removed) std::erase(content.snoozed, notification);
+        for (const LocalNotification& notification : restored) content.snooze(notification);
+    });
+}
+
 std::int64_t ScheduledNotifications::applicationIconBadgeNumber() { return content().badgeNumber; }
 
 void ScheduledNotifications::setApplicationIconBadgeNumber(std::int64_t number) {

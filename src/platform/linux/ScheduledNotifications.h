@@ -18,6 +18,8 @@ public:
     void cancelLocalNotification(const LocalNotification& notification) override { (void)change({notification}, {}); }
     Result<> change(const std::vector<LocalNotification>& cancelled,
                     const std::vector<LocalNotification>& scheduled) override;
+    Result<> changeSnoozed(const std::vector<LocalNotification>& removed,
+                           const std::vector<LocalNotification>& restored) override;
     [[nodiscard]] std::int64_t applicationIconBadgeNumber() override;
     void setApplicationIconBadgeNumber(std::int64_t number) override;
 
