@@ -4,6 +4,7 @@
 #include <functional>
 #include <vector>
 
+#include "agent/NotificationDisplay.h"
 #include "platform/LocalNotification.h"
 #include "platform/Result.h"
 
@@ -15,6 +16,8 @@ public:
 
     /// Hands over one that fires now. True where the application is in front and shows it by itself.
     virtual bool deliver(const LocalNotification& notification) = 0;
+    /// The same for several as one, in their order.
+    virtual bool deliverDigest(const std::vector<DueAlert>& alerts) = 0;
     /// Hands over one that the user opened; starts the application where it does not run.
     virtual Result<> open(const LocalNotification& notification) = 0;
     /// Lets the application do its background fetch. `done` is told once, now or later, whether it has: not where it

@@ -191,13 +191,19 @@ void Deliverer::show() {
     Result<> shown;
     if (late.size() < kFewestOfDigest) {
         alerts.insert(alerts.begin(), late.begin(), late.end());
-    } else if ((shown = parts_.display.showDigest(late))) {
-        noteShown(late);
+    } else {
+        shown = showDigest(late);
     }
     if (shown) shown = showEach(alerts);
     if (shown) return displayAgain_.succeed();
     if (displayAgain_.failures() == 0) logError("notifications: " + shown.error().description());
     displayAgain_.fail(parts_.time.elapsed());
+}
+
+Result<> Deliverer::showDigest(const std::vector<DueAlert>& alerts) {
+    if (!parts_.link.deliverDigest(alerts)) TRY_VOID(parts_.display.showDigest(alerts));
+    noteShown(alerts);
+    return {};
 }
 
 /// In their order: where one cannot be shown, those behind it wait. Each is marked before the next is shown, so that a

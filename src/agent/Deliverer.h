@@ -72,6 +72,7 @@ private:
     [[nodiscard]] std::vector<std::string> keysOf(const LocalNotification& cancelled) const;
     [[nodiscard]] std::vector<DueAlert> pending() const;
     void show();
+    Result<> showDigest(const std::vector<DueAlert>& alerts);
     Result<> showEach(const std::vector<DueAlert>& alerts);
     void noteShown(const std::vector<DueAlert>& alerts);
     void watchOthers();

@@ -25,6 +25,7 @@ public:
 class LineLink final : public ApplicationLink {
 public:
     bool deliver(const LocalNotification&) override { return false; }
+    bool deliverDigest(const std::vector<DueAlert>&) override { return false; }
     Result<> open(const LocalNotification& notification) override;
     void performFetch(std::function<void(bool)> done) override { done(false); }
 };

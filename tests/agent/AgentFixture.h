@@ -37,6 +37,12 @@ private:
     TimeZone zone_ = TimeZone::utc();
 };
 
+inline std::string bodies(const std::vector<DueAlert>& alerts) {
+    std::string line = "[";
+    for (const DueAlert& alert : alerts) line += (line.size() > 1 ? " " : "") + alert.notification.alertBody.value();
+    return line + "]";
+}
+
 /// Writes down what it is asked to do: bodies, a digest's in brackets.
 class ListingDisplay final : public NotificationDisplay {
 public:
@@ -49,12 +55,8 @@ public:
     }
     Result<> showDigest(const std::vector<DueAlert>& alerts) override {
         if (isBroken) return failure("display");
-        std::string line = "[";
-        for (const DueAlert& alert : alerts) {
-            line += (line.size() > 1 ? " " : "") + alert.notification.alertBody.value();
-            keys.insert(alert.key);
-        }
-        lines.push_back(line + "]");
+        for (const DueAlert& alert : alerts) keys.insert(alert.key);
+        lines.push_back(bodies(alerts));
         return {};
     }
     void withdraw(const std::string& key) override { withdrawn.push_back(key); }
@@ -73,6 +75,10 @@ class ListingLink final : public ApplicationLink {
 public:
     bool deliver(const LocalNotification& notification) override {
         if (isInFront) delivered.push_back(notification.alertBody.value());
+        return isInFront;
+    }
+    bool deliverDigest(const std::vector<DueAlert>& alerts) override {
+        if (isInFront) delivered.push_back(bodies(alerts));
         return isInFront;
     }
     Result<> open(const LocalNotification& notification) override {

@@ -104,11 +104,17 @@ TEST_F(DelivererTest, WhatIsSilentSetsTheBadge) {
 }
 
 TEST_F(DelivererTest, TheApplicationInFrontShowsItByItself) {
-    add({in(1, "a"), in(2, "b")});
+    add({in(1, "a"), in(10, "c"), in(20, "d"), in(30, "e"), in(101, "b")});
     link.isInFront = true;
     time.pass(1);
     EXPECT_THAT(wake(), IsEmpty());
     EXPECT_THAT(link.delivered, ElementsAre("a"));
+    time.jump(99);
+    EXPECT_THAT(wake(), IsEmpty());
+    EXPECT_THAT(link.delivered, ElementsAre("a", "[c d e]"));
+    start();
+    EXPECT_THAT(wake(), IsEmpty());
+    EXPECT_THAT(link.delivered, SizeIs(2));
     link.isInFront = false;
     time.pass(1);
     EXPECT_THAT(wake(), ElementsAre("b"));

@@ -65,7 +65,7 @@ AgentDesktop::AgentDesktop(const Options& options, const AgentTime& time, std::u
         *bus_, DesktopDisplay::Options{applicationBusName(home_), willShow, bubblesPath(home_)});
     link_ = std::make_unique<DBusApplicationLink>(
         *bus_, DBusApplicationLink::Parts{home_, joinPath(options.programs, "dayward-app"),
-                                          [this] { return display_->takeActivationToken(); }});
+                                          [this] { return display_->takeActivationToken(); }, willShow});
 }
 
 AgentDesktop::~AgentDesktop() { scope_.reset(); }

@@ -1,5 +1,6 @@
 #include "agent/desktop/AlertTexts.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "platform/Calendar.h"
@@ -68,6 +69,16 @@ AlertText textOfDigest(const std::vector<DueAlert>& alerts, BodyKind body) {
         text.body += "\n" + formatText(localized("and %@ more"), {numberText(alerts.size() - shown)});
     text.body = inBody(text.body, body);
     return text;
+}
+
+LocalNotification notificationOfDigest(const std::vector<DueAlert>& alerts) {
+    const AlertText text = textOfDigest(alerts, BodyKind::plain);
+    LocalNotification digest = alerts.back().notification;
+    digest.alertBody = text.summary + "\n" + text.body;
+    const auto sounds = [](const DueAlert& alert) { return alert.notification.soundName.has_value(); };
+    const auto first = std::ranges::find_if(alerts, sounds);
+    digest.soundName = first == alerts.end() ? std::nullopt : first->notification.soundName;
+    return digest;
 }
 
 std::string snoozeLabel(Snooze snooze) {

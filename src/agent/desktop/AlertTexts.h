@@ -21,6 +21,10 @@ AlertText textOfAlert(const DueAlert& alert, BodyKind body);
 /// How many, and a line for each of the first.
 AlertText textOfDigest(const std::vector<DueAlert>& alerts, BodyKind body);
 
+/// One in place of several, of which there is at least one: it says what they say, opens the event of the last and
+/// sounds like the first that has a sound.
+LocalNotification notificationOfDigest(const std::vector<DueAlert>& alerts);
+
 /// The words of a button.
 std::string snoozeLabel(Snooze snooze);
 

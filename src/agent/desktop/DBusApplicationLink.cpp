@@ -4,6 +4,7 @@
 #include <limits>
 #include <utility>
 
+#include "agent/desktop/AlertTexts.h"
 #include "agent/desktop/BusCalls.h"
 #include "agent/desktop/NotificationMessage.h"
 #include "alerts/EventNotification.h"
@@ -59,6 +60,12 @@ bool DBusApplicationLink::deliver(const LocalNotification& notification) {
     });
     if (!delivered) logDebug([&] { return delivered.error().description(); });
     return delivered.value_or(false);
+}
+
+bool DBusApplicationLink::deliverDigest(const std::vector<DueAlert>& alerts) {
+    if (bus_.ownerOf(name_).empty()) return false;
+    if (parts_.willSay) parts_.willSay();
+    return deliver(notificationOfDigest(alerts));
 }
 
 Result<> DBusApplicationLink::open(const LocalNotification& notification) {

@@ -22,12 +22,14 @@ public:
         BusHome home;
         std::string program;                     ///< the path of the application, where the bus cannot start it
         std::function<std::string()> takeToken;  ///< lets its window come to the front; may be empty
+        std::function<void()> willSay;           ///< brings the environment up to date; may be empty
     };
 
     /// The bus outlives it.
     DBusApplicationLink(SessionBus& bus, Parts parts);
 
     bool deliver(const LocalNotification& notification) override;
+    bool deliverDigest(const std::vector<DueAlert>& alerts) override;
     Result<> open(const LocalNotification& notification) override;
     void performFetch(std::function<void(bool)> done) override;
 

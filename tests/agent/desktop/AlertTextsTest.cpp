@@ -78,5 +78,17 @@ TEST(AlertTexts, ADigestListsTheFirstAndCountsTheRest) {
     EXPECT_EQ(textOfDigest(alerts, BodyKind::none).body, "");
 }
 
+TEST(AlertTexts, TheApplicationIsToldADigestAsOneNotification) {
+    const TestEnvironment environment(in("en_GB"));
+    std::vector<DueAlert> alerts{alert("A", environment.at("2026-03-10T08:10:00"), true),
+                                 alert("B", environment.at("2026-03-10T08:20:00"), true)};
+    alerts[0].notification.soundName = "Harp.wav";
+    alerts[1].notification.userInfo = {{"objectKey", "B's"}};
+    const LocalNotification digest = notificationOfDigest(alerts);
+    EXPECT_EQ(digest.alertBody, "2 missed alerts\n08:10 – A\n08:20 – B");
+    EXPECT_EQ(digest.soundName, "Harp.wav");
+    EXPECT_EQ(digest.userInfo, alerts[1].notification.userInfo);
+}
+
 }  // namespace
 }  // namespace dayward

@@ -83,14 +83,14 @@ void show(DesktopDisplay& display, const Words& words) {
     tell("shown " + alert.key, display.show(alert));
 }
 
-void showDigest(DesktopDisplay& display, const Words& words) {
+std::vector<DueAlert> digestOf(const Words& words) {
     std::vector<DueAlert> alerts;
     for (std::size_t i = 1; i + 2 < words.size(); i += 3) {
         alerts.push_back(alertOf(words[i], words[i + 1]));
         alerts.back().isLate = true;
         alerts.back().due = dateOf(words[i + 2]);
     }
-    tell("shown digest", display.showDigest(alerts));
+    return alerts;
 }
 
 LocalNotification notificationOf(const Words& words) {
@@ -107,7 +107,8 @@ void perform(const Parts& parts, const Words& words) {
     if (words[0] == "open") tell("opened", parts.link.open(notificationOf(words)));
     if (words[0] == "fetch") parts.link.performFetch([](bool isDone) { say(isDone ? "fetched" : "did not fetch"); });
     if (words[0] == "show") show(display, words);
-    if (words[0] == "digest") showDigest(display, words);
+    if (words[0] == "digest") tell("shown digest", display.showDigest(digestOf(words)));
+    if (words[0] == "deliver digest") say(parts.link.deliverDigest(digestOf(words)) ? "delivered" : "not delivered");
     if (words[0] == "withdraw") display.withdraw(words.at(1));
     if (words[0] == "badge") display.setBadgeNumber(std::stoll(words.at(1)));
     if (words[0] == "token") say("token " + display.takeActivationToken());
@@ -166,7 +167,7 @@ int run(const std::string& home, const std::string& now, const std::string& loca
     display.setListener(&printer);
     const char* const application = std::getenv("PROBE_APPLICATION");
     const std::string program = application != nullptr ? application : "/nonexistent/dayward-app";
-    DBusApplicationLink link(**bus, {busHome, program, [&] { return display.takeActivationToken(); }});
+    DBusApplicationLink link(**bus, {busHome, program, [&] { return display.takeActivationToken(); }, {}});
     const Parts parts{display, link};
     Requests requests;
     AgentService service({**bus, display.service(), requests, busHome, "1.2.3"});

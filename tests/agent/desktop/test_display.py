@@ -301,6 +301,11 @@ class Application(DisplayTest):
     def mock(self, method, *arguments):
         return call(self.name(), PORT, "org.freedesktop.DBus.Mock", method, *arguments)
 
+    def handed(self, method):
+        """What the notification of the last call holds."""
+        last = [arguments for _, name, arguments in self.mock("GetCalls") if name == method][-1]
+        return plistlib.loads(bytes(last[1]))["$objects"]
+
     def test_a_closed_one_is_started_with_the_event(self):
         self.assertEqual(self.ask("deliver", "E-1", "A"), "not delivered")
         self.assertEqual(self.ask("fetch"), "did not fetch")
@@ -322,6 +327,8 @@ class Application(DisplayTest):
         self.start_application(Deliver=("sayt", "b", "ret = True"), Open=("saya{sv}", "", ""),
                                Fetch=("s", "b", "ret = True"))
         self.assertEqual(self.ask("deliver", "E-1", "A"), "delivered")
+        self.assertEqual(self.ask("deliver digest", "b", "B", NOON - 60, "c", "C", NOON - 30), "delivered")
+        self.assertIn("2 missed alerts\n11:59 – B\n11:59 – C", self.handed("Deliver"))
         self.assertEqual(self.ask("open", "E-1", "A"), "opened")
         self.assertEqual(self.ask("fetch"), "fetched")
         self.assertEqual({arguments[0] for _, _, arguments in self.mock("GetCalls")}, {str(self.home / "state")})
