@@ -7,6 +7,7 @@
 #include "alerts/BadgeNumbers.h"
 #include "alerts/MissedEventsHelper.h"
 #include "platform/Environment.h"
+#include "platform/FailedSave.h"
 #include "platform/LocalNotifications.h"
 #include "platform/Strings.h"
 #include "platform/UserDefaults.h"
@@ -23,9 +24,9 @@ std::shared_ptr<HHEvent> chosenEvent(const Events& events) {
 }
 
 void store(Object value, const char* key) {
-    UserDefaults& defaults = Environment::current().standardDefaults();
-    defaults.setObject(std::move(value), key);
-    (void)defaults.synchronize();  // a failure is logged there, and the change waits for the next one
+    Environment& environment = Environment::current();
+    environment.standardDefaults().setObject(std::move(value), key);
+    saveDefaults(environment, environment.standardDefaults());
 }
 
 std::vector<BadgeChange> changes(const Events& events, Date now) {

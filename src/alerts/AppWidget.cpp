@@ -2,6 +2,7 @@
 
 #include "alerts/WidgetEvent.h"
 #include "platform/Environment.h"
+#include "platform/FailedSave.h"
 #include "platform/KeyedArchiver.h"
 #include "platform/NotificationCenter.h"
 #include "platform/Strings.h"
@@ -12,17 +13,24 @@ namespace {
 
 UserDefaults& defaults() { return Environment::current().groupDefaults(); }
 
-/// Takes in what the other process wrote, and writes only what differs from that. Failures are logged there.
-bool store(Object value, const char* key) {
+/// Takes in what the other process wrote; false where that is the value already.
+bool change(Object value, const char* key) {
     (void)defaults().synchronize();
     if (defaults().objectForKey(key) == value) return false;
     defaults().setObject(std::move(value), key);
-    (void)defaults().synchronize();
     return true;
 }
 
+/// A failure is logged by the defaults.
+void store(Object value, const char* key) {
+    if (change(std::move(value), key)) (void)defaults().synchronize();
+}
+
 void storeChoice(Object value, const char* key) {
-    if (store(std::move(value), key)) Environment::current().notifications().post(AppWidgetDidUpdateNotification, nullptr);
+    if (!change(std::move(value), key)) return;
+    Environment& environment = Environment::current();
+    saveDefaults(environment, defaults());
+    environment.notifications().post(AppWidgetDidUpdateNotification, nullptr);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 namespace dayward {
 
 class Environment;
+class UserDefaults;
 
 inline constexpr const char* DidFailToSaveNotification = "DidFailToSaveNotification";
 /// The errno where there is one.
@@ -14,7 +15,10 @@ inline constexpr const char* FailedSaveCodeKey = "code";
 /// In the operating system's words, or all that the error says.
 inline constexpr const char* FailedSaveReasonKey = "reason";
 
-/// Posts the notification on the calling thread. `sender` is the identity of what failed.
+/// Posts the notification on the calling thread. `sender` is the identity of what failed, or null.
 void tellFailedSave(Environment& environment, const void* sender, const Error& error);
+
+/// Writes the defaults after a change of the user's; tells where that fails.
+void saveDefaults(Environment& environment, UserDefaults& defaults);
 
 }  // namespace dayward

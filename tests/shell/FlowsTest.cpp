@@ -100,6 +100,21 @@ TEST_F(Flows, asksAndTakesTheAnswer) {
     EXPECT_EQ(answered, 3);
 }
 
+TEST_F(Flows, aWordInPassingIsSeenOverASheet) {
+    press(Qt::Key_Comma, Qt::ControlModifier);
+    ASSERT_TRUE(topIs("Settings"));
+    settle();
+    shell.navigation().showNotice({.text = "Sent"});
+    ASSERT_TRUE(until([&] { return item(QStringLiteral("Sent")) != nullptr; }));
+    settle();
+    QQuickItem* bar = item(QStringLiteral("Sent"));
+    while (bar != nullptr && spokenOf(*bar).isEmpty()) bar = bar->parentItem();
+    ASSERT_NE(bar, nullptr);
+    const QPoint edge = bar->mapToScene({bar->width() / 2, 4}).toPoint();
+    EXPECT_EQ(quick->grabWindow().pixelColor(edge), bar->property("color").value<QColor>());
+    EXPECT_EQ(itemIn(bar, "strong", QStringLiteral("true")), nullptr) << "there is nothing to press";
+}
+
 TEST_F(Flows, rowsThatScrolledAwayAndCameBackAreLive) {
     std::vector<std::shared_ptr<HHEvent>> events;
     for (int number = 10; number < 70; ++number) {

@@ -7,6 +7,7 @@
 #include "Classes/Category/EventCategory.h"
 #include "Classes/Category/NamedEventIconPicture.h"
 #include "Classes/Settings/AppSettings.h"
+#include "platform/FailedSave.h"
 #include "platform/FileSystem.h"
 #include "platform/KeyedArchiver.h"
 #include "platform/KeyedUnarchiver.h"
@@ -125,8 +126,7 @@ std::vector<Category> CategoryLocalStore::readBlocks() const {
 void CategoryLocalStore::writeBlocks(const std::vector<Category>& categories) {
     UserDefaults& defaults = environment_.standardDefaults();
     defaults.setObject(blocksOf(categories), kCategoriesDefaultsKey);
-    // A failure is logged there with path and reason, and what it could not write stays for the next try.
-    (void)defaults.synchronize();
+    saveDefaults(environment_, defaults);
 }
 
 std::vector<Category> CategoryLocalStore::getCategories() {

@@ -2,6 +2,7 @@
 
 #include "Submodules/CorpLibrary2/App/Analytics.h"
 #include "platform/Environment.h"
+#include "platform/FailedSave.h"
 #include "platform/FileSystem.h"
 #include "platform/NotificationCenter.h"
 #include "platform/UserDefaults.h"
@@ -63,7 +64,10 @@ AppSettings::AppSettings(Environment& environment)
       path_(joinPath(environment.paths().applicationSupport, kFileName)),
       seedingLock_(lockToSeed(environment, path_)),
       existed_(mayExist(environment.files(), path_)),
-      storage_(KeyStorageFile{path_}) {}
+      storage_(KeyStorageFile{path_}) {
+    storage_.setWriteFailureHandler(
+        [&environment](const Error& error) { tellFailedSave(environment, nullptr, error); });
+}
 
 AppSettings::~AppSettings() = default;
 
@@ -117,10 +121,9 @@ void AppSettings::store(const char* key, Object value, const char* property, Obj
 bool AppSettings::TouchIDOn() { return Environment::current().standardDefaults().boolForKey(Keys::touchIDOn); }
 
 void AppSettings::setTouchIDOn(bool on) {
-    auto& defaults = Environment::current().standardDefaults();
-    defaults.setObject(on, Keys::touchIDOn);
-    // The defaults log a failure and keep the value for their next write.
-    static_cast<void>(defaults.synchronize());
+    Environment& environment = Environment::current();
+    environment.standardDefaults().setObject(on, Keys::touchIDOn);
+    saveDefaults(environment, environment.standardDefaults());
 }
 
 std::int64_t AppSettings::tableSortType() {

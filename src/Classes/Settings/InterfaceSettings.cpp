@@ -4,9 +4,9 @@
 #include <cctype>
 #include <sstream>
 #include <string_view>
-#include <tuple>
 
 #include "platform/Environment.h"
+#include "platform/FailedSave.h"
 #include "platform/NotificationCenter.h"
 #include "platform/UserDefaults.h"
 
@@ -14,11 +14,10 @@ namespace dayward {
 
 namespace {
 
-// A failed write is logged by the defaults, which keep the change for the next one.
 void set(const char* key, const Object& value) {
     Environment& environment = Environment::current();
     environment.standardDefaults().setObject(value, key);
-    std::ignore = environment.standardDefaults().synchronize();
+    saveDefaults(environment, environment.standardDefaults());
     environment.notifications().post(InterfaceSettings::kDidUpdateNotification, nullptr);
 }
 

@@ -75,6 +75,8 @@ ApplicationWindow {
     }
     NoticeBar {
         id: notice
+        home: window.contentItem
+        covered: window.covered
     }
     Cover {
         id: cover

@@ -1,14 +1,18 @@
 import QtQuick
+import QtQuick.Controls
 import Dayward
 
-// What can still be taken back for some seconds.
+// A word in passing, or what can still be taken back for some seconds.
 Rectangle {
     id: bar
+
+    property bool covered: false
 
     property int number: 0
     property string text
     property string action
     property bool shown: false
+    required property Item home
 
     function show(itsNumber: int, content: var) {
         number = itsNumber
@@ -25,11 +29,13 @@ Rectangle {
         Shell.answerNotice(number)
     }
 
+    // A word in passing lies over sheets too, which take all presses to themselves.
+    parent: action.length > 0 ? home : Overlay.overlay
     width: Math.min(parent.width - 32, Math.max(280, content.implicitWidth + 32))
     height: Math.max(52, label.implicitHeight + 24)
     x: (parent.width - width) / 2
     y: parent.height - (shown ? height + 20 : -8)
-    visible: y < parent.height
+    visible: y < parent.height && !covered
     radius: 16
     color: Theme.dark ? "#f3f1f8" : "#26232e"
     z: 100
@@ -56,7 +62,7 @@ Rectangle {
         UiText {
             id: label
             anchors.verticalCenter: parent.verticalCenter
-            width: parent.width - button.width
+            width: parent.width - (button.visible ? button.width : 0)
             text: bar.text
             color: Theme.dark ? "#17151f" : "#ffffff"
             wrapMode: Text.Wrap
@@ -65,6 +71,7 @@ Rectangle {
         }
         BarButton {
             id: button
+            visible: bar.action.length > 0
             anchors.verticalCenter: parent.verticalCenter
             text: bar.action
             strong: true

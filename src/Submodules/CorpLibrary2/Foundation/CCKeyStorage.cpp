@@ -46,6 +46,7 @@ struct CCKeyStorage::State {
 
     Mutex mutex;
     MergedDictionary data DAYWARD_GUARDED_BY(mutex);
+    std::function<void(const Error&)> didFail DAYWARD_GUARDED_BY(mutex);
     TimeInterval timeOutWrite DAYWARD_GUARDED_BY(mutex) = kDefaultTimeOutWrite;
     /// The latest write request that is pending; 0 at rest.
     std::int64_t writeIndex DAYWARD_GUARDED_BY(mutex) = 0;
@@ -107,6 +108,11 @@ TimeInterval CCKeyStorage::timeOutWrite() const {
 void CCKeyStorage::setTimeOutWrite(TimeInterval timeOut) {
     const Lock lock(state_->mutex);
     state_->timeOutWrite = timeOut;
+}
+
+void CCKeyStorage::setWriteFailureHandler(std::function<void(const Error&)> handler) {
+    const Lock lock(state_->mutex);
+    state_->didFail = std::move(handler);
 }
 
 Object CCKeyStorage::storedObject(const std::string& key) const {
@@ -195,14 +201,19 @@ Result<> CCKeyStorage::persist(State& state) {
         values = state.data.values();
     }
     auto written = state.store(changes, values);
-    const Lock lock(state.mutex);
-    if (written) {
-        state.data.adopt(std::move(*written));
-        return {};
+    std::function<void(const Error&)> didFail;
+    {
+        const Lock lock(state.mutex);
+        if (written) {
+            state.data.adopt(std::move(*written));
+            return {};
+        }
+        state.data.restoreChanges(std::move(changes));
+        didFail = state.didFail;
     }
-    state.data.restoreChanges(std::move(changes));
     const std::string place = state.filePath.empty() ? state.defaultsKey : state.filePath;
     state.environment.log().error("CCKeyStorage write: " + place + ", error: " + written.error().description());
+    if (didFail) didFail(written.error());
     return std::unexpected(std::move(written.error()));
 }
 

@@ -10,6 +10,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -40,6 +41,9 @@ public:
     /// nanoseconds stops the process at the next change.
     [[nodiscard]] TimeInterval timeOutWrite() const;
     void setTimeOutWrite(TimeInterval timeOut);
+    /// Called on the write queue after each write that fails, also after the storage is destroyed. To be set before
+    /// the first change.
+    void setWriteFailureHandler(std::function<void(const Error&)> handler);
 
     /// The value, or null.
     [[nodiscard]] virtual Object valueForKey(const std::string& key) const;

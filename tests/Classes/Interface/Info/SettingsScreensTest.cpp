@@ -3,6 +3,9 @@
 #include <fstream>
 #include <tuple>
 
+#include "Classes/App/ArchiveRegistration.h"
+#include "Classes/Category/CategoryLocalStore.h"
+#include "Classes/Category/EventCategory.h"
 #include "Classes/Event/EventLocalStore.h"
 #include "Classes/Event/HHEvent.h"
 #include "Classes/Interface/Info/DefaultValuesViewController.h"
@@ -11,8 +14,11 @@
 #include "Classes/Interface/Info/SettingsViewController.h"
 #include "Classes/Settings/AppSettings.h"
 #include "Classes/Settings/InterfaceSettings.h"
+#include "alerts/AppBadge.h"
 #include "alerts/AppWidget.h"
+#include "platform/FailedSave.h"
 #include "platform/UserDefaults.h"
+#include "support/FaultFileSystem.h"
 #include "support/GalleryResources.h"
 #include "support/NotificationRecorder.h"
 #include "support/ScriptedPresenter.h"
@@ -168,6 +174,33 @@ TEST_F(SettingsScreensTest, TheWidgetsTypeIsStoredAtOnceAndItsEventsWhenTheScree
     shell.back();
     EXPECT_EQ(AppWidget::eventsKeys(), (std::vector<std::string>{"gone", "Beach"})) << "gone may come back";
     EXPECT_EQ(shell.row("widget").detail, "Selected events");
+}
+
+TEST(UnsavedChoices, AreTold) {
+    const auto files = std::make_shared<FaultFileSystem>();
+    const TestEnvironment environment({.files = files, .archiveClasses = allArchiveClasses()});
+    AppSettings::setTableSortType(0);
+    NotificationRecorder told{*environment, {DidFailToSaveNotification}};
+    const std::vector<std::pair<const char*, std::function<void()>>> choices{
+        {"a default value", [] { AppSettings::setDefaultTime(30), std::ignore = AppSettings::synchronize(); }},
+        {"the lock", [] { AppSettings::setTouchIDOn(true); }},
+        {"the theme", [] { InterfaceSettings::setTheme(Theme::dark); }},
+        {"the badge", [] { AppBadge::setType(BadgeType::daysBeforeNextEvent); }},
+        {"the widget", [] { AppWidget::setType(WidgetType::selectedEvents); }},
+        {"a category",
+         [] {
+             CategoryLocalStore::shared().updateCategory(std::make_shared<EventCategory>("new"),
+                                                         CategoryLocalStore::Initialize::no);
+         }},
+    };
+    for (const auto& [what, choose] : choices) {
+        ASSERT_TRUE(AppSettings::synchronize());
+        EXPECT_TRUE(told.take().empty()) << what;
+        files->fillDiskAt(1);
+        choose();
+        EXPECT_FALSE(told.take().empty()) << what;
+        files->heal();
+    }
 }
 
 }  // namespace
