@@ -72,7 +72,7 @@ bool Deliverer::read() {
     if (!schedule || !record) {
         const Error& error = schedule ? record.error() : schedule.error();
         if (writeAgain_.failures() == 0) logError("notifications: " + error.description());
-        writeAgain_.fail(parts_.time.elapsed());
+        fail();
         return false;
     }
     schedule_ = *std::move(schedule);
@@ -80,6 +80,14 @@ bool Deliverer::read() {
     unwritten_.applyTo(schedule_);
     unwritten_.applyTo(record_, parts_.claimant);
     return true;
+}
+
+/// The last try before what is due is shown without its claim puts aside what cannot be read.
+void Deliverer::fail() {
+    writeAgain_.fail(parts_.time.elapsed());
+    if (writeAgain_.failures() + 1 < kTriesToWrite) return;
+    parts_.schedule.takeUnreadForDamaged();
+    parts_.record.takeUnreadForDamaged();
 }
 
 bool Deliverer::hasToWrite() const {
@@ -123,7 +131,7 @@ void Deliverer::write() {
 
 void Deliverer::take(const Claim& claim, bool isWhole) {
     if (!claim.result || !isWhole) {
-        writeAgain_.fail(parts_.time.elapsed());
+        fail();
     } else {
         writeAgain_.succeed();
         unwritten_ = {};

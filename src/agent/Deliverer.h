@@ -2,8 +2,9 @@
 //
 // A wake is one change under the schedule's lock: what is due leaves the schedule and enters the record of
 // deliveries before anything is shown. Two agents of one home share the work by that lock. Where the disk takes
-// nothing for a minute, what is due is shown all the same and remembered in memory until it can be written. Where
-// nothing can show it, it stays claimed and is tried again. The agent's thread only.
+// nothing for a minute, what is due is shown all the same and remembered in memory until it can be written; what it
+// could not read for a minute counts as damaged. Where nothing can show an alert, it stays claimed and is tried again.
+// The agent's thread only.
 #pragma once
 
 #include <functional>
@@ -63,6 +64,7 @@ private:
     [[nodiscard]] std::vector<LocalNotification> dueOf(const Schedule& schedule) const;
     [[nodiscard]] bool isOrphan(const Delivery& delivery) const;
     bool read();
+    void fail();
     [[nodiscard]] bool hasToWrite() const;
     void write();
     Claim claim(Schedule& schedule);

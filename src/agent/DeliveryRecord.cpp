@@ -130,7 +130,7 @@ Result<DeliveryRecord::Content> DeliveryRecord::read() const {
         return content;
     }
     // A device that cannot be read now may be read later: the file must not be taken for a broken one.
-    if (content.error().domain == "file") return content;
+    if (content.error().domain == "file" && !unreadIsDamaged_) return content;
     if (!std::exchange(isDamaged_, true)) {
         logError("notifications: " + path_ + " is unreadable: " + content.error().description());
     }
@@ -146,7 +146,9 @@ Result<> DeliveryRecord::write(const Content& content) {
     if (kept.fetched) fields.emplace(Keys::fetched, *kept.fetched);
     const Data bytes = KeyedArchiver::archivedDataWithRootObject(fields);
     if (std::exchange(isDamaged_, false)) TRY_VOID(files_->rename(path_, unreadableCopyPath(path_, 1)));
-    return writeFileAtomically(*files_, path_, bytes);
+    TRY_VOID(writeFileAtomically(*files_, path_, bytes));
+    unreadIsDamaged_ = false;
+    return {};
 }
 
 }  // namespace dayward

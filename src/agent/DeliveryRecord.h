@@ -59,6 +59,8 @@ public:
     /// unreadable copy. An error where the device cannot be read now.
     [[nodiscard]] Result<Content> read() const;
     Result<> write(const Content& content);
+    /// For whoever has waited long enough: until the next write, a file that the device cannot read counts as damaged.
+    void takeUnreadForDamaged() { unreadIsDamaged_ = true; }
     [[nodiscard]] const std::string& path() const { return path_; }
 
 private:
@@ -68,6 +70,7 @@ private:
     const std::shared_ptr<const ArchiveClasses> classes_;
     const std::string path_;
     mutable bool isDamaged_ = false;
+    bool unreadIsDamaged_ = false;
 };
 
 }  // namespace dayward

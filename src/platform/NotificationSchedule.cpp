@@ -103,20 +103,21 @@ Result<NotificationSchedule::Content> NotificationSchedule::decode(const std::st
 }
 
 Result<NotificationSchedule::Found> NotificationSchedule::find() const {
+    Found found;
     const bool isThere = TRY(files_->status(path_)).has_value();
     if (isThere) {
         auto content = decode(path_);
-        if (content) return Found{*std::move(content), false};
+        if (content) return Found{*std::move(content), false, std::nullopt};
         // A device that cannot be read now may be read later: the file must not be taken for a broken one.
-        if (content.error().domain == "file") return std::unexpected(content.error());
+        found.fileIsDamaged = content.error().domain != "file" || unreadIsDamaged_;
+        if (!found.fileIsDamaged) found.unread = content.error();
         logError("notifications: " + path_ + " is unreadable: " + content.error().description());
     }
-    Found found{{}, isThere};
     const bool hasCopy = TRY(files_->status(copy_)).has_value();
-    if (hasCopy) {
-        if (auto copy = decode(copy_)) found.content = *std::move(copy);
-    }
-    found.content.needsRebuild = isThere || hasCopy;
+    auto copy = hasCopy ? decode(copy_) : Result<Content>(Content());
+    if (found.unread && !(hasCopy && copy)) return std::unexpected(*found.unread);
+    if (copy) found.content = *std::move(copy);
+    if (!found.unread) found.content.needsRebuild = isThere || hasCopy;
     return found;
 }
 
@@ -125,12 +126,15 @@ Result<NotificationSchedule::Content> NotificationSchedule::read() const { retur
 Result<> NotificationSchedule::change(const std::function<void(Content&)>& edit) {
     const auto held = TRY(files_->lock(lock_, true));
     const Found found = TRY(find());
+    if (found.unread) return std::unexpected(*found.unread);
     Content changed = found.content;
     edit(changed);
     changed.limit();
     if (changed == found.content && !found.content.needsRebuild) return {};
     if (found.fileIsDamaged) TRY_VOID(files_->rename(path_, unreadableCopyPath(path_, 1)));
-    return store(changed);
+    TRY_VOID(store(changed));
+    unreadIsDamaged_ = false;
+    return {};
 }
 
 Result<> NotificationSchedule::store(const Content& content) {

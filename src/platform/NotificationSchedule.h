@@ -47,16 +47,20 @@ public:
     NotificationSchedule(std::shared_ptr<FileSystem> files, std::shared_ptr<const ArchiveClasses> classes,
                          std::string directory);
 
-    /// What the last finished change left; of the copy where the file cannot be read, and empty where neither can.
+    /// What the last finished change left; of the copy where the file cannot be read, and empty where both are damaged.
+    /// An error where the device can read neither.
     [[nodiscard]] Result<Content> read() const;
     /// Changes it while no other process does, and writes it where it differs. On an error the old content stays. A
-    /// file that cannot be read is kept as its unreadable copy.
+    /// damaged file is kept as its unreadable copy; one that the device cannot read now is an error.
     Result<> change(const std::function<void(Content&)>& edit);
+    /// For whoever has waited long enough: until the next change, a file that the device cannot read counts as damaged.
+    void takeUnreadForDamaged() { unreadIsDamaged_ = true; }
 
 private:
     struct Found {
         Content content;
         bool fileIsDamaged = false;
+        std::optional<Error> unread;  ///< why the device could not read the file; the content is the copy's
     };
     [[nodiscard]] Result<Content> decode(const std::string& path) const;
     [[nodiscard]] Result<Found> find() const;
@@ -65,6 +69,7 @@ private:
     const std::shared_ptr<FileSystem> files_;
     const std::shared_ptr<const ArchiveClasses> classes_;
     const std::string path_, copy_, lock_;
+    bool unreadIsDamaged_ = false;
 };
 
 }  // namespace dayward

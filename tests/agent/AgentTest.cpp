@@ -202,7 +202,7 @@ TEST_F(AgentTest, AFetchThatIsNoLongerNeededIsNotTriedAgain) {
 TEST_F(AgentTest, ADeviceThatCouldNotBeReadForAMomentIsForgotten) {
     add({in(kDay, "a")});
     wake();
-    files->failOperation(2);
+    files->failOperation(3);
     wake();
     ASSERT_TRUE(agent->retryAfter());
     time.pass(agent->retryAfter()->seconds());

@@ -233,6 +233,32 @@ TEST_F(DelivererTest, AFullDiskDelaysAnAlertByAMinuteAndNoMore) {
     EXPECT_THAT(wake(), IsEmpty());
 }
 
+TEST_F(DelivererTest, AFileThatCannotBeReadDelaysAnAlertByAMinuteAndNoMore) {
+    const std::string scheduleFile = std::string(kDirectory) + "/" + NotificationSchedule::kFileName;
+    for (const std::string& path : {scheduleFile, record.path()}) {
+        add({in(1, "a"), in(100, "b")});
+        wake();
+        ASSERT_TRUE(files->removeFile(path));
+        files->store(path + "/inside", Data{});
+        time.pass(1);
+        double waited = 0;
+        std::vector<std::string> shown = wake();
+        for (; shown.empty(); shown = wake()) {
+            const double wait = agent->retryAfter().value().seconds();
+            time.pass(wait);
+            ASSERT_LT(waited += wait, 80) << path;
+        }
+        EXPECT_EQ(shown.size(), 1u);
+        EXPECT_GE(waited, 50);
+        start();
+        EXPECT_THAT(wake(), IsEmpty()) << "it was kept";
+        time.pass(99 - waited);
+        EXPECT_THAT(wake(), ElementsAre("b")) << path;
+        EXPECT_THAT(content().scheduled, IsEmpty());
+        EXPECT_EQ(agent->retryAfter(), std::nullopt);
+    }
+}
+
 TEST_F(DelivererTest, NothingIsLostOrShownTwiceWhereTheProcessDiesAtAnyOperation) {
     using Loss = FaultFileSystem::CrashLoss;
     for (const Loss loss : {Loss::nothing, Loss::allUnsynced, Loss::byChance}) {

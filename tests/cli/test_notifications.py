@@ -2,6 +2,7 @@
 import contextlib
 import datetime
 import fcntl
+import json
 import pathlib
 import plistlib
 import subprocess
@@ -153,6 +154,18 @@ class Notifications(ProgramTest):
             "Shown by: None", "Scheduled: 1",
             "Jul 1, 2026, 9:30 AM  Tea is happening!"])
         self.refused(1, "notifications", "test")
+
+    def test_a_schedule_that_cannot_be_read_is_told_and_its_copy_stands_in(self):
+        self.add("Tea", "--date", "2026-07-01", "--time", "09:30", "--alert", "on event")
+        file = self.home / "state" / "notifications.schedule"
+        file.unlink()
+        file.mkdir()
+        done = self.start("--json", "doctor")
+        self.assertEqual(done.returncode, 1)
+        told = json.loads(done.stdout)
+        self.assertEqual([problem["path"] for problem in told["problems"]], [str(file)])
+        self.assertIn("Is a directory", told["problems"][0]["reason"])
+        self.assertEqual((told["alerts"]["scheduled"], len(told["alerts"]["next"])), (1, 1))
 
     def test_refreshing_says_nothing_but_that_it_could_not(self):
         self.add("Tea", "--date", "2026-07-01", "--time", "09:30", "--alert", "on event")

@@ -129,6 +129,28 @@ TEST_F(NotificationScheduleTest, ADeviceThatCannotBeReadForAMomentDamagesNothing
     }
 }
 
+TEST_F(NotificationScheduleTest, IsReadFromItsCopyWhereTheDeviceCannotReadTheFile) {
+    add(at(1));
+    const auto makeUnreadable = [&](const std::string& path) {
+        (void)files->removeFile(path);
+        files->store(path + "/inside", Data{});
+    };
+    makeUnreadable(kFile);
+    NotificationSchedule patient = schedule();
+    const auto empty = [](Content& content) { content.scheduled.clear(); };
+    EXPECT_EQ(dates(), std::vector<double>{1});
+    EXPECT_FALSE(patient.read()->needsRebuild);
+    EXPECT_FALSE(patient.change(empty)) << "it may be readable later";
+    patient.takeUnreadForDamaged();
+    EXPECT_TRUE(patient.change([](Content& content) { content.badgeNumber = 1; }));
+    EXPECT_EQ(dates(), std::vector<double>{1});
+    EXPECT_TRUE(schedule().read()->needsRebuild);
+    for (const char* path : {kFile, kCopy}) makeUnreadable(path);
+    EXPECT_FALSE(patient.read());
+    EXPECT_FALSE(patient.change(empty));
+    EXPECT_TRUE(files->tree(kDirectory).contains("notifications.schedule.unreadable/inside"));
+}
+
 TEST_F(NotificationScheduleTest, IsOldOrNewAfterACrashOrAFullDiskAtAnyOperation) {
     using Loss = FaultFileSystem::CrashLoss;
     for (const Loss loss : {Loss::nothing, Loss::allUnsynced, Loss::unsyncedContents, Loss::byChance}) {

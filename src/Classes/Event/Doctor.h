@@ -17,8 +17,8 @@ struct Problem {
     bool operator==(const Problem&) const = default;
 };
 
-/// Event packages, key storages and settings, user defaults and the category list in them, in the
-/// order of their paths. Forks: call it while the program has one thread.
+/// Event packages, key storages and settings, user defaults and the category list in them, and what
+/// alerts are kept in, in the order of their paths. Forks: call it while the program has one thread.
 /// Fails where no child can be made.
 Result<std::vector<Problem>> examineHome(Environment& environment);
 

@@ -1,6 +1,7 @@
 #include "Classes/Event/FileExamination.h"
 
 #include <algorithm>
+#include <span>
 
 #include "Classes/Category/CategoryLocalStore.h"
 #include "Classes/Category/EventCategory.h"
@@ -8,6 +9,7 @@
 #include "Classes/Event/EventStoreHelper.h"
 #include "platform/FileSystem.h"
 #include "platform/KeyedUnarchiver.h"
+#include "platform/NotificationSchedule.h"
 
 namespace dayward {
 
@@ -20,15 +22,24 @@ constexpr const char* kStorageFiles[] = {"HHSettings",       "HHUserSettings",  
                                          "CCAppHistory.dat", "XXAppData.values.dat", "XXAppData.events.dat",
                                          "favoriteData.dat"};
 
-enum class Kind { package, storage, defaults, putAside, other };
+/// What alerts are kept in. What is put aside of them does no harm: it is made anew.
+constexpr const char* kStateFiles[] = {NotificationSchedule::kFileName, NotificationSchedule::kCopyName,
+                                       "notifications.delivered"};
+
+enum class Kind { package, storage, defaults, state, putAside, other };
+
+bool isOneOf(std::span<const char* const> names, const std::string& name) {
+    return std::ranges::find(names, name) != names.end();
+}
 
 Kind kindOf(const std::string& name) {
     if (isTemporaryName(name)) return Kind::other;
+    if (isOneOf(kStateFiles, name)) return Kind::state;
     const std::string extension = pathExtension(name);
     if (extension == EventLocalStore::kFileExtension) return Kind::package;
     if (extension == kDefaultsExtension) return Kind::defaults;
     if (extension == kPutAsideExtension) return Kind::putAside;
-    return std::ranges::find(kStorageFiles, name) != std::end(kStorageFiles) ? Kind::storage : Kind::other;
+    return isOneOf(kStorageFiles, name) ? Kind::storage : Kind::other;
 }
 
 std::vector<std::string> faultsOfPackage(const std::string& path) {
@@ -97,6 +108,10 @@ std::vector<std::string> filesToExamine(Environment& environment) {
             found.push_back(joinPath(directory, name));
         }
     }
+    for (const char* name : kStateFiles) {
+        const std::string path = joinPath(paths.state, name);
+        if (environment.files().exists(path)) found.push_back(path);
+    }
     std::ranges::sort(found);
     found.erase(std::ranges::unique(found).begin(), found.end());
     return found;
@@ -107,6 +122,7 @@ std::vector<std::string> faultsOfFile(const std::string& path) {
         case Kind::package: return faultsOfPackage(path);
         case Kind::putAside: return {"it could not be read when it was needed and was put aside"};
         case Kind::storage:
+        case Kind::state:
         case Kind::defaults: {
             const auto root = rootOfFile(path);
             if (!root) return {root.error().description()};
