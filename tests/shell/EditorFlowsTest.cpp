@@ -4,6 +4,7 @@
 #include <QMimeData>
 #include <QTemporaryDir>
 
+#include "Classes/Category/ImageEventBackgroundPicture.h"
 #include "Classes/Category/ImageEventIconPicture.h"
 #include "Classes/Category/ImagePicture.h"
 #include "Classes/Interface/Edit/EventEditViewController.h"
@@ -31,21 +32,33 @@ protected:
         ASSERT_TRUE(topIs(title));
         settle();
     }
-    /// A file dragged over the middle of the window and let go there.
-    void drop(const QString& path) {
+    /// A file dragged over a place of the window, its middle unless told, and let go there.
+    void drop(const QString& path, QPoint place = {}) {
         QMimeData data;
         data.setUrls({QUrl::fromLocalFile(path)});
-        const QPoint middle(quick->width() / 2, quick->height() / 2);
-        QDragEnterEvent enter(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        if (place.isNull()) place = {quick->width() / 2, quick->height() / 2};
+        QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(quick, &enter);
-        QDragMoveEvent move(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QDragMoveEvent move(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(quick, &move);
-        QDropEvent let(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QDropEvent let(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(quick, &let);
     }
     [[nodiscard]] QPoint middleOf(const QString& text) const {
         QQuickItem* const target = item(text);
         return target != nullptr ? target->mapToScene({target->width() / 2, target->height() / 2}).toPoint() : QPoint();
+    }
+
+    /// Of a red picture of that size.
+    [[nodiscard]] QString pictureFile(QSize size) const {
+        QImage picture(size, QImage::Format_RGB32);
+        picture.fill(Qt::red);
+        const QString file = scratch.filePath(QStringLiteral("own.png"));
+        EXPECT_TRUE(picture.save(file));
+        return file;
+    }
+    static std::shared_ptr<ImageEventBackgroundPicture> ownBackground(const EventEditViewController& editor) {
+        return std::dynamic_pointer_cast<ImageEventBackgroundPicture>(editor.state().background);
     }
 
     const QTemporaryDir scratch;
@@ -119,10 +132,7 @@ TEST_F(EditorFlows, putTheKeyboardWhereTypingBegins) {
 
 TEST_F(EditorFlows, takeADroppedPictureUprightAndSmall) {
     const auto editor = openEditor();
-    QImage picture(2000, 1000, QImage::Format_RGB32);
-    picture.fill(Qt::red);
-    const QString file = scratch.filePath(QStringLiteral("own.png"));
-    ASSERT_TRUE(picture.save(file));
+    const QString file = pictureFile({2000, 1000});
     click(QStringLiteral("Icon"));
     ASSERT_TRUE(topIs("Icon"));
     settle();
@@ -132,6 +142,36 @@ TEST_F(EditorFlows, takeADroppedPictureUprightAndSmall) {
     ASSERT_TRUE(icon);
     EXPECT_EQ(icon->image()->width(), 512);
     EXPECT_EQ(icon->image()->height(), 256);
+}
+
+TEST_F(EditorFlows, takeAPictureDroppedOnTheEditorAsTheBackground) {
+    const auto editor = openEditor();
+    drop(pictureFile({3000, 1500}));
+    ASSERT_TRUE(until([&] { return ownBackground(*editor) != nullptr; }));
+    EXPECT_EQ(ownBackground(*editor)->image()->width(), 2048);
+    press(Qt::Key_Return, Qt::ControlModifier);
+    ASSERT_TRUE(until([&] { return EventLocalStore::shared().itemsCount() == 1; }));
+    const auto event = EventLocalStore::shared().allEvents().front();
+    EXPECT_TRUE(std::dynamic_pointer_cast<ImageEventBackgroundPicture>(event->background()));
+}
+
+TEST_F(EditorFlows, offerAPictureDroppedOnAnEventInItsEditor) {
+    store("party", "Party", "2026-03-20");
+    quick->resize(1000, 800);
+    ASSERT_TRUE(until([&] { return shell.hasDetailPane(); }));
+    settle();
+    const QString file = pictureFile({300, 200});
+    const QPoint onTheDetail(quick->width() - 30, quick->height() / 2);
+    drop(file, onTheDetail);
+    ASSERT_TRUE(topIs("Event"));
+    const auto editor = std::dynamic_pointer_cast<EventEditViewController>(shell.navigation().topScreen());
+    ASSERT_TRUE(editor && until([&] { return ownBackground(*editor) != nullptr; }));
+    settle();
+    drop(file, onTheDetail);
+    EXPECT_EQ(shell.navigation().modalStacks().size(), 1U) << "what lies under a sheet takes nothing";
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(until([&] { return shell.navigation().modalStacks().empty(); }));
+    EXPECT_FALSE(EventLocalStore::shared().eventByIdentifier("party")->background()) << "only Done writes";
 }
 
 TEST_F(EditorFlows, tellOfADroppedFileThatIsNoPicture) {

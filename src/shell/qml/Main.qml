@@ -42,6 +42,7 @@ ApplicationWindow {
     Component.onCompleted: Shell.setWindowWidth(width)
 
     Coverable {
+        id: stacks
         anchors.fill: parent
         covered: window.top !== null
 
@@ -50,6 +51,7 @@ ApplicationWindow {
             width: Shell.hasDetailPane ? Math.max(340, Math.min(440, window.width * 0.36)) : parent.width
             height: parent.height
             stack: Shell.rootStack
+            covered: stacks.covered
             focus: true
             Keys.onEscapePressed: event => event.accepted = Shell.goBack()
             Keys.onBackPressed: event => event.accepted = Shell.goBack()
@@ -69,6 +71,7 @@ ApplicationWindow {
             active: Shell.hasDetailPane
             sourceComponent: ScreenStack {
                 stack: Shell.detailStack
+                covered: stacks.covered
                 Keys.onEscapePressed: event => event.accepted = Shell.goBack()
             }
         }

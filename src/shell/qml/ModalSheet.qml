@@ -36,11 +36,13 @@ Popup {
         radius: sheet.isPage ? 0 : 18
     }
     contentItem: Coverable {
+        id: content
         covered: sheet.top !== sheet
 
         ScreenStack {
             anchors.fill: parent
             stack: sheet.stack
+            covered: content.covered
             radius: sheet.isPage ? 0 : 18
             focus: true
             // Pages are cut to the sheet's round corners.

@@ -13,6 +13,7 @@ Rectangle {
     property string action
     property bool shown: false
     required property Item home
+    readonly property Item over: Overlay.overlay
 
     function show(itsNumber: int, content: var) {
         number = itsNumber
@@ -30,7 +31,7 @@ Rectangle {
     }
 
     // A word in passing lies over sheets too, which take all presses to themselves.
-    parent: action.length > 0 ? home : Overlay.overlay
+    parent: action.length > 0 ? home : over
     width: Math.min(parent.width - 32, Math.max(280, content.implicitWidth + 32))
     height: Math.max(52, label.implicitHeight + 24)
     x: (parent.width - width) / 2

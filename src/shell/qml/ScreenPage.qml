@@ -9,6 +9,7 @@ FocusScope {
     property bool canGoBack: false
     property bool isPanel: false
     property int radius: 0
+    property bool covered: false
 
     // A page that fills the whole of the screen draws its bar itself.
     readonly property bool ownsBar: screen.page === "detail"
@@ -115,7 +116,7 @@ FocusScope {
     }
     DropArea {
         anchors.fill: parent
-        enabled: page.screen.takesPictures
+        enabled: page.screen.takesPictures && !page.covered
         keys: ["text/uri-list"]
         onDropped: drop => {
             if (drop.hasUrls)

@@ -9,6 +9,8 @@ FocusScope {
     required property StackItem stack
     // Of the pages' corners.
     property int radius: 0
+    // Something lies over the stack.
+    property bool covered: false
 
     function sync() {
         if (!root.stack)
@@ -34,7 +36,8 @@ FocusScope {
             view.push(page, {
                 "screen": wanted[index],
                 "canGoBack": index > 0,
-                "radius": Qt.binding(() => root.radius)
+                "radius": Qt.binding(() => root.radius),
+                "covered": Qt.binding(() => root.covered || panel.panel !== null)
             }, animated ? StackView.PushTransition : StackView.Immediate)
         }
     }

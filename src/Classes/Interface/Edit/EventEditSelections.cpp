@@ -1,6 +1,7 @@
 // The screens that the event editor opens. They lie over it and never outlive it, so that they may hold
 // it bare.
 #include "Classes/Category/EventCategory.h"
+#include "Classes/Category/ImageEventBackgroundPicture.h"
 #include "Classes/Interface/Edit/DateFormatViewController.h"
 #include "Classes/Interface/Edit/EventEditViewController.h"
 #include "Classes/Interface/Edit/NoteViewController.h"
@@ -86,6 +87,16 @@ void EventEditViewController::openBackgrounds() {
     push<BackgroundsViewController>(
         state_.background, fromCategory(!state_.background, inherit),
         [this](const BackgroundsViewController::Background& background) { take(state_.background, background); });
+}
+
+void EventEditViewController::takePicture(ChosenPicture picture) {
+    const std::weak_ptr<ViewController> self = weak_from_this();
+    readOwnPicture(std::move(picture), kLongestBackgroundSide, [this, self](auto image, const std::string& source) {
+        const auto held = self.lock();
+        if (!held || !isPresented()) return;
+        if (!image) return presenter().alert(unreadablePictureAlert(source));
+        take(state_.background, std::make_shared<ImageEventBackgroundPicture>(std::move(image), source));
+    });
 }
 
 void EventEditViewController::openFonts() {

@@ -12,6 +12,7 @@
 #include "Classes/Interface/Edit/DateTimesViewController.h"
 #include "Classes/Interface/Edit/EventEditState.h"
 #include "Classes/Interface/Screens/TableScreen.h"
+#include "Classes/Interface/Select/OwnPicture.h"
 #include "platform/NotificationCenter.h"
 
 namespace dayward {
@@ -22,6 +23,7 @@ inline constexpr const char* EventEditDidRemoveItemNotification = "EventEditDidR
 inline constexpr const char* EventEditItemKey = "event";
 
 class EventEditViewController final : public TableScreen,
+                                      public PictureTarget,
                                       public DateTimesViewControllerDelegate,
                                       public AlertsViewControllerDelegate {
 public:
@@ -43,6 +45,9 @@ public:
     void eventEditHeaderCellDidChangeName(const std::string& name);
     /// The countdown of the look goes on; once a second while the screen is in sight.
     void timerAction() { reloadData(); }
+
+    /// Becomes the background as soon as it is read.
+    void takePicture(ChosenPicture picture) override;
 
     void viewWillAppear() override;
     void viewWillDisappear(Disappearance why) override;

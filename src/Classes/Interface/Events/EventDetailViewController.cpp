@@ -88,6 +88,13 @@ void EventDetailViewController::editAction() {
     if (event_) presenter().present(std::make_shared<EventEditViewController>(event_));
 }
 
+void EventDetailViewController::takePicture(ChosenPicture picture) {
+    if (!event_) return;
+    const auto editor = std::make_shared<EventEditViewController>(event_);
+    presenter().present(editor);
+    editor->takePicture(std::move(picture));
+}
+
 void EventDetailViewController::noteTapGestureAction() {
     eventView_.noteTapGestureAction();
     tell(DetailChange::note);

@@ -9,6 +9,7 @@
 #include "Classes/Interface/Detail/EventDetailView.h"
 #include "Classes/Interface/Screens/ScreenObserver.h"
 #include "Classes/Interface/Screens/ViewController.h"
+#include "Classes/Interface/Select/OwnPicture.h"
 #include "Classes/Share/HHShareToolbar.h"
 
 namespace dayward {
@@ -29,7 +30,7 @@ public:
     virtual void detailDidChange(DetailChange change) = 0;
 };
 
-class EventDetailViewController final : public ViewController {
+class EventDetailViewController final : public ViewController, public PictureTarget {
 public:
     /// `share` is not owned; without it there is no sharing.
     explicit EventDetailViewController(std::optional<std::string> eventIdentifier = {}, ShareServices* share = nullptr);
@@ -50,6 +51,8 @@ public:
     /// there is no detail pane.
     void configureView();
     void editAction();
+    /// Opens the editor with the picture as the background; nothing where there is no event.
+    void takePicture(ChosenPicture picture) override;
     void noteTapGestureAction();
     /// Once a second while the screen is in sight.
     void timerAction();
