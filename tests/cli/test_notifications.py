@@ -71,6 +71,22 @@ class Notifications(ProgramTest):
                                            ("2026-03-10T20:00", "Pill is happening!"),
                                            ("2026-03-11T07:50", "Pill - is coming in 10 Minutes!")])
 
+    def test_alerts_follow_the_list_into_each_zone(self):
+        """The day is the one in which the event's date lies where the device is: that of its midnight does not lie in
+        it west of there."""
+        self.zone = "Europe/London"
+        fair = self.add("Fair", "--date", "2026-03-18", "--time", "09:00", "--alert", "on event")
+        walk = self.add("Walk", "--date", "2026-03-25", "--time", "09:00", "--repeat", "weekly", "--alert", "on event")
+        days = {"Pacific/Kiritimati": 18, "Asia/Kathmandu": 18, "Europe/Moscow": 18, "Europe/London": 18,
+                "Atlantic/Azores": 17, "America/New_York": 17, "Pacific/Pago_Pago": 17}
+        for zone, day in days.items():
+            self.run_ok("notifications", "refresh", zone=zone)
+            scheduled = self.run_json("notifications", "--scheduled", zone=zone)["notifications"]
+            for event, date in ((fair, day), (walk, day + 7)):
+                first = next(one["fireDate"] for one in scheduled if one["owner"] == event)
+                self.assertEqual(first, self.run_json("show", event, zone=zone)["nextDate"], zone)
+                self.assertEqual(first[:16], f"2026-03-{date}T09:00", zone)
+
     def test_the_whole_of_a_notification(self):
         identifier = self.add("Tea", "--date", "2026-07-01", "--time", "09:30", "--alert", "1 day before")
         self.assertEqual(self.wanted(zone="Europe/Berlin"), [{
