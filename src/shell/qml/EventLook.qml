@@ -22,7 +22,8 @@ Item {
 
     readonly property color edge: Qt.rgba(scrim.r, scrim.g, scrim.b, scrim.a * (stacked ? 1 : 0.6))
 
-    // Large texts side by side would be cut in a narrow row.
+    // Large texts side by side would be cut in a narrow row. The one that is out of sight has no text: it would be
+    // laid out all the same.
     readonly property bool stacked: Theme.scale > 1.2 && width < 340 * Theme.scale
 
     implicitHeight: Math.round(76 * Theme.scale)
@@ -123,7 +124,7 @@ Item {
             UiText {
                 width: parent.width
                 visible: look.stacked
-                text: look.countdown
+                text: look.stacked ? look.countdown : ""
                 font.weight: Font.DemiBold
                 color: look.textColor
                 elide: Text.ElideRight
@@ -135,7 +136,7 @@ Item {
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
             width: Math.min(implicitWidth, parent.width * 0.46)
-            text: look.countdown
+            text: look.stacked ? "" : look.countdown
             font.pixelSize: Theme.body
             font.weight: Font.DemiBold
             color: look.textColor
