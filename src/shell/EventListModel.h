@@ -37,8 +37,8 @@ public:
     void setOffset(qreal offset);
 
     // A delegate says for which event it is in sight, and when no longer.
-    Q_INVOKABLE void show(const QString& eventKey);
-    Q_INVOKABLE void hide(const QString& eventKey);
+    void show(const QString& eventKey);
+    void hide(const QString& eventKey);
 
     /// Whether an event stands there, no header.
     Q_INVOKABLE [[nodiscard]] bool isRow(int place) const { return pathAt(place).has_value(); }

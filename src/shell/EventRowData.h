@@ -29,6 +29,7 @@ class EventRowData {
 public:
     EventRowData() = default;
     EventRowData(const EventTableViewCell& cell, Pictures& pictures);
+    bool operator==(const EventRowData&) const = default;
 
     QString eventKey, title, date, countdown, fontName, icon, background, spoken;
     QColor textColor, scrim;

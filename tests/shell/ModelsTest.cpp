@@ -3,9 +3,11 @@
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 #include <random>
+#include <set>
 
 #include "Classes/Event/EventLocalStore.h"
 #include "Classes/Settings/AppSettings.h"
+#include "shell/EventRowItem.h"
 #include "shell/ListItem.h"
 #include "shell/ScreenItem.h"
 #include "shell/ShellFixture.h"
@@ -181,6 +183,50 @@ TEST_F(EventModels, followTheStoreSearchAndOrder) {
     ASSERT_TRUE(until([&] { return titles(*list.events()) == QStringList{"Banana"}; }));
     EXPECT_TRUE(list.undoDeletion());
     ASSERT_TRUE(until([&] { return titles(*list.events()) == QStringList{"Apple", "Banana"}; }));
+}
+
+TEST_F(EventModels, keepTheRowsCurrentThatQmlHasInSight) {
+    Shell shell(*environment);
+    const HHSplitViewController split(shell.navigation());
+    shell.navigation().setRoot(split.master());
+    EventListModel& model = *qobject_cast<ListItem*>(shell.rootStack()->screens().front())->events();
+    EventLocalStore::shared().updateEvents({event("Apple", "k1", environment.at("2026-05-01")),
+                                            event("Banana", "k2", environment.at("2026-05-02"))});
+    AppSettings::setTableSortType(static_cast<std::int64_t>(EventSortType::byName));
+    ASSERT_TRUE(until([&] { return model.rowCount() == 2; }));
+    const auto row = [&](int place) {
+        return model.index(place).data(EventListModel::RowRole).value<EventRowData>();
+    };
+    const auto changedByADay = [&] {
+        QSignalSpy told(&model, &QAbstractItemModel::dataChanged);
+        environment.clock->advance(TimeInterval(86400));
+        split.master()->timerAction();
+        std::set<int> places;
+        for (const auto& change : told) places.insert(change.front().toModelIndex().row());
+        return places;
+    };
+    auto first = std::make_unique<EventRowItem>();
+    first->setRow(row(0));
+    first->setRows(&model);
+    EXPECT_EQ(changedByADay(), std::set<int>{0});
+    first->setPooled(true);
+    EXPECT_TRUE(changedByADay().empty());
+    first->setRow(row(1));
+    first->setPooled(false);
+    EXPECT_EQ(changedByADay(), std::set<int>{1});
+    {
+        EventRowItem second;
+        second.setRows(&model);
+        second.setRow(row(1));
+    }
+    EXPECT_EQ(changedByADay(), std::set<int>{1}) << "one of two drew it no more";
+    first->setRow(row(0));
+    EXPECT_EQ(changedByADay(), std::set<int>{0});
+    const QSignalSpy rows(first.get(), &EventRowItem::rowChanged);
+    first->setRow(first->row());
+    EXPECT_TRUE(rows.empty());
+    first.reset();
+    EXPECT_TRUE(changedByADay().empty());
 }
 
 TEST_F(EventModels, dragRowsInTheOrderMadeByHandOnly) {

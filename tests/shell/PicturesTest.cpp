@@ -4,10 +4,12 @@
 #include <QQmlComponent>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QSignalSpy>
 #include <QTest>
 #include <thread>
 
 #include "Classes/Interface/General/TextScrim.h"
+#include "shell/EventLookItem.h"
 #include "shell/Fonts.h"
 #include "shell/PictureProvider.h"
 #include "shell/QtImages.h"
@@ -100,6 +102,20 @@ TEST_F(PicturesOfTheShell, fontsChangeForLettersThatTheyDoNotHave) {
     EXPECT_NE(cyrillic.front(), "Comic Neue");
     EXPECT_EQ(fontNamed("", 20).family(), kInterfaceFamily);
     EXPECT_EQ(fontNamed("no such font", 0).pixelSize(), 1);
+}
+
+TEST_F(PicturesOfTheShell, aLookWritesItsTitleInAFontThatCanAndFadesItsScrimToTheEdges) {
+    EventLookItem look;
+    const QSignalSpy fonts(&look, &EventLookItem::titleFontChanged);
+    look.setProperty("fontName", "ChalkboardSE-Bold");
+    look.setProperty("titleSize", 30);
+    look.setProperty("title", "Birthday");
+    EXPECT_EQ(look.titleFont(), fontNamed("ChalkboardSE-Bold", 30, "Birthday"));
+    EXPECT_EQ(fonts.count(), 2);
+    look.setProperty("title", "День");
+    EXPECT_EQ(look.titleFont(), fontNamed("ChalkboardSE-Bold", 30, "День"));
+    look.setProperty("scrim", QColor(0, 0, 0, 100));
+    EXPECT_EQ(look.faintScrim().alpha(), 60);
 }
 
 /// The look of an event as a row draws it, without its texts, over each kind of ground.

@@ -3,29 +3,20 @@ import Dayward
 
 // An event as a row shows it: its picture, over it a gradient that keeps the texts readable, its icon,
 // name, date and countdown.
-Item {
+EventLookItem {
     id: look
 
-    property string background
-    property string icon
-    property string fontName
-    property color textColor: "white"
-    property string title
-    property string date
-    property string countdown
     property int radius: Theme.radius
     property int topInset: 0
     property bool missed: false
     property int trailingSpace: 0
-    // What stands between the picture and the texts.
-    property color scrim: textColor.hslLightness > 0.5 ? "#8c000000" : "#a6ffffff"
-
-    readonly property color edge: Qt.rgba(scrim.r, scrim.g, scrim.b, scrim.a * (stacked ? 1 : 0.6))
 
     // Large texts side by side would be cut in a narrow row. The one that is out of sight has no text: it would be
     // laid out all the same.
     readonly property bool stacked: Theme.scale > 1.2 && width < 340 * Theme.scale
 
+    scrim: textColor.hslLightness > 0.5 ? "#8c000000" : "#a6ffffff"
+    titleSize: Theme.headline
     implicitHeight: Math.round(76 * Theme.scale)
 
     Rectangle {
@@ -48,7 +39,7 @@ Item {
         gradient: Gradient {
             GradientStop {
                 position: 0
-                color: look.edge
+                color: look.stacked ? look.scrim : look.faintScrim
             }
             GradientStop {
                 position: 0.24
@@ -60,7 +51,7 @@ Item {
             }
             GradientStop {
                 position: 1
-                color: look.edge
+                color: look.stacked ? look.scrim : look.faintScrim
             }
         }
     }
@@ -109,7 +100,7 @@ Item {
                 width: parent.width
                 visible: text.length > 0
                 text: look.title
-                font: Appearance.font(look.fontName, Theme.headline, look.title)
+                font: look.titleFont
                 color: look.textColor
                 elide: Text.ElideRight
                 maximumLineCount: 1

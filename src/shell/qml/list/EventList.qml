@@ -111,14 +111,18 @@ ListView {
     }
 
     header: Item {
+        id: top
+        // Points beyond the top.
+        readonly property real pulled: rowsView.originY - rowsView.contentY
         width: rowsView.width
         height: 0
         UiText {
+            readonly property bool clears: top.pulled > 150
             anchors.bottom: parent.top
             anchors.bottomMargin: 24
             anchors.horizontalCenter: parent.horizontalCenter
-            opacity: Math.min(1, Math.max(0, (-rowsView.contentY + rowsView.originY - 40) / 80))
-            text: Theme.tr(rowsView.contentY - rowsView.originY < -150 ? "Release to clear" : "Pull to clear")
+            opacity: Math.min(1, Math.max(0, (top.pulled - 40) / 80))
+            text: Theme.tr(clears ? "Release to clear" : "Pull to clear")
             color: Theme.secondaryText
             font.pixelSize: Theme.small
         }

@@ -3,10 +3,9 @@ import Dayward
 
 // An event of the list: tap opens it, a swipe or a right click offers to delete it. While the list is
 // edited a button does, and a handle moves the row where the order is the user's own.
-Item {
+EventRowItem {
     id: root
 
-    required property eventRow row
     required property int index
     // The list that shows it; its own type would refer to this one.
     required property var list
@@ -15,44 +14,30 @@ Item {
     readonly property bool selected: list.screen.selectedKey.length > 0 && list.screen.selectedKey === row.eventKey
     readonly property bool isCurrent: ListView.isCurrentItem && list.activeFocus && Appearance.keyboardInUse
     readonly property bool editing: list.screen.editing
-    readonly property bool movable: editing && list.rows.canMove(index, index)
+    readonly property bool movable: editing && rows.canMove(index, index)
     readonly property RowHandle mover: handle.item as RowHandle
     readonly property bool dragged: mover?.dragging ?? false
-    property string shownKey
     // How far the card has gone towards the start of the line.
     property real swiped: 0
     readonly property int way: Theme.rightToLeft ? 1 : -1
 
     function remove() {
-        list.rows.removeRow(index)
+        rows.removeRow(index)
     }
 
     width: ListView.view?.width ?? 0
     height: list.rowHeight + 8
     z: dragged ? 2 : 1
 
-    Component.onCompleted: {
-        shownKey = row.eventKey
-        list.rows.show(shownKey)
-    }
-    Component.onDestruction: list?.rows?.hide(shownKey)
+    rows: list.rows
     ListView.onPooled: {
-        list.rows.hide(shownKey)
-        shownKey = ""
+        pooled = true
         swiped = 0
     }
     ListView.onReused: {
+        pooled = false
         opacity = 1
         scale = 1
-        shownKey = row.eventKey
-        list.rows.show(shownKey)
-    }
-    onRowChanged: {
-        if (shownKey.length === 0 || row.eventKey === shownKey || row.eventKey.length === 0)
-            return
-        list.rows.show(row.eventKey)
-        list.rows.hide(shownKey)
-        shownKey = row.eventKey
     }
 
     focus: ListView.isCurrentItem
@@ -60,7 +45,7 @@ Item {
     Accessible.name: row.spoken
     Accessible.selected: selected
     Accessible.focusable: true
-    Accessible.onPressAction: list.rows.select(index)
+    Accessible.onPressAction: rows.select(index)
 
     Loader {
         // Under the card, which uncovers it as it goes.
@@ -170,7 +155,7 @@ Item {
                     return
                 }
                 root.list.currentIndex = root.index
-                root.list.rows.select(root.index)
+                root.rows.select(root.index)
             }
             onLongPressed: if (!root.editing)
                 root.list.offerActions(root.row.eventKey, root.row.missed)
