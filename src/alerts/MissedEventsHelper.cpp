@@ -1,6 +1,7 @@
 #include "alerts/MissedEventsHelper.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "alerts/EventNotification.h"
 #include "platform/Environment.h"
@@ -115,10 +116,25 @@ void MissedEventsHelper::saveState() {
     if (schedule != nullptr) setLastNotifications(schedule->scheduledLocalNotifications());
 }
 
+void MissedEventsHelper::saveChanges() {
+    MissedEventsHelper& self = shared();
+    LocalNotifications* schedule = self.environment_.localNotifications();
+    if (schedule == nullptr) return;
+    (void)self.environment_.standardDefaults().synchronize();
+    const Lock lock(self.mutex_);
+    // Read first: what fires meanwhile is kept as scheduled.
+    auto scheduled = schedule->scheduledLocalNotifications();
+    std::vector<LocalNotification> kept = self.compare().fired;
+    std::ranges::move(scheduled, std::back_inserter(kept));
+    if (kept == self.readLast()) return;
+    self.storeLast(kept);
+    (void)self.environment_.standardDefaults().synchronize();
+}
+
 // Finding
 
 MissedEventsHelper::Found MissedEventsHelper::compare() const {
-    Found found{identifiers_, {}, false};
+    Found found{identifiers_, {}, {}};
     const std::vector<LocalNotification> last = readLast();
     if (last.empty() || environment_.localNotifications() == nullptr) return found;
     const auto scheduled = environment_.localNotifications()->scheduledLocalNotifications();
@@ -131,7 +147,7 @@ MissedEventsHelper::Found MissedEventsHelper::compare() const {
             found.rest.push_back(notification);
             continue;
         }
-        found.isAny = true;
+        found.fired.push_back(notification);
         const auto identifier = eventIdentifier(notification);
         if (identifier && std::ranges::find(found.missed, *identifier) == found.missed.end()) {
             found.missed.push_back(*identifier);
@@ -148,7 +164,7 @@ void MissedEventsHelper::find() {
         const Lock lock(self.mutex_);
         self.load();
         const Found found = self.compare();
-        if (found.isAny) {
+        if (!found.fired.empty()) {
             self.storeLast(found.rest);
             self.store(found.missed);
         }

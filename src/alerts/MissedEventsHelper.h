@@ -42,6 +42,8 @@ public:
 
     /// Keeps the device's present schedule as lastNotifications().
     static void saveState();
+    /// As saveState() while find() is still to come: what has fired since the last time is kept as well.
+    static void saveChanges();
     /// Adds the events whose notifications fired since saveState() to missedEvents(). What was found
     /// leaves lastNotifications(), so that it does not come back once the list was cleared.
     static void find();
@@ -55,8 +57,7 @@ private:
     /// What find() comes to.
     struct Found {
         std::vector<std::string> missed;
-        std::vector<LocalNotification> rest;  ///< of the last notifications
-        bool isAny = false;
+        std::vector<LocalNotification> fired, rest;  ///< of the last notifications
     };
 
     static MissedEventsHelper& shared();

@@ -33,7 +33,7 @@ struct ChosenCommand {
     CommandAction action;
     /// Events and categories are looked at: the first start's default events must be there.
     bool needsStore = true;
-    /// The widget's copy is refreshed after the action.
+    /// The schedule and the widget's copy are refreshed after the action.
     bool changesEvents = false;
     int exitStatus = 0;  ///< set by an action that ends well but answers "no"
 };

@@ -18,6 +18,7 @@
 #include "cli/Command.h"
 #include "cli/ProgramArguments.h"
 #include "cli/ProgramVersion.h"
+#include "cli/RefreshSchedule.h"
 #include "cli/Terminal.h"
 #include "platform/Environment.h"
 #include "platform/FileSystem.h"
@@ -128,7 +129,11 @@ Result<> perform(Environment& environment, const ChosenCommand& chosen, const Gl
         reportLeftOut();
     }
     const Result<> result = chosen.action(environment, options);
-    if (chosen.needsStore) NotificationsManager::flush();
+    if (chosen.changesEvents) {
+        scheduleChanges();
+    } else if (chosen.needsStore) {
+        NotificationsManager::flush();
+    }
     if (result && chosen.changesEvents) WidgetExport().exportEvents();
     return result;
 }

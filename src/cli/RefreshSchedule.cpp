@@ -1,6 +1,7 @@
 #include "cli/RefreshSchedule.h"
 
 #include "Classes/Event/EventLocalStore.h"
+#include "alerts/MissedEventsHelper.h"
 #include "alerts/NotificationsManager.h"
 
 namespace dayward {
@@ -11,7 +12,13 @@ Result<> refreshSchedule() {
     const Result<> refreshed = NotificationsManager::syncRefresh();
     EventLocalStore::shared().refreshFromDisk();
     NotificationsManager::flush();
+    if (refreshed) MissedEventsHelper::saveChanges();
     return refreshed;
+}
+
+void scheduleChanges() {
+    NotificationsManager::flush();
+    MissedEventsHelper::saveChanges();
 }
 
 }  // namespace dayward

@@ -1,4 +1,4 @@
-// The schedule made anew by a command.
+// The schedule as a command leaves it.
 #pragma once
 
 #include "platform/Result.h"
@@ -8,5 +8,9 @@ namespace dayward {
 /// As NotificationsManager::syncRefresh(), with what other processes change in the events meanwhile: a command does not
 /// watch them, and would cancel the alerts of an event that came after it had read them.
 Result<> refreshSchedule();
+
+/// At the end of a command that changed events: schedules that, and keeps the schedule for the next look for missed
+/// events.
+void scheduleChanges();
 
 }  // namespace dayward

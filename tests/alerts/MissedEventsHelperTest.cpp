@@ -105,6 +105,17 @@ TEST_F(FiredUnseen, ACancelledOneCountsOnlyWhenItsTimeHasCome) {
     EXPECT_EQ(MissedEventsHelper::missedEvents(), Identifiers{"early"});
 }
 
+TEST_F(FiredUnseen, ChangesOfTheScheduleAreKeptBesideWhatHasFired) {
+    schedule->change({}, {alert("fired", "2026-03-10T13:00:00"), alert("moved", "2026-03-10T14:30:00")});
+    MissedEventsHelper::saveState();
+    goTo("2026-03-10T14:00:00");
+    schedule->change({alert("moved", "2026-03-10T14:30:00")}, {alert("new", "2026-03-10T14:45:00")});
+    MissedEventsHelper::saveChanges();
+    goTo("2026-03-10T15:00:00");
+    MissedEventsHelper::find();
+    EXPECT_EQ(MissedEventsHelper::missedEvents(), (Identifiers{"fired", "new"}));
+}
+
 TEST_F(FiredUnseen, OneThatIsDueButStillScheduledHasNotFired) {
     schedule->scheduleLocalNotification(alert("a", "2026-03-10T13:00:00"));
     MissedEventsHelper::saveState();

@@ -3,8 +3,10 @@ import contextlib
 import datetime
 import fcntl
 import json
+import os
 import pathlib
 import plistlib
+import signal
 import subprocess
 
 import program
@@ -143,14 +145,17 @@ class Notifications(ProgramTest):
 
     @contextlib.contextmanager
     def held_back(self, *arguments):
-        """A command that has read the events and waits for the defaults while others run."""
+        """A command that has read the events and is stopped before it reads the defaults, while others run."""
         with open(self.home / "config" / "standard.defaults.lock", "a") as lock:
             fcntl.flock(lock, fcntl.LOCK_EX)
             held = subprocess.Popen(self.program_command(*arguments), env=self.program_environment())
             self.addCleanup(held.kill)
             wait_for("the command", lambda: any("->" in line and f" {held.pid} " in line for line in
                                                 pathlib.Path("/proc/locks").read_text().splitlines()))
-            yield
+            held.send_signal(signal.SIGSTOP)
+            os.waitpid(held.pid, os.WUNTRACED)
+        yield
+        held.send_signal(signal.SIGCONT)
         self.assertEqual(held.wait(120), 0)
 
     def test_events_that_others_add_or_remove_during_a_refresh_keep_or_lose_their_alerts(self):
@@ -159,6 +164,21 @@ class Notifications(ProgramTest):
             self.add("Fair", "--date", "2026-07-02", "--alert", "on event")
             self.run_ok("remove", tea)
         self.assertEqual(self.scheduled(), [("2026-07-02T00:00", "Fair is happening!", False)])
+
+    def missed(self, now):
+        return [one["name"] for one in self.run_json("missed", now=now)["missed"]]
+
+    def test_what_was_changed_last_is_missed_and_not_what_stood_there_before(self):
+        tea = self.add("Tea", "--date", "2026-03-10", "--time", "13:00", "--alert", "on event")
+        self.run_ok("notifications", "refresh")
+        self.run_ok("edit", tea, "--time", "16:00")
+        self.add("Fair", "--date", "2026-03-10", "--time", "13:30", "--alert", "on event")
+        self.assertEqual(self.missed("2026-03-10T14:00:00"), [])
+        for file in (self.home / "state").glob("notifications.schedule*"):
+            file.unlink()
+        self.assertEqual(self.missed("2026-03-10T14:00:00"), ["Fair"])
+        self.run_ok("add", "Ball", "--date", "2026-03-10", "--time", "15:00", now="2026-03-10T14:00:00")
+        self.assertEqual(self.missed("2026-03-10T14:00:00"), ["Fair"])
 
     def test_without_a_desktop_alerts_will_not_come(self):
         self.add("Tea", "--date", "2026-07-01", "--time", "09:30", "--alert", "on event")
