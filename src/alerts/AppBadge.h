@@ -44,7 +44,9 @@ public:
     /// Writes the defaults through, as setEventKey() does. The number is another with the next refresh of
     /// the notifications.
     static void setType(BadgeType type);
-    /// Whether the type counts days to or from the chosen event.
+    /// Whether the type counts days to or from an event.
+    static bool countsDays(BadgeType type) { return type == BadgeType::daysBeforeNextEvent || needsEvent(type); }
+    /// Whether that is the chosen event.
     static bool needsEvent(BadgeType type);
 
     /// The identifier of the chosen event; it may have been removed.

@@ -1,6 +1,7 @@
 #include "cli/RefreshSchedule.h"
 
 #include "Classes/Event/EventLocalStore.h"
+#include "alerts/AppBadge.h"
 #include "alerts/MissedEventsHelper.h"
 #include "alerts/NotificationsManager.h"
 
@@ -17,8 +18,12 @@ Result<> refreshSchedule() {
 }
 
 void scheduleChanges() {
-    NotificationsManager::flush();
-    MissedEventsHelper::saveChanges();
+    if (AppBadge::countsDays(AppBadge::type())) {
+        (void)refreshSchedule();  // a failure is logged there
+    } else {
+        NotificationsManager::flush();
+        MissedEventsHelper::saveChanges();
+    }
 }
 
 }  // namespace dayward

@@ -10,7 +10,7 @@ namespace dayward {
 Result<> refreshSchedule();
 
 /// At the end of a command that changed events: schedules that, and keeps the schedule for the next look for missed
-/// events.
+/// events. Everything is made anew where the badge counts days, which depend on all events.
 void scheduleChanges();
 
 }  // namespace dayward

@@ -180,6 +180,15 @@ class Notifications(ProgramTest):
         self.run_ok("add", "Ball", "--date", "2026-03-10", "--time", "15:00", now="2026-03-10T14:00:00")
         self.assertEqual(self.missed("2026-03-10T14:00:00"), ["Fair"])
 
+    def test_a_badge_of_days_follows_every_change(self):
+        self.run_ok("badge", "next")
+        near = self.add("Near", "--date", "2026-03-13")
+        for change in (["edit", near, "--date", "2026-03-12"], ["remove", near]):
+            self.run_ok(*change)
+            numbers = [(one["fireDate"], one["badgeNumber"])
+                       for one in self.run_json("notifications", "--scheduled")["notifications"]]
+            self.assertEqual(numbers, [(one["date"], one["number"]) for one in self.run_json("badge")["changes"]])
+
     def test_without_a_desktop_alerts_will_not_come(self):
         self.add("Tea", "--date", "2026-07-01", "--time", "09:30", "--alert", "on event")
         told = self.run_json("doctor")["alerts"]
