@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include "alerts/NotificationDifference.h"
 #include "platform/Environment.h"
@@ -18,6 +19,8 @@ AlertHealth AlertHealth::present(NotificationDevice* device) {
     if (schedule == nullptr) return health;
     auto alerts = schedule->scheduledLocalNotifications();
     std::ranges::move(schedule->snoozedLocalNotifications(), std::back_inserter(alerts));
+    const TimeZone here = Environment::current().timeZone();
+    for (LocalNotification& alert : alerts) alert = asDueHere(std::move(alert), here);
     std::ranges::stable_sort(alerts, firesBefore);
     std::erase_if(alerts, [](const LocalNotification& one) { return !one.alertBody; });
     health.scheduledCount = alerts.size();

@@ -15,7 +15,7 @@ struct AlertHealth {
 
     NotificationDeviceState device;
     std::size_t scheduledCount = 0;       ///< alerts, also snoozed ones; what only sets the badge does not count
-    std::vector<LocalNotification> next;  ///< the first kShownNext of them, by fire date
+    std::vector<LocalNotification> next;  ///< the first kShownNext of them, as they are due here
 
     /// As things are now; without a device nothing answers. May take as long as the device does.
     static AlertHealth present(NotificationDevice* device);

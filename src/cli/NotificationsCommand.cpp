@@ -2,7 +2,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <memory>
-#include <tuple>
+#include <utility>
 
 #include "Classes/App/AppServices.h"
 #include "Classes/Event/EventLocalStore.h"
@@ -46,11 +46,12 @@ struct Scheduled {
     bool isSnoozed = false;
 };
 
-/// What the device's schedule holds, by fire date.
+/// What the device's schedule holds, as it is due in the zone of now.
 std::vector<Scheduled> scheduledNow(LocalNotifications& device) {
+    const TimeZone here = Environment::current().timeZone();
     std::vector<Scheduled> scheduled;
-    for (auto& one : device.scheduledLocalNotifications()) scheduled.push_back({std::move(one), false});
-    for (auto& one : device.snoozedLocalNotifications()) scheduled.push_back({std::move(one), true});
+    for (auto& one : device.scheduledLocalNotifications()) scheduled.push_back({asDueHere(std::move(one), here), false});
+    for (auto& one : device.snoozedLocalNotifications()) scheduled.push_back({asDueHere(std::move(one), here), true});
     std::ranges::stable_sort(scheduled, firesBefore, &Scheduled::notification);
     return scheduled;
 }

@@ -11,4 +11,10 @@ std::optional<Date> dueDate(const LocalNotification& notification, const TimeZon
     return zone ? here.instantOfLocal(zone->localOfInstant(*date)) : *date;
 }
 
+LocalNotification asDueHere(LocalNotification notification, const TimeZone& here) {
+    notification.fireDate = dueDate(notification, here);
+    if (notification.timeZone) notification.timeZone = here.name();
+    return notification;
+}
+
 }  // namespace dayward

@@ -30,5 +30,7 @@ struct LocalNotification {
 /// The moment at which it fires where the device is now; nothing without a fire date. A zone that nobody knows
 /// counts as none.
 std::optional<Date> dueDate(const LocalNotification& notification, const TimeZone& here);
+/// The same as it stands on the device's clock: its fire date is that moment.
+LocalNotification asDueHere(LocalNotification notification, const TimeZone& here);
 
 }  // namespace dayward

@@ -143,6 +143,14 @@ class Notifications(ProgramTest):
         self.run_ok("remove", identifier)
         self.assertEqual(self.scheduled(), [], "what was put off goes with its event")
 
+    def test_after_a_journey_the_schedule_is_told_as_it_will_fire(self):
+        self.add("Tea", "--date", "2026-07-01", "--time", "09:30", "--alert", "on event")
+        tokyo = {"zone": "Asia/Tokyo"}
+        told = [*self.run_json("notifications", "--scheduled", **tokyo)["notifications"],
+                *self.run_json("doctor", **tokyo)["alerts"]["next"]]
+        self.assertEqual([one["fireDate"] for one in told], ["2026-07-01T09:30:00+09:00"] * 2)
+        self.assertEqual(self.run_ok("notifications", "--scheduled", **tokyo), "Jul 1, 2026, 9:30 AM  Tea is happening!\n")
+
     @contextlib.contextmanager
     def held_back(self, *arguments):
         """A command that has read the events and is stopped before it reads the defaults, while others run."""
