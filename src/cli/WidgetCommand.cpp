@@ -94,8 +94,8 @@ void addEventsCommand(CLI::App& widget, ChosenCommand& chosen) {
     const auto events = std::make_shared<std::vector<std::string>>();
     const auto none = std::make_shared<bool>(false);
     CLI::App* command = widget.add_subcommand("events", "The events selected for the widget, in its order");
-    command->add_option("events", *events, "Identifiers or names to select instead");
-    command->add_flag("--none", *none, "Select no event");
+    CLI::Option* named = command->add_option("events", *events, "Identifiers or names to select instead");
+    command->add_flag("--none", *none, "Select no event")->excludes(named);
     command->callback([=, &chosen] {
         chosen.changesEvents = *none || !events->empty();
         chosen.action = [=](Environment&, const GlobalOptions& global) {

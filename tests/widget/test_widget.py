@@ -68,6 +68,7 @@ class Lines(WidgetTest):
         self.assertEqual(self.widget("--format", "text"), "\n")
         self.refused(1, "widget", "events", "Nobody")
         self.refused(2, "widget", "type", "tomorrow")
+        self.refused(2, "widget", "events", "First", "--none")
 
     def test_a_broken_copy_is_an_empty_widget_and_one_line(self):
         self.add("Dentist", "--date", "2026-03-12")
