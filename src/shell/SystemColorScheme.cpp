@@ -7,6 +7,8 @@
 #include <QGuiApplication>
 #include <QPalette>
 
+#include "platform/Log.h"
+
 namespace dayward {
 
 namespace {
@@ -24,8 +26,11 @@ constexpr uint kPrefersLight = 2;
 SystemColorScheme::SystemColorScheme(QObject* parent) : QObject(parent) {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) return;
-    bus.connect(kService, kPath, kInterface, QStringLiteral("SettingChanged"), this,
-                SLOT(settingDidChange(QString, QString, QDBusVariant)));
+    // The slot is looked for by the names of its types, and this one has none before its first use.
+    qRegisterMetaType<QDBusVariant>();
+    const bool hears = bus.connect(kService, kPath, kInterface, QStringLiteral("SettingChanged"), this,
+                                   SLOT(settingDidChange(QString, QString, QDBusVariant)));
+    if (!hears) logError("changes of the desktop's colour scheme cannot be followed");
     read();
 }
 

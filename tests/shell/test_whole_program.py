@@ -16,10 +16,16 @@ import tempfile
 import time
 import unittest
 
+import dbus
+
 from waiting import PATIENCE, wait_for
 
 NEEDED = ("Xvfb", "xvfb-run", "dbus-run-session", "xdotool", "openbox")
 APPLICATION = PROGRAM = None
+# Where the window shows no row.
+LIGHT, DARK = 0xf3f2f7, 0x121117
+PORTAL = ("org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop", "org.freedesktop.portal.Settings")
+PREFERS_DARK, PREFERS_LIGHT = 1, 2
 
 
 def output(*command):
@@ -136,6 +142,35 @@ class WholeProgram(unittest.TestCase):
             self.assertEqual(self.command("doctor")["problems"], [])
             self.application = self.start()
             self.window = wait_for("the window again", self.visible_window)
+
+    def start_portal(self, preference):
+        """The desktop's settings, mocked; they answer the older question, which wraps its answer twice."""
+        self.run_beside(sys.executable, "-m", "dbusmock", "--logfile", os.devnull, *PORTAL)
+        wait_for("the portal", lambda: dbus.SessionBus().name_has_owner(PORTAL[0]))
+        portal = dbus.Interface(dbus.SessionBus().get_object(*PORTAL[:2]), "org.freedesktop.DBus.Mock")
+        portal.AddMethod(PORTAL[2], "Read", "ss", "v", f"ret = dbus.UInt32({preference}, variant_level=2)")
+        return portal
+
+    def prefer(self, portal, preference):
+        portal.EmitSignal(PORTAL[2], "SettingChanged", "ssv",
+                          ["org.freedesktop.appearance", "color-scheme", dbus.UInt32(preference)])
+
+    def shows(self, color, other):
+        colors = self.colors()
+        shown, left = (colors[one] + colors[one | 0xff000000] for one in (color, other))
+        return shown > 10000 > left
+
+    def test_follows_the_desktop_into_the_dark_and_back(self):
+        wait_for("a light window", lambda: self.shows(LIGHT, DARK))
+        self.application.terminate()
+        self.application.wait(PATIENCE)
+        portal = self.start_portal(PREFERS_DARK)
+        self.start()
+        wait_for("a dark window", lambda: self.shows(DARK, LIGHT))
+        self.prefer(portal, PREFERS_LIGHT)
+        wait_for("the same window, light", lambda: self.shows(LIGHT, DARK))
+        self.prefer(portal, PREFERS_DARK)
+        wait_for("the same window, dark", lambda: self.shows(DARK, LIGHT))
 
 
 def main():
