@@ -176,9 +176,12 @@ void NotificationsManager::add(NotificationTarget target) {
     batch_.start();
 }
 
-void NotificationsManager::flush() {
-    shared().batch_.stop();
-    shared().performBatch();
+Result<> NotificationsManager::flush() {
+    NotificationsManager& self = shared();
+    self.batch_.stop();
+    self.performBatch();
+    const Lock changing(self.changeMutex_);
+    return std::exchange(self.batched_, {});
 }
 
 void NotificationsManager::performBatch() {
@@ -195,7 +198,8 @@ void NotificationsManager::performBatch() {
     moveSnoozed(*device, batch.owners);
     Notifications scheduled = device->scheduledLocalNotifications();
     const Notifications shown = takeShown(scheduled);
-    (void)apply(*device, scheduled, carriedOut(batch, scheduled, roomBeside(shown, *device)));
+    const Result<> applied = apply(*device, scheduled, carriedOut(batch, scheduled, roomBeside(shown, *device)));
+    if (!applied) batched_ = applied;
 }
 
 void NotificationsManager::moveSnoozed(LocalNotifications& device, const std::set<std::string>& owners) {

@@ -46,8 +46,9 @@ public:
     static void updateForEvent(const std::shared_ptr<HHEvent>& event);
     /// Soon takes the event's notifications away.
     static void removeForEvent(const std::shared_ptr<HHEvent>& event);
-    /// Carries out the updates and removals that wait, and returns when that is done. For the end of a command.
-    static void flush();
+    /// Carries out the updates and removals that wait, and returns when that is done. For the end of a command. An
+    /// error where the schedule could not be written, now or since the last time.
+    static Result<> flush();
 
     /// Builds everything anew on the global queue, and sets the badge's number.
     static void refresh();
@@ -88,6 +89,7 @@ private:
     Mutex changeMutex_;  ///< from reading the events to the change of the schedule
     /// What went with events that were removed, by their identifiers.
     std::map<std::string, std::vector<LocalNotification>> snoozedOfRemoved_ DAYWARD_GUARDED_BY(changeMutex_);
+    Result<> batched_ DAYWARD_GUARDED_BY(changeMutex_);  ///< since the last flush()
     std::atomic<std::uint64_t> refreshCount_ = 0;
     CCDelayedOperation batch_;
 };

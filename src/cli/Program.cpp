@@ -129,11 +129,14 @@ Result<> perform(Environment& environment, const ChosenCommand& chosen, const Gl
         reportLeftOut();
     }
     const Result<> result = chosen.action(environment, options);
+    Result<> scheduled;
     if (chosen.changesEvents) {
-        scheduleChanges();
+        scheduled = scheduleChanges();
     } else if (chosen.needsStore) {
-        NotificationsManager::flush();
+        scheduled = NotificationsManager::flush();
     }
+    // What the command was to do is done: a second try would do it twice, and the agent schedules once a day.
+    if (result && !scheduled) complain("alerts could not be scheduled: " + scheduled.error().description());
     if (result && chosen.changesEvents) WidgetExport().exportEvents();
     return result;
 }

@@ -10,20 +10,18 @@ namespace dayward {
 // Whoever changes an event writes its file before the schedule. So what the refresh took from the schedule and did not
 // know is on the disk now; what comes later finds the schedule as the refresh left it.
 Result<> refreshSchedule() {
-    const Result<> refreshed = NotificationsManager::syncRefresh();
+    TRY_VOID(NotificationsManager::syncRefresh());
     EventLocalStore::shared().refreshFromDisk();
-    NotificationsManager::flush();
-    if (refreshed) MissedEventsHelper::saveChanges();
-    return refreshed;
+    TRY_VOID(NotificationsManager::flush());
+    MissedEventsHelper::saveChanges();
+    return {};
 }
 
-void scheduleChanges() {
-    if (AppBadge::countsDays(AppBadge::type())) {
-        (void)refreshSchedule();  // a failure is logged there
-    } else {
-        NotificationsManager::flush();
-        MissedEventsHelper::saveChanges();
-    }
+Result<> scheduleChanges() {
+    if (AppBadge::countsDays(AppBadge::type())) return refreshSchedule();
+    TRY_VOID(NotificationsManager::flush());
+    MissedEventsHelper::saveChanges();
+    return {};
 }
 
 }  // namespace dayward

@@ -11,6 +11,6 @@ Result<> refreshSchedule();
 
 /// At the end of a command that changed events: schedules that, and keeps the schedule for the next look for missed
 /// events. Everything is made anew where the badge counts days, which depend on all events.
-void scheduleChanges();
+Result<> scheduleChanges();
 
 }  // namespace dayward

@@ -220,6 +220,18 @@ class Notifications(ProgramTest):
         self.assertIn("Is a directory", told["problems"][0]["reason"])
         self.assertEqual((told["alerts"]["scheduled"], len(told["alerts"]["next"])), (1, 1))
 
+    def test_a_change_whose_alerts_could_not_be_scheduled_is_made_and_says_so(self):
+        lock = self.home / "state" / "notifications.lock"
+        for badge in ("missed", "next"):
+            self.run_ok("badge", badge)
+            lock.unlink(missing_ok=True)
+            lock.mkdir()
+            done = self.start("add", "Fair", "--date", "2026-07-03", "--alert", "on event")
+            self.assertEqual((done.returncode, len(done.stderr.splitlines())), (0, 1), done.stderr)
+            self.assertIn("notifications.lock", done.stderr)
+            self.assertTrue(done.stdout.startswith("Added Fair"))
+            lock.rmdir()
+
     def test_refreshing_says_nothing_but_that_it_could_not(self):
         self.add("Tea", "--date", "2026-07-01", "--time", "09:30", "--alert", "on event")
         self.assertEqual(self.run_ok("notifications", "refresh"), "")
