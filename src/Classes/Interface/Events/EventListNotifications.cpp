@@ -11,6 +11,7 @@
 #include "Classes/Settings/AppSettings.h"
 #include "alerts/MissedEventsHelper.h"
 #include "platform/Application.h"
+#include "platform/Environment.h"
 #include "platform/FailedSave.h"
 #include "sync/CCUbiquityKeyStoreProgressInfo.h"
 
@@ -40,6 +41,7 @@ void EventListViewController::observeStores() {
     using Self = EventListViewController;
     observe(EventLocalStoreDidUpdateNotification, &Self::eventStoreDidUpdate);
     observe(DidFailToSaveNotification, &Self::didFailToSave);
+    observe(HHAppTimerKeys::everySecound, &Self::followClock);
     observe(CategoryLocalStoreDidUpdateNotification, &Self::categoryStoreDidUpdate);
     observe(CCUbiquityKeyStoreStartDownloadingNotification, &Self::ubiquityStoreStartDownloading);
     observe(CCUbiquityKeyStoreProgressDownloadingNotification, &Self::ubiquityStoreProgressDownloading);
@@ -56,6 +58,15 @@ void EventListViewController::observeStores() {
 void EventListViewController::didFailToSave(const Notification& notification) {
     constexpr TimeInterval kShownFor{10};
     if (isPresented()) presenter().showNotice({.text = failedSaveText(notification), .shownFor = kShownFor});
+}
+
+// What events keep of their dates is right for every later moment, not for those before a clock that was set back.
+void EventListViewController::followClock(const Notification&) {
+    constexpr TimeInterval kSetBack{1};
+    const Date now = Environment::current().now();
+    if (std::exchange(latestTick_, now) - now < kSetBack) return;
+    for (const EventRow& event : EventLocalStore::shared().allEvents()) event->moduleEventDateRefresh();
+    startReload(Reload::order);
 }
 
 void EventListViewController::observeTimer() {

@@ -157,6 +157,7 @@ private:
     void categoryStoreDidUpdate(const Notification& notification);
     void eventStoreDidUpdate(const Notification& notification);
     void didFailToSave(const Notification& notification);
+    void followClock(const Notification& notification);
     void ubiquityStoreStartDownloading(const Notification& notification);
     void ubiquityStoreProgressDownloading(const Notification& notification);
     void ubiquityStoreFinishDownloading(const Notification& notification);
@@ -190,6 +191,7 @@ private:
     std::int64_t itemsBeforeDownload_ = 0;
     std::set<const void*> downloaded_;  ///< the cloud stores whose first download is over
     std::int64_t sortedDay_ = 0;
+    Date latestTick_;
     Reload wantedReload_ = Reload::nothing;
     std::unique_ptr<CCDelayedOperation> reloadOperation_;
     ScreenObserver observer_;

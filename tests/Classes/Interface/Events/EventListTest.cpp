@@ -245,6 +245,21 @@ TEST_F(EventList, FollowsTheChosenOrderAndMovesRowsByHand) {
         << "what was found says nothing about the order of all";
 }
 
+TEST_F(EventList, AClockThatIsSetBackBringsEventsBack) {
+    store({"a", "2026-03-20", "Party"})->setRrule("FREQ=YEARLY;INTERVAL=1");
+    start();
+    constexpr TimeInterval kMonth(31 * 86400);
+    environment.clock->advance(kMonth);
+    second();
+    settle();
+    ASSERT_EQ(EventLocalStore::shared().eventByIdentifier("a")->nextDate(), environment.at("2027-03-20"));
+    list().addAction();
+    environment.clock->advance(-kMonth);
+    second();
+    settle();
+    EXPECT_THAT(rows(list().table()), ElementsAre("[March 2026]", "a"));
+}
+
 TEST_F(EventList, TheTickWritesVisibleRowsAndMovesNone) {
     auto soon = store({"a", "2026-03-10T12:01:00", "Soon"});
     soon->intervalFormat().units = CalendarUnit::second;
