@@ -1,5 +1,7 @@
 #include "platform/NotificationArchive.h"
 
+#include <cmath>
+
 #include "platform/DictionaryValue.h"
 
 namespace dayward {
@@ -38,6 +40,7 @@ std::optional<LocalNotification> notificationOfObject(const Object& object) {
     if (dictionary == nullptr) return std::nullopt;
     LocalNotification notification;
     notification.fireDate = valueOfKey(*dictionary, kFireDateKey).date();
+    if (notification.fireDate && !std::isfinite(notification.fireDate->secondsSinceReference())) return std::nullopt;
     notification.timeZone = valueOfKey(*dictionary, kTimeZoneKey).stringValue();
     notification.alertAction = valueOfKey(*dictionary, kAlertActionKey).stringValue();
     notification.alertBody = valueOfKey(*dictionary, kAlertBodyKey).stringValue();

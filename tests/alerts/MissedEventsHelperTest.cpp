@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "alerts/EventNotification.h"
 #include "platform/NotificationArchive.h"
 #include "platform/UserDefaults.h"
@@ -162,6 +164,12 @@ TEST_F(FiredUnseen, TheKeptStateLastsAndABrokenOneIsEmpty) {
     defaults.archiveObject(Array{1, Dictionary{{"fireDate", "soon"}, {"userInfo", 7}}},
                            MissedEventsHelper::kLastNotificationsKey);
     EXPECT_EQ(MissedEventsHelper::lastNotifications(), std::vector{bare}) << "what cannot be read is left out";
+    LocalNotification never = whole;
+    for (const double moment : {HUGE_VAL, -HUGE_VAL, std::nan("")}) {
+        never.fireDate = Date::sinceReference(moment);
+        MissedEventsHelper::setLastNotifications({never, whole});
+        EXPECT_EQ(MissedEventsHelper::lastNotifications(), std::vector{whole}) << moment;
+    }
     MissedEventsHelper::setLastNotifications({});
     EXPECT_TRUE(defaults.objectForKey(MissedEventsHelper::kLastNotificationsKey).isNull());
 }
