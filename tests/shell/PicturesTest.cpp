@@ -12,6 +12,7 @@
 #include "shell/EventLookItem.h"
 #include "shell/Fonts.h"
 #include "shell/PictureProvider.h"
+#include "shell/PictureSource.h"
 #include "shell/QtImages.h"
 #include "shell/QtValues.h"
 #include "shell/ShellFixture.h"
@@ -87,6 +88,21 @@ TEST_F(PicturesOfTheShell, thatStandReadyComeToWhoListensLate) {
     ASSERT_TRUE(until([&] { return isFinished; }));
     const std::unique_ptr<QQuickTextureFactory> picture(response->textureFactory());
     EXPECT_EQ(picture->textureSize(), QSize(5, 5));
+}
+
+TEST_F(PicturesOfTheShell, areFoundByKeyAndPlaceOnceThePlaceHasASize) {
+    PictureSource source;
+    const QSignalSpy told(&source, &PictureSource::urlChanged);
+    source.setProperty("key", "a%20b");
+    EXPECT_TRUE(source.url().isEmpty());
+    source.setProperty("hasSize", true);
+    EXPECT_EQ(source.url(), QUrl("image://pictures/fill/0/a%20b"));
+    source.setProperty("radius", 14);
+    source.setProperty("whole", true);
+    EXPECT_EQ(source.url(), QUrl("image://pictures/inside/14/a%20b"));
+    source.setProperty("key", QString());
+    EXPECT_TRUE(source.url().isEmpty());
+    EXPECT_EQ(told.count(), 4);
 }
 
 TEST_F(PicturesOfTheShell, keepTheirPixelsOnTheWayToQtAndBack) {
