@@ -36,12 +36,18 @@ Object encoded(const std::vector<LocalNotification>& notifications) {
     return list;
 }
 
-std::vector<LocalNotification> decodedList(const Dictionary& dictionary, const char* key) {
+/// All of it or nothing: what is left out would not be given, and nobody would know.
+Result<std::vector<LocalNotification>> decodedList(const Dictionary& dictionary, const char* key) {
     std::vector<LocalNotification> list;
     const Object& stored = valueOfKey(dictionary, key);
-    if (stored.array() == nullptr) return list;
+    if (stored.isNull()) return list;
+    if (stored.array() == nullptr) return failure("notification schedule", 0, {{"key", key}, {"reason", "no list"}});
     for (const Object& entry : *stored.array()) {
-        if (auto notification = notificationOfObject(entry)) list.push_back(*std::move(notification));
+        auto notification = notificationOfObject(entry);
+        if (!notification) {
+            return failure("notification schedule", 0, {{"key", key}, {"reason", "one cannot be read"}});
+        }
+        list.push_back(*std::move(notification));
     }
     return list;
 }
@@ -93,9 +99,9 @@ Result<NotificationSchedule::Content> NotificationSchedule::decode(const std::st
         return failure("notification schedule", 0, {{"path", path}, {"reason", "not of a known version"}});
     }
     Content content;
-    content.scheduled = decodedList(*fields, Keys::scheduled);
-    content.snoozed = decodedList(*fields, Keys::snoozed);
-    content.withdrawn = decodedList(*fields, Keys::withdrawn);
+    content.scheduled = TRY(decodedList(*fields, Keys::scheduled));
+    content.snoozed = TRY(decodedList(*fields, Keys::snoozed));
+    content.withdrawn = TRY(decodedList(*fields, Keys::withdrawn));
     content.badgeNumber = valueOfKey(*fields, Keys::badgeNumber).integer().value_or(0);
     content.needsRebuild = valueOfKey(*fields, Keys::needsRebuild).boolean().value_or(false);
     content.limit();

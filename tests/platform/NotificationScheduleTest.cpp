@@ -3,9 +3,11 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 #include "platform/Archivable.h"
+#include "platform/KeyedArchiver.h"
 #include "platform/LocalNotifications.h"
 #include "support/FaultFileSystem.h"
 
@@ -107,6 +109,16 @@ TEST_F(NotificationScheduleTest, LivesOnItsCopyWhereTheFileIsDamagedOrGone) {
         EXPECT_EQ(dates(), std::vector<double>{1});
     }
     EXPECT_TRUE(files->tree(kDirectory).contains("notifications.schedule.unreadable"));
+}
+
+TEST_F(NotificationScheduleTest, LivesOnItsCopyWhereANotificationCannotBeRead) {
+    const Object never = Dictionary{{"fireDate", Date::sinceReference(std::nan(""))}};
+    for (const Object& list : {Object("none"), Object(Array{7}), Object(Array{Dictionary(), never})}) {
+        add(at(1));
+        files->store(kFile, KeyedArchiver::archivedDataWithRootObject(Dictionary{{"version", 1}, {"scheduled", list}}));
+        EXPECT_EQ(dates(), std::vector<double>{1});
+        EXPECT_TRUE(schedule().read()->needsRebuild);
+    }
 }
 
 TEST_F(NotificationScheduleTest, StaysToBeRebuiltWhereTheCopyIsDamagedToo) {
