@@ -82,6 +82,18 @@ TEST_F(ListFlows, aSwipedRowOffersItsRemovalAndAFarOneIsRemoved) {
     })) << "one removal after the other comes back";
 }
 
+TEST_F(ListFlows, aRowThatTakesTheItemOfARemovedOneStandsInItsPlace) {
+    storeThree();
+    const qreal place = item(QStringLiteral("Alpha"))->mapToScene({}).x();
+    EventLocalStore::shared().removeAllEvents();
+    ASSERT_TRUE(until([&] { return shownRows().isEmpty(); }));
+    settle();
+    storeThree();
+    for (const char* name : {"Alpha", "Beta", "Gamma"}) {
+        EXPECT_EQ(item(QString::fromUtf8(name))->mapToScene({}).x(), place) << name;
+    }
+}
+
 TEST_F(ListFlows, aPullFarEnoughClearsTheMissedEvents) {
     storeThree();
     sortBy(EventSortType::byDate);

@@ -3,8 +3,17 @@ import Dayward
 
 // What stands above the events of one section, such as "Tomorrow".
 Item {
+    id: root
+
     required property string header
     readonly property bool isHeader: true
+
+    ListView.onReused: {
+        // As its removal left it.
+        x = 0
+        opacity = 1
+        scale = 1
+    }
 
     width: ListView.view?.width ?? 0
     height: caption.implicitHeight + 20

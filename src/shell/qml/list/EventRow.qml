@@ -36,6 +36,8 @@ EventRowItem {
     }
     ListView.onReused: {
         pooled = false
+        // As its removal left it.
+        x = 0
         opacity = 1
         scale = 1
     }
