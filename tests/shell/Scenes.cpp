@@ -10,6 +10,7 @@
 #include "Classes/Interface/Info/SettingsViewController.h"
 #include "Classes/Interface/Screens/TableScreen.h"
 #include "Classes/Settings/AppSettings.h"
+#include "support/FakeNotificationDevice.h"
 
 namespace dayward {
 
@@ -37,6 +38,13 @@ Scene editor(const std::string& name, std::vector<std::string> rows) {
 }
 
 Scene settings(const std::string& name, std::vector<std::string> rows) {
+    SettingsViewController::Services services;
+    services.notificationDevice = std::make_shared<FakeNotificationDevice>();
+    services.canLock = true;
+    return {name, path<SettingsViewController>(std::move(rows), services)};
+}
+
+Scene settingsWithoutServices(const std::string& name, std::vector<std::string> rows) {
     return {name, path<SettingsViewController>(std::move(rows), SettingsViewController::Services{})};
 }
 
@@ -60,17 +68,20 @@ Scene list(const std::string& name, EventSortType order) {
             }};
 }
 
+using ShareAction = void (HHShareToolbar::*)() const;
+
 /// The detail of the event at that place of the list by date.
-Scene detail(const std::string& name, std::size_t place, bool shares = false) {
-    return {name, [place, shares](Stage& stage) {
+Scene detail(const std::string& name, std::size_t place, ShareAction share = nullptr) {
+    return {name, [place, share](Stage& stage) {
                 const auto events = eventsByDate();
                 stage.list.presentDetailsForEventAtIdentifier(events.at(place % events.size())->identifier());
                 const auto& screens = stage.shell.navigation().screens(
                     stage.shell.hasDetailPane() ? StackId::detail : StackId::root);
                 auto* const shown = dynamic_cast<EventDetailViewController*>(screens.back().get());
-                if (shares && shown != nullptr) shown->shareToolbar()->imageAction();
+                if (share != nullptr && shown != nullptr) (shown->shareToolbar()->*share)();
             }};
 }
+
 
 }  // namespace
 
@@ -85,20 +96,32 @@ std::vector<Scene> scenes() {
         detail("detail", 0),
         detail("detail-2", 2),
         detail("detail-3", 4),
-        detail("share", 1, true),
+        detail("share", 1, &HHShareToolbar::imageAction),
+        detail("share-text", 1, &HHShareToolbar::textAction),
         settings("settings", {}),
         settings("settings-defaults", {"defaultValues"}),
         settings("settings-badge", {"badge"}),
+        settings("settings-categories", {"categories"}),
+        settings("settings-category", {"categories", "category:default"}),
+        settings("settings-sort", {"sort"}),
         settings("settings-alerts", {"alerts"}),
+        settingsWithoutServices("settings-alerts-none", {"alerts"}),
         settings("settings-widget", {"widget", "type1"}),
         settings("settings-theme", {"theme"}),
+        settings("settings-language", {"language"}),
         settings("settings-information", {"about"}),
+        settings("settings-licences", {"about", "licences"}),
         editor("editor", {}),
         editor("editor-date", {"date"}),
+        editor("editor-time", {"date", "addTime"}),
         editor("editor-duration", {"duration"}),
+        editor("editor-duration-custom", {"duration", "custom"}),
         editor("editor-repeat", {"repeat"}),
+        editor("editor-repeat-custom", {"repeat", "custom"}),
+        editor("editor-repeat-opened", {"repeat", "custom", "frequency", "months", "days"}),
         editor("editor-units", {"units"}),
         editor("editor-alerts", {"alerts"}),
+        editor("editor-alert", {"alerts", "addBefore"}),
         editor("editor-sound", {"sound"}),
         editor("editor-background", {"background"}),
         editor("editor-font", {"font"}),

@@ -22,5 +22,9 @@ struct Scene {
 };
 
 std::vector<Scene> scenes();
+/// Those with events of their own: of today, missed, with long texts; and with none at all.
+std::vector<Scene> eventfulScenes();
+/// Brings the events back to what they were before such a scene.
+void leaveEventfulScene();
 
 }  // namespace dayward

@@ -7,11 +7,16 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QKeyEvent>
+#include <QQuickItem>
 #include <QQuickWindow>
 #include <QScreen>
 #include <QTemporaryDir>
+#include <QThread>
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
+#include <iterator>
 
 #include "Classes/App/AppInfo.h"
 #include "Classes/App/AppManager.h"
@@ -29,7 +34,6 @@ namespace dayward {
 namespace {
 
 constexpr const char* kNow = "2026-03-10T12:00:00";
-constexpr int kShortestMilliseconds = 500;
 constexpr int kQuietMilliseconds = 300;
 constexpr int kLongestMilliseconds = 8000;
 
@@ -42,23 +46,36 @@ struct Wanted {
     double textScale = 1;
 };
 
-/// Until nothing has been drawn anew for a while: the moves are over and the pictures there.
+/// Whether a picture in sight is still to come.
+bool isLoading(const QQuickItem& item) {
+    constexpr int kImageIsLoading = 2;
+    if (!item.isVisible()) return false;
+    if (item.inherits("QQuickImageBase") && item.property("status").toInt() == kImageIsLoading) return true;
+    if (item.inherits("QQuickBusyIndicator") && item.property("running").toBool()) return true;
+    return std::ranges::any_of(item.childItems(), [](const QQuickItem* child) { return isLoading(*child); });
+}
+
+/// Until nothing has been drawn anew for a while: the moves are over and the pictures there. The while is
+/// counted in turns of the loop, so that a slow machine has no less of them.
 void settle(QQuickWindow& window) {
+    constexpr int kTurnMilliseconds = 5;
+    int quiet = 0;
+    const auto frames = QObject::connect(&window, &QQuickWindow::frameSwapped, &window, [&] { quiet = 0; });
     QElapsedTimer clock;
-    clock.start();
-    qint64 lastFrame = 0;
-    const auto frames =
-        QObject::connect(&window, &QQuickWindow::frameSwapped, &window, [&] { lastFrame = clock.elapsed(); });
-    const auto isQuiet = [&] { return clock.elapsed() - lastFrame > kQuietMilliseconds; };
-    while (clock.elapsed() < kShortestMilliseconds || (!isQuiet() && clock.elapsed() < kLongestMilliseconds)) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    for (clock.start(); quiet < kQuietMilliseconds && clock.elapsed() < kLongestMilliseconds;
+         quiet += kTurnMilliseconds) {
+        QCoreApplication::processEvents();
+        if (isLoading(*window.contentItem())) quiet = 0;
+        QThread::msleep(kTurnMilliseconds);
     }
     QObject::disconnect(frames);
 }
 
-/// Takes every modal stack away and goes back to the root.
-void reset(Stage& stage) {
+/// Takes a question and every modal stack away and goes back to the root.
+void reset(Stage& stage, QQuickWindow& window) {
     Shell& shell = stage.shell;
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, {});
+    QCoreApplication::sendEvent(&window, &escape);
     stage.list.setEditing(false);
     stage.list.endSearch();
     while (!shell.navigation().modalStacks().empty()) {
@@ -68,14 +85,21 @@ void reset(Stage& stage) {
         if (const auto panel = shell.navigation().panel(stack)) shell.navigation().dismissPanel(*panel);
     }
     while (shell.navigation().screens(StackId::root).size() > 1) shell.goBack();
+    leaveEventfulScene();
 }
 
 void take(Stage& stage, QtWindow& window, const Scene& scene, const std::string& path) {
-    reset(stage);
+    reset(stage, *window.quickWindow());
     settle(*window.quickWindow());
     scene.show(stage);
     settle(*window.quickWindow());
     window.quickWindow()->grabWindow().save(QString::fromStdString(path));
+}
+
+std::vector<Scene> allScenes() {
+    std::vector<Scene> all = scenes();
+    std::ranges::move(eventfulScenes(), std::back_inserter(all));
+    return all;
 }
 
 LinuxOptions optionsFor(const std::string& home, const std::string& language, std::shared_ptr<Queues> queues) {
@@ -97,7 +121,7 @@ void takeAll(Stage& stage, QtWindow& window, const Wanted& wanted, const std::st
         window.quickWindow()->resize(std::stoi(size.substr(0, cross)), std::stoi(size.substr(cross + 1)));
         for (const std::string& theme : wanted.themes) {
             window.appearance().setDark(theme == "dark");
-            for (const Scene& scene : scenes()) {
+            for (const Scene& scene : allScenes()) {
                 if (!wanted.only.empty() && scene.name.find(wanted.only) == std::string::npos) continue;
                 take(stage, window, scene,
                      wanted.directory + "/" + size + "-" + theme + "-" + language + "-" + scene.name + ".png");
