@@ -5,7 +5,9 @@
 #include <utility>
 
 #include "intervals/XIDLocaleName.h"
+#include "platform/DateFormatter.h"
 #include "platform/Environment.h"
+#include "platform/Locale.h"
 #include "platform/NumberFormatter.h"
 #include "platform/Strings.h"
 
@@ -42,14 +44,20 @@ std::vector<std::int64_t> daysOfMonthChoices() {
     return days;
 }
 
+template <class NameOf>
 GridContent gridOf(std::size_t columns, const std::vector<std::int64_t>& values,
-                   const std::vector<std::int64_t>& selected, const XELFormatter& formatter, CalendarUnit unit) {
+                   const std::vector<std::int64_t>& selected, const NameOf& nameOf) {
     GridContent grid{columns, {}};
     for (const std::int64_t value : values) {
-        grid.items.push_back({formatter.stringForIndex(value, unit, XELFormatter::Style::short_).value_or(kNoValue),
-                              std::ranges::find(selected, value) != selected.end()});
+        grid.items.push_back({nameOf(value), std::ranges::find(selected, value) != selected.end()});
     }
     return grid;
+}
+
+/// In the form that it has without a day beside it.
+std::string shortMonth(std::int64_t number) {
+    const DateSymbols& symbols = DateSymbols::of(Environment::current().locale());
+    return symbols.shortStandaloneMonths.at(static_cast<std::size_t>(number - 1));
 }
 
 TableRow closed(TableRow row) {
@@ -125,7 +133,7 @@ TableSection RRuleExViewController::monthsOfYearGroup() {
     const auto months = numbersTo(12);
     TableRow row =
         closed(gridRow("months", localized("Months"),
-                       gridOf(kMonthColumns, months, state_.monthsOfYear, formatter_, CalendarUnit::month),
+                       gridOf(kMonthColumns, months, state_.monthsOfYear, shortMonth),
                        [this, months](std::size_t item) { flip(state_.monthsOfYear, months[item], months); }));
     row.detail = orNoValue(formatter_.stringForIndexes(state_.monthsOfYear, CalendarUnit::month));
     return {"months", {}, {}, {std::move(row)}};
@@ -133,8 +141,11 @@ TableSection RRuleExViewController::monthsOfYearGroup() {
 
 TableSection RRuleExViewController::daysOfMonthGroup() {
     const auto days = daysOfMonthChoices();
+    const auto nameOf = [this](std::int64_t day) {
+        return formatter_.stringForIndex(day, CalendarUnit::day).value_or(kNoValue);
+    };
     TableRow row = closed(gridRow("days", localized("Month Days"),
-                                  gridOf(kDayColumns, days, state_.daysOfMonth, formatter_, CalendarUnit::day),
+                                  gridOf(kDayColumns, days, state_.daysOfMonth, nameOf),
                                   [this, days](std::size_t item) { flip(state_.daysOfMonth, days[item], days); }));
     row.detail = orNoValue(formatter_.stringForIndexes(state_.daysOfMonth, CalendarUnit::day));
     return {"days", {}, {}, {std::move(row)}};

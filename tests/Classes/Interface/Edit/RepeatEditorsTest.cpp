@@ -184,6 +184,15 @@ TEST_F(RepeatEditorsTest, CountsInTheFormsOfTheLanguage) {
     EXPECT_EQ(own.row("interval").detail, "3 года");
 }
 
+TEST_F(RepeatEditorsTest, NamesMonthsAsTheyStandAlone) {
+    const TestEnvironment russian({.locale = "ru_RU"});
+    ScriptedPresenter own;
+    own.navigation.present(std::make_shared<RRuleExViewController>("FREQ=YEARLY;INTERVAL=1", start, [](auto&) {}));
+    const auto months = std::get<GridContent>(own.row("months").content);
+    EXPECT_EQ(months.items.at(2).label, "март");
+    EXPECT_EQ(months.items.at(4).label, "май");
+}
+
 TEST_F(RepeatEditorsTest, OpensOnlyTheTappedRow) {
     openFree("FREQ=WEEKLY;INTERVAL=1");
     shell.tap("interval");
