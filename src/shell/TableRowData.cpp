@@ -50,6 +50,7 @@ struct ContentMaker {
                 {"icon", pictures.add(look.icon)},
                 {"fontName", qtText(look.fontName)},
                 {"textColor", qtColor(look.textColor)},
+                {"scrim", qtColor(look.scrim)},
                 {"title", qtText(look.title)},
                 {"date", qtText(look.date)},
                 {"countdown", qtText(look.countdown)}};

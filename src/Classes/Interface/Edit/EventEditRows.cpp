@@ -51,6 +51,7 @@ TableRow EventEditViewController::lookRow() const {
                               .icon = Interface::thumbnailViewForEventIcon(state_.displayIcon()),
                               .fontName = state_.displayFont(),
                               .textColor = state_.displayTextColor(),
+                              .scrim = lookScrim_,
                               .title = std::move(text.title),
                               .date = std::move(text.date),
                               .countdown = text.interval.value_or("")};

@@ -1,10 +1,13 @@
 #include "Classes/Interface/Edit/EventEditViewController.h"
 
+#include <utility>
+
 #include "Classes/App/EventFactory.h"
 #include "Classes/App/HHAppTimerKeys.h"
 #include "Classes/Category/CategoryLocalStore.h"
 #include "Classes/Category/EventCategory.h"
 #include "Classes/Event/EventLocalStore.h"
+#include "Classes/Interface/List/EventTableViewHelper.h"
 #include "Classes/Interface/Screens/Presenter.h"
 #include "platform/Environment.h"
 #include "platform/Strings.h"
@@ -12,6 +15,9 @@
 namespace dayward {
 
 namespace {
+
+/// The look's shape, about.
+constexpr PixelSize kLookSize{560, 120};
 
 std::shared_ptr<HHEvent> newEvent() {
     auto event = EventFactory::createEvent();
@@ -103,7 +109,17 @@ void EventEditViewController::eventEditHeaderCellDidChangeName(const std::string
 
 void EventEditViewController::didChange() {
     state_.writeTo(preview_);
+    lookScrim_ = EventTableViewHelper::backgroundViewCellForEvent(preview_, kLookSize).scrim;
     reloadData();
+    measureLook();
+}
+
+// What was measured for a background or a colour that is no longer there tells nothing of the present one.
+void EventEditViewController::measureLook() {
+    EventTableViewHelper::getBackgroundImageCellForEvent(preview_, kLookSize, weak_from_this(), [this](const auto&) {
+        const Color scrim = EventTableViewHelper::backgroundViewCellForEvent(preview_, kLookSize).scrim;
+        if (std::exchange(lookScrim_, scrim) != scrim) reloadData();
+    });
 }
 
 }  // namespace dayward

@@ -84,6 +84,8 @@ private:
     void push(Arguments&&... arguments);
     /// Shows a changed state.
     void didChange();
+    /// Measures what the look's texts need on its background, as on a row of the list.
+    void measureLook();
     /// Sets a field and shows it.
     template <class Field, class Value>
     void take(Field& field, const Value& value);
@@ -92,6 +94,7 @@ private:
     std::shared_ptr<HHEvent> event_;
     EventEditState state_;
     HHEvent preview_;  ///< the event as it would be
+    Color lookScrim_;
     NotificationCenter::Observation timer_;
 };
 

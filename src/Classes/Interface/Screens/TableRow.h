@@ -87,6 +87,7 @@ struct LookContent {
     RowPicture icon;
     std::string fontName;
     Color textColor;
+    Color scrim;  ///< between the background and the texts
     std::string title;
     std::string date;
     std::string countdown;

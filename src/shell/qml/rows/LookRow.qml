@@ -13,6 +13,7 @@ RowFrame {
         icon: frame.row.content.icon ?? ""
         fontName: frame.row.content.fontName ?? ""
         textColor: frame.row.content.textColor ?? "white"
+        scrim: frame.row.content.scrim ?? "transparent"
         title: frame.row.content.title ?? ""
         date: frame.row.content.date ?? ""
         countdown: frame.row.content.countdown ?? ""

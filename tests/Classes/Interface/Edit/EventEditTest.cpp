@@ -11,6 +11,7 @@
 #include "Classes/Category/RColorEventBackgroundTemplate.h"
 #include "Classes/Event/EventLocalStore.h"
 #include "Classes/Interface/Edit/EventEditViewController.h"
+#include "Classes/Interface/General/TextScrim.h"
 #include "Classes/Settings/AppSettings.h"
 #include "support/GalleryResources.h"
 #include "support/NotificationRecorder.h"
@@ -284,6 +285,15 @@ TEST_F(EventEditTest, DeletesAfterAQuestion) {
     EXPECT_FALSE(stored());
     EXPECT_THAT(shell.take(), ElementsAre("alert Delete event?", "alert Delete event?", "dismiss Event"));
     EXPECT_EQ(posted.take().size(), 1U);
+}
+
+TEST_F(EventEditTest, MeasuresWhatTheLooksTextsNeedOnItsBackground) {
+    event->appearance().textColor = Color::white();
+    event->setBackground(std::make_shared<ColorEventBackgroundPicture>(Color::black()));
+    open(event);
+    EXPECT_EQ(look().scrim, textScrim(Color::white())) << "until it is measured, what does on any picture";
+    environment.queues->runAll();
+    EXPECT_EQ(look().scrim.alpha, 0);
 }
 
 TEST_F(EventEditTest, CountsDownWhileItIsInSight) {
