@@ -94,11 +94,11 @@ std::vector<TableSection> ShareImageViewController::contentSections() {
 }
 
 TableRow ShareImageViewController::previewRow() const {
-    if (!isReady()) return textRow("preview", isDrawing_ ? localized("Drawing the picture…") : std::string());
     TableRow row = textRow("preview", {});
+    if (!isDrawing_ && !isReady()) return row;
     row.kind = RowKind::picture;
-    row.label = subject();
-    row.content = RowPicture{pictureKey_, [image = source_->image()] { return image; }};
+    row.label = isDrawing_ ? localized("Drawing the picture…") : subject();
+    row.content = isDrawing_ ? RowPicture() : RowPicture{pictureKey_, [image = source_->image()] { return image; }};
     return row;
 }
 

@@ -105,6 +105,7 @@ TEST_F(ShareSheet, APictureIsDrawnInItsShapeBeforeItIsShared) {
     toolbar.imageAction();
     environment.queues->runAll();
     EXPECT_FALSE(shell.row("copy").enabled);
+    EXPECT_EQ(shell.row("preview").kind, RowKind::picture) << "the sheet has its height before the picture is there";
     shell.tap("copy");
     const auto first = drawn;
     shell.tap("square");

@@ -2,11 +2,13 @@ import QtQuick
 import QtQuick.Controls
 import Dayward
 
-// A label with a picture: small beside a label that does something, else large below it.
+// A label with a picture: small beside a label that does something, else as large as the window leaves room
+// for what a sheet has below it.
 RowFrame {
     id: frame
     showsHead: !large
     readonly property bool large: !row.tappable
+    hasBody: large
     takesFocus: row.tappable
     trailing: Component {
         Picture {
@@ -26,7 +28,7 @@ RowFrame {
     Item {
         visible: frame.large
         width: parent.width
-        height: visible ? 240 : 0
+        height: visible ? Math.max(200, Math.min(520, frame.Window.height - 470 * Theme.scale)) : 0
         Picture {
             anchors.fill: parent
             anchors.topMargin: 12

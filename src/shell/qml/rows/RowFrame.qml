@@ -16,6 +16,8 @@ FocusScope {
     property bool showsHead: true
     // Where the keyboard goes when it comes to the row.
     property bool takesFocus: row.tappable || row.hasSwitch
+    // Whether there is something below the head.
+    property bool hasBody: body.children.length > 0
     default property alias content: body.data
     readonly property alias body: body
     readonly property bool isOpen: !row.canOpen || row.open
@@ -110,8 +112,8 @@ FocusScope {
             id: body
             x: 14
             width: parent.width - 28
-            visible: frame.isOpen && children.length > 0
-            bottomPadding: visible && children.length > 0 ? 12 : 0
+            visible: frame.isOpen && frame.hasBody
+            bottomPadding: visible ? 12 : 0
         }
     }
 }
