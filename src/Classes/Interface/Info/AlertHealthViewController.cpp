@@ -52,6 +52,7 @@ std::vector<TableSection> AlertHealthViewController::makeSections() {
 TableSection AlertHealthViewController::verdictSection() const {
     TableSection section{"verdict", {}, {}, {}};
     section.rows.push_back(textRow("verdict", health_->verdict()));
+    section.rows.back().emphasized = true;
     for (const std::string& problem : health_->problems()) {
         section.rows.push_back(textRow("problem" + std::to_string(section.rows.size()), problem));
     }

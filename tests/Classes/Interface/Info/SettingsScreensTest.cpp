@@ -149,9 +149,10 @@ TEST_F(SettingsScreensTest, ShowsTheLicencesBlockByBlock) {
     shell.tap("licences");
     EXPECT_THAT(shell.rows(), ElementsAre()) << "without the file there is nothing to show";
     shell.back();
-    std::ofstream(resources.directory + "/licences.txt") << "Icons\n  by A\n\n\nSounds\n  by B\n";
+    std::ofstream(resources.directory + "/licences.txt") << "Icons\n  by A\n  cup     MIT\n\n\nSounds\n  by B\n";
     shell.tap("licences");
-    EXPECT_THAT(shell.rows(), ElementsAre("Icons\n  by A", "Sounds\n  by B\n"));
+    EXPECT_THAT(shell.rows(), ElementsAre("by A", "cup – MIT", "--", "by B"));
+    EXPECT_EQ(shell.top().sections()[1].header, "Sounds");
 }
 
 TEST_F(SettingsScreensTest, TheWidgetsTypeIsStoredAtOnceAndItsEventsWhenTheScreenGoes) {
