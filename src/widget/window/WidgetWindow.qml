@@ -127,6 +127,8 @@ Window {
                             font.pixelSize: 16
                             font.weight: Font.Medium
                             color: window.text
+                            wrapMode: Text.Wrap
+                            maximumLineCount: row.stacked ? 1 : 2
                             horizontalAlignment: Text.AlignLeft
                         }
                         Line {
@@ -228,6 +230,8 @@ Window {
                 color: window.text
             }
             TapHandler {
+                // A finger is broader than the sign.
+                margin: 11
                 onTapped: window.close()
             }
         }
