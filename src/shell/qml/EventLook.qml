@@ -63,7 +63,7 @@ EventLookItem {
         width: 10
         height: 10
         radius: 5
-        color: Theme.destructive
+        color: Theme.missed
         border.width: 1
         border.color: "#ffffff"
     }

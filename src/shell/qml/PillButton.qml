@@ -32,7 +32,7 @@ AbstractButton {
         id: caption
         text: control.text
         font.weight: Font.DemiBold
-        color: control.role === "cancel" ? Theme.text : Theme.dark ? "#1b1420" : "#ffffff"
+        color: control.role === "cancel" ? Theme.text : Theme.onFill
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         wrapMode: Text.Wrap

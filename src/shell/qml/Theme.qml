@@ -9,7 +9,7 @@ QtObject {
 
     readonly property color window: dark ? "#121117" : "#f3f2f7"
     readonly property color card: dark ? "#1e1c25" : "#ffffff"
-    readonly property color raised: dark ? "#2a2733" : "#ffffff"
+    readonly property color raised: dark ? "#25222d" : "#ffffff"
     readonly property color text: dark ? "#f3f1f8" : "#17151f"
     readonly property color secondaryText: dark ? "#aba6b8" : "#625f6d"
     readonly property color separator: dark ? "#312e3b" : "#e5e3ec"
@@ -18,6 +18,10 @@ QtObject {
     readonly property color accentText: dark ? "#17122e" : "#ffffff"
     readonly property color accentSoft: dark ? "#332d55" : "#ebe8ff"
     readonly property color destructive: dark ? "#ff8a80" : "#c62828"
+    // Of texts and signs on the accent or on what destroys.
+    readonly property color onFill: dark ? "#1b1420" : "#ffffff"
+    // Stands on pictures, which are the same in the dark.
+    readonly property color missed: "#d32f2f"
     readonly property color pressed: dark ? "#14ffffff" : "#0f000000"
     readonly property color dim: dark ? "#a6000000" : "#66000000"
 

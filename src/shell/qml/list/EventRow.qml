@@ -64,7 +64,7 @@ EventRowItem {
                 anchors.rightMargin: 26
                 anchors.verticalCenter: parent.verticalCenter
                 name: "delete"
-                color: "#ffffff"
+                color: Theme.onFill
             }
             Item {
                 // What is uncovered; a hand on the card is not meant for what lies below.
