@@ -72,8 +72,10 @@ FocusScope {
     Flickable {
         id: scroll
         anchors.fill: parent
-        contentHeight: Math.max(height, column.implicitHeight + view.topSpace + view.bottomSpace)
+        anchors.bottomMargin: view.bottomSpace
+        contentHeight: Math.max(height, column.implicitHeight + view.topSpace)
         interactive: view.interactive && contentHeight > height
+        clip: interactive
         boundsBehavior: Flickable.StopAtBounds
         focus: true
         activeFocusOnTab: view.interactive
@@ -85,7 +87,7 @@ FocusScope {
         Column {
             id: column
             x: (scroll.width - width) / 2
-            y: view.topSpace + Math.max(0, (scroll.contentHeight - view.topSpace - view.bottomSpace - implicitHeight) * 0.42)
+            y: view.topSpace + Math.max(0, (scroll.contentHeight - view.topSpace - implicitHeight) * 0.42)
             width: view.columnWidth
             spacing: view.roomy ? 14 : 8
 
@@ -107,7 +109,7 @@ FocusScope {
             }
             UiText {
                 width: parent.width
-                text: view.look.date
+                text: Theme.unbroken(view.look.date)
                 font: Appearance.font(view.look.fontName, Theme.headline, view.look.date)
                 color: view.look.textColor
                 horizontalAlignment: Text.AlignHCenter
@@ -119,7 +121,7 @@ FocusScope {
             }
             FittedText {
                 width: parent.width
-                text: view.look.countdown
+                text: Theme.unbroken(view.look.countdown)
                 fontName: view.look.fontName
                 sizes: view.look.countdownSizes
                 color: view.look.textColor

@@ -11,13 +11,19 @@ EventLookItem {
     property bool missed: false
     property int trailingSpace: 0
 
-    // Large texts side by side would be cut in a narrow row. The one that is out of sight has no text: it would be
-    // laid out all the same.
-    readonly property bool stacked: Theme.scale > 1.2 && width < 340 * Theme.scale
+    // About; measuring it would lay it out twice.
+    readonly property real countdownWidth: countdown.length * Theme.body * 0.54
+    // Large texts side by side would be cut in a narrow row, and a long countdown would cut the name or the date. The
+    // one that is out of sight has no text: it would be laid out all the same.
+    readonly property bool stacked: (Theme.scale > 1.2 && width < 340 * Theme.scale) || countdownWidth > Math.min(width * 0.42, width - 50 - iconPicture.width - date.length * Theme.caption * 0.5)
+    // While the row's buttons leave too little for both, the countdown makes room for the name.
+    readonly property bool cramped: trailingSpace > 0 && width - trailingSpace - countdownWidth < 240 * Theme.scale
+
+    readonly property bool beside: !stacked && !cramped
 
     scrim: textColor.hslLightness > 0.5 ? "#8c000000" : "#a6ffffff"
     titleSize: Theme.headline
-    implicitHeight: Math.round(76 * Theme.scale)
+    implicitHeight: Theme.eventHeight
 
     Rectangle {
         anchors.fill: picture
@@ -92,8 +98,8 @@ EventLookItem {
         Column {
             anchors.left: iconPicture.right
             anchors.leftMargin: iconPicture.visible ? 12 : 2
-            anchors.right: look.stacked ? parent.right : countdownText.left
-            anchors.rightMargin: look.stacked ? 0 : 12
+            anchors.right: look.beside ? countdownText.left : parent.right
+            anchors.rightMargin: look.beside ? 12 : 0
             anchors.verticalCenter: parent.verticalCenter
             spacing: 2
             UiText {
@@ -103,31 +109,39 @@ EventLookItem {
                 font: look.titleFont
                 color: look.textColor
                 elide: Text.ElideRight
-                maximumLineCount: 1
+                wrapMode: Text.Wrap
+                maximumLineCount: look.stacked && !look.cramped && Theme.scale <= 1.2 ? 1 : 2
+                // Two lines have their place in the row, however high the font is.
+                lineHeightMode: lineCount > 1 ? Text.FixedHeight : Text.ProportionalHeight
+                lineHeight: lineCount > 1 ? Theme.headline * 1.2 : 1
             }
             UiText {
                 width: parent.width
                 text: look.date
                 font.pixelSize: Theme.small
+                fontSizeMode: Text.HorizontalFit
+                minimumPixelSize: Theme.caption - 1
                 color: look.textColor
                 elide: Text.ElideRight
             }
             UiText {
                 width: parent.width
-                visible: look.stacked
-                text: look.stacked ? look.countdown : ""
+                visible: text.length > 0
+                text: look.stacked && !look.cramped ? look.countdown : ""
                 font.weight: Font.DemiBold
+                fontSizeMode: Text.HorizontalFit
+                minimumPixelSize: Theme.caption
                 color: look.textColor
                 elide: Text.ElideRight
             }
         }
         UiText {
             id: countdownText
-            visible: !look.stacked
+            visible: look.beside
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
             width: Math.min(implicitWidth, parent.width * 0.46)
-            text: look.stacked ? "" : look.countdown
+            text: look.beside ? look.countdown : ""
             font.pixelSize: Theme.body
             font.weight: Font.DemiBold
             color: look.textColor

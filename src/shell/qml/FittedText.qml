@@ -1,7 +1,8 @@
 import QtQuick
 import Dayward
 
-// A text that takes the first of its sizes at which it fits on one line; at the last it wraps.
+// A text that takes the first of its sizes at which it fits on one line; at the last it wraps, and where a word
+// alone is too wide for that, it is made smaller.
 Item {
     id: root
 
@@ -12,13 +13,19 @@ Item {
 
     implicitHeight: shown.implicitHeight
 
+    function fits(line: string, size: int): bool {
+        metrics.font = Appearance.font(fontName, size, text)
+        return metrics.advanceWidth(line) <= width
+    }
     function fittingSize(): int {
         for (const size of sizes) {
-            metrics.font = Appearance.font(fontName, size * Theme.scale, text)
-            if (metrics.boundingRect(text).width <= width)
+            if (fits(text, size * Theme.scale))
                 return size * Theme.scale
         }
-        return sizes.length > 0 ? sizes[sizes.length - 1] * Theme.scale : Theme.title
+        let smaller = sizes.length > 0 ? sizes[sizes.length - 1] * Theme.scale : Theme.title
+        while (smaller > Theme.caption && !text.split(" ").every(word => fits(word, smaller)))
+            smaller -= 2
+        return smaller
     }
 
     FontMetrics {

@@ -23,6 +23,8 @@ TextInput {
     Accessible.role: Accessible.EditableText
     Accessible.name: spoken
     onTextEdited: edited(text)
+    // Where nobody types, the beginning is in sight.
+    autoScroll: activeFocus
 
     UiText {
         anchors.fill: parent

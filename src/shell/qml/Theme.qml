@@ -13,7 +13,7 @@ QtObject {
     readonly property color text: dark ? "#f3f1f8" : "#17151f"
     readonly property color secondaryText: dark ? "#aba6b8" : "#625f6d"
     readonly property color separator: dark ? "#312e3b" : "#e5e3ec"
-    readonly property color field: dark ? "#2a2733" : "#eeecf4"
+    readonly property color field: dark ? "#35313f" : "#eeecf4"
     readonly property color accent: dark ? "#a99cff" : "#5a46dc"
     readonly property color accentText: dark ? "#17122e" : "#ffffff"
     readonly property color accentSoft: dark ? "#332d55" : "#ebe8ff"
@@ -36,11 +36,15 @@ QtObject {
 
     readonly property int spacing: 8
     readonly property int margin: 16
+    // Of the list's rows, whose pictures want more of the width than forms do.
+    readonly property int listInset: 12
     readonly property int radius: 14
     // The least that a finger hits.
     readonly property int target: 44
     readonly property int rowHeight: Math.round(52 * Math.max(1, scale * 0.95))
     readonly property int barHeight: Math.round(56 * Math.max(1, scale * 0.9))
+    // Of an event in the list; large texts stand below each other, the name on two lines.
+    readonly property int eventHeight: Math.round(76 * scale * (scale > 1.2 ? 1.25 : 1))
     // Forms don't grow wider than this.
     readonly property int formWidth: 680
     readonly property int twoColumns: 760
@@ -55,6 +59,14 @@ QtObject {
     // A number in the digits of the user's locale.
     function digits(number: string): string {
         return number.replace(/[0-9]/g, digit => String.fromCodePoint(zero.codePointAt(0) + Number(digit)))
+    }
+    // As a heading begins, also where the language writes its months small.
+    function heading(text: string): string {
+        return text.charAt(0).toLocaleUpperCase() + text.slice(1)
+    }
+    // Its numbers stay on the line of what they count.
+    function unbroken(text: string): string {
+        return text.replace(/([0-9]) /g, "$1\u00a0")
     }
     // By recursion: the compiler of Qt 6.4 crashes on a loop over a typed item.
     function isWithin(ancestor: Item, item: Item): bool {

@@ -101,6 +101,11 @@ FocusScope {
             font.pixelSize: Theme.headline
             font.weight: Font.DemiBold
             elide: Text.ElideRight
+            wrapMode: Text.WordWrap
+            maximumLineCount: 2
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: Theme.caption
+            lineHeight: lineCount > 1 ? 0.9 : 1
             horizontalAlignment: Text.AlignHCenter
             Accessible.ignored: text.length === 0
             Accessible.role: Accessible.Heading

@@ -20,11 +20,11 @@ Item {
 
     UiText {
         id: caption
-        x: 22
+        x: Theme.listInset + 12
         anchors.bottom: parent.bottom
         anchors.bottomMargin: 6
-        width: parent.width - 44
-        text: parent.header
+        width: parent.width - 2 * x
+        text: Theme.heading(root.header)
         font.pixelSize: Theme.small
         font.weight: Font.DemiBold
         color: Theme.secondaryText

@@ -9,8 +9,8 @@ ListView {
 
     required property EventListModel rows
     required property ListItem screen
-    readonly property int rowHeight: Math.round(76 * Theme.scale)
-    readonly property int inset: 12
+    readonly property int rowHeight: Theme.eventHeight
+    readonly property int inset: Theme.listInset
 
     // The keyboard goes to the first row at or behind that place; false where there is none.
     function goTo(place: int, by: int): bool {

@@ -24,7 +24,7 @@ FocusScope {
         id: field
         anchors.left: parent.left
         anchors.right: parent.right
-        anchors.margins: Theme.margin
+        anchors.margins: Theme.listInset
         height: Theme.target
         enabled: page.screen.canSearch
         searching: page.screen.searching

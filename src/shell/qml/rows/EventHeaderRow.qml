@@ -86,12 +86,15 @@ RowFrame {
                     UiText {
                         id: categoryLabel
                         anchors.verticalCenter: parent.verticalCenter
+                        // A long category stands alone, where both would be cut.
+                        visible: implicitWidth + category.implicitWidth + 44 <= parent.width
                         text: frame.row.content.categoryPlaceholder ?? ""
                         color: Theme.secondaryText
                     }
                     UiText {
+                        id: category
                         anchors.verticalCenter: parent.verticalCenter
-                        width: parent.width - categoryLabel.width - 32
+                        width: parent.width - (categoryLabel.visible ? categoryLabel.width + 6 : 0) - 26
                         text: frame.row.content.category ?? ""
                         elide: Text.ElideRight
                         horizontalAlignment: Text.AlignRight

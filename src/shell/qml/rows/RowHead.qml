@@ -15,7 +15,7 @@ Item {
     readonly property int side: 14
     // What the switch, the sign and the trailing item take of the width, about.
     readonly property int taken: 2 * side + (row.hasSwitch ? 66 : 0) + (row.opensScreen || row.canOpen ? 30 : 0) + (trailing ? 66 : 0)
-    readonly property bool stacked: row.label.length > 0 && label.implicitWidth + detail.implicitWidth + 16 > width - taken
+    readonly property bool stacked: row.label.length > 0 && row.detail.length > 0 && label.implicitWidth + detail.implicitWidth + 16 > width - taken
 
     implicitHeight: Math.max(Theme.rowHeight, texts.implicitHeight + 22)
 
