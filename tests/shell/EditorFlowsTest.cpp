@@ -32,6 +32,13 @@ protected:
         ASSERT_TRUE(topIs(title));
         settle();
     }
+    /// The row of a form that shows that text.
+    QQuickItem* rowOf(const QString& text) {
+        EXPECT_TRUE(until([&] { return item(text) != nullptr; })) << text.toStdString();
+        QQuickItem* row = item(text);
+        while (row != nullptr && !row->property("takesFocus").isValid()) row = row->parentItem();
+        return row;
+    }
     /// A file dragged over a place of the window, its middle unless told, and let go there.
     void drop(const QString& path, QPoint place = {}) {
         QMimeData data;
@@ -110,6 +117,25 @@ TEST_F(EditorFlows, makeAnEventByTheKeyboardAlone) {
     ASSERT_EQ(made->alerts().list->size(), 2U);
     EXPECT_EQ(made->alerts().list->front(), XDIDateInterval());
     EXPECT_EQ(made->alerts().list->back(), XDIDateInterval(CalendarUnit::hour, 2));
+}
+
+TEST_F(EditorFlows, turnASwitchBothWaysByKeyboardAndMouse) {
+    auto birthday = std::make_shared<HHEvent>("birthday");
+    birthday->setRrule("FREQ=YEARLY;INTERVAL=1");
+    const auto editor = openEditor(birthday);
+    walkTo(QStringLiteral("Show age"));
+    press(Qt::Key_Space);
+    EXPECT_TRUE(editor->state().showAge);
+    press(Qt::Key_Space);
+    EXPECT_FALSE(editor->state().showAge);
+
+    auto* const drawn = itemIn(rowOf(QStringLiteral("Show age")), "checkable", QStringLiteral("true"));
+    ASSERT_NE(drawn, nullptr);
+    QTest::mouseClick(quick, Qt::LeftButton, {}, Flows::middleOf(drawn));
+    EXPECT_TRUE(editor->state().showAge);
+    EXPECT_TRUE(drawn->property("checked").toBool());
+    QTest::mouseClick(quick, Qt::LeftButton, {}, Flows::middleOf(drawn));
+    EXPECT_FALSE(editor->state().showAge);
 }
 
 TEST_F(EditorFlows, putTheKeyboardWhereTypingBegins) {

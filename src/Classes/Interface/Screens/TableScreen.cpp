@@ -46,8 +46,9 @@ void TableScreen::select(IndexPath path) {
 void TableScreen::toggle(IndexPath path, bool on) {
     TableRow* row = usableRow(path);
     if (row == nullptr || !row->actions.toggle) return;
-    row->on = on;
     const auto action = row->actions.toggle;
+    row->on = on;
+    if (updates_ != nullptr) updates_->reloadRow(path);
     action(on);
 }
 

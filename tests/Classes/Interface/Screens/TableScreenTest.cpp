@@ -157,5 +157,16 @@ TEST_F(TableScreenTest, WritesWhatTheUserDoesIntoTheRowBeforeItsAction) {
     EXPECT_EQ(accessibleSentence(screen.row({0, 2})), "Lock, off");
 }
 
+TEST_F(TableScreenTest, TellsThatASwitchIsTurned) {
+    bool told = false;
+    screen.wanted = {{"a", "", "", {toggleRow("s", "Icons", false, [&](bool on) { told = on; })}}};
+    screen.reloadData();
+    Mirror mirror(screen);
+    screen.toggle({0, 0}, true);
+    EXPECT_TRUE(told);
+    EXPECT_EQ(screen.row({0, 0}).on, true);
+    EXPECT_THAT(mirror.lines, ElementsAre("reload 0.0")) << "what draws the row is to know, whoever turned it";
+}
+
 }  // namespace
 }  // namespace dayward
