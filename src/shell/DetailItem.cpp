@@ -9,7 +9,7 @@ DetailItem::DetailItem(std::shared_ptr<EventDetailViewController> detail, Pictur
     detail_->setDetailObserver(this);
 }
 
-DetailItem::~DetailItem() { detail_->setDetailObserver(nullptr); }
+DetailItem::~DetailItem() { detail_->removeDetailObserver(this); }
 
 DetailLook DetailItem::look() const { return hasEvent() ? DetailLook(detail_->eventView(), pictures_) : DetailLook(); }
 

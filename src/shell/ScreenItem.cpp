@@ -48,7 +48,7 @@ ScreenItem* ScreenItem::make(const Screen& screen, Pictures& pictures, QObject* 
     return new ScreenItem(screen, pictures, parent);
 }
 
-ScreenItem::~ScreenItem() { screen_->setObserver(nullptr); }
+ScreenItem::~ScreenItem() { screen_->removeObserver(this); }
 
 QString ScreenItem::title() const { return qtText(screen_->title()); }
 

@@ -80,6 +80,21 @@ TEST_F(Flows, putsListAndDetailSideBySideInAWideWindow) {
     EXPECT_EQ(shell.navigation().screens(StackId::root).size(), 2U);
 }
 
+TEST_F(Flows, theDetailStaysLiveWhereverItStands) {
+    addEvent(QStringLiteral("Concert"));
+    ASSERT_TRUE(until([&] { return shell.navigation().screens(StackId::root).size() == 2; }));
+    int shown = 0;
+    for (const int width : {1200, 400, 1200}) {
+        quick->resize(width, 800);
+        ASSERT_TRUE(until([&] { return shell.hasDetailPane() == (width == 1200); }));
+        settle();
+        auto event = std::make_shared<HHEvent>(*EventLocalStore::shared().allEvents().front());
+        event->setNote("Seen at " + std::to_string(width) + (shown++ == 0 ? " first" : " later"));
+        EventLocalStore::shared().updateEvent(event);
+        EXPECT_TRUE(until([&] { return item(QString::fromStdString(*event->note())) != nullptr; })) << width;
+    }
+}
+
 TEST_F(Flows, asksAndTakesTheAnswer) {
     int answered = 0;
     shell.navigation().alert({"Delete event?",

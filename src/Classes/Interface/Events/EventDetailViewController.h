@@ -35,8 +35,12 @@ public:
     /// `share` is not owned; without it there is no sharing.
     explicit EventDetailViewController(std::optional<std::string> eventIdentifier = {}, ShareServices* share = nullptr);
 
-    /// Not owned; null for none.
+    /// Not owned; the last one counts.
     void setDetailObserver(EventDetailObserver* observer) { detailObserver_ = observer; }
+    /// Nothing where another one has come since.
+    void removeDetailObserver(const EventDetailObserver* observer) {
+        if (detailObserver_ == observer) detailObserver_ = nullptr;
+    }
 
     [[nodiscard]] const std::optional<std::string>& eventIdentifier() const { return eventIdentifier_; }
     /// Nothing, as an unknown key, empties the screen.

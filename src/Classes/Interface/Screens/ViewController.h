@@ -42,8 +42,12 @@ public:
     /// disabled or the screen stands in no stack any more.
     bool press(BarButton::Role role);
 
-    /// Not owned; null for none.
+    /// Not owned. The last one counts: a screen that changes its stack is drawn anew before the old drawing goes.
     void setObserver(ViewControllerObserver* observer) { observer_ = observer; }
+    /// Nothing where another one has come since.
+    void removeObserver(const ViewControllerObserver* observer) {
+        if (observer_ == observer) observer_ = nullptr;
+    }
 
     /// Whether it stands in the detail pane of a wide window, and on the root stack of a narrow one.
     [[nodiscard]] virtual bool belongsInDetailPane() const { return false; }
