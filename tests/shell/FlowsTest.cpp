@@ -80,6 +80,12 @@ TEST_F(Flows, putsListAndDetailSideBySideInAWideWindow) {
     EXPECT_EQ(shell.navigation().screens(StackId::root).size(), 2U);
 }
 
+TEST_F(ShellFixture, opensAWindowThatTheScreenHolds) {
+    Shell shell(*environment);
+    const QtWindow window(*environment, shell);
+    EXPECT_LT(window.quickWindow()->height(), window.quickWindow()->screen()->availableSize().height());
+}
+
 TEST_F(Flows, theDetailStaysLiveWhereverItStands) {
     addEvent(QStringLiteral("Concert"));
     ASSERT_TRUE(until([&] { return shell.navigation().screens(StackId::root).size() == 2; }));

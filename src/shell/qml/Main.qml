@@ -39,7 +39,11 @@ ApplicationWindow {
     LayoutMirroring.childrenInherit: true
 
     onWidthChanged: Shell.setWindowWidth(width)
-    Component.onCompleted: Shell.setWindowWidth(width)
+    Component.onCompleted: {
+        // A small screen has to hold the window's frame, too.
+        height = Math.min(height, Screen.height - 48, Screen.desktopAvailableHeight - 48)
+        Shell.setWindowWidth(width)
+    }
 
     Coverable {
         id: stacks
