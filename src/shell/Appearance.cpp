@@ -96,7 +96,9 @@ bool Appearance::eventFilter(QObject* object, QEvent* event) {
     if (object == qGuiApp && event->type() == QEvent::ApplicationFontChange) setTextScale(systemTextScale());
     if (object == qGuiApp && event->type() == QEvent::ApplicationPaletteChange) update();
     if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::TouchBegin) setKeyboardInUse(false);
-    if (event->type() == QEvent::KeyPress && movesFocus(static_cast<QKeyEvent*>(event)->key())) setKeyboardInUse(true);
+    // A key that a shortcut takes comes as no press.
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    if (isKey && movesFocus(static_cast<QKeyEvent*>(event)->key())) setKeyboardInUse(true);
     return QObject::eventFilter(object, event);
 }
 

@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QMimeData>
 #include <QTemporaryDir>
+#include <algorithm>
 
 #include "Classes/Category/ImageEventBackgroundPicture.h"
 #include "Classes/Category/ImageEventIconPicture.h"
@@ -38,6 +39,14 @@ protected:
         QQuickItem* row = item(text);
         while (row != nullptr && !row->property("takesFocus").isValid()) row = row->parentItem();
         return row;
+    }
+    /// Whether the place of the keyboard is drawn anywhere below that item.
+    static bool showsFocus(const QQuickItem& parent) {
+        const auto children = parent.childItems();
+        return std::any_of(children.begin(), children.end(), [](const QQuickItem* child) {
+            const bool isRing = child->property("target").isValid() && child->property("gap").isValid();
+            return child->isVisible() && (isRing || showsFocus(*child));
+        });
     }
     /// A file dragged over a place of the window, its middle unless told, and let go there.
     void drop(const QString& path, QPoint place = {}) {
@@ -136,6 +145,14 @@ TEST_F(EditorFlows, turnASwitchBothWaysByKeyboardAndMouse) {
     EXPECT_TRUE(drawn->property("checked").toBool());
     QTest::mouseClick(quick, Qt::LeftButton, {}, Flows::middleOf(drawn));
     EXPECT_FALSE(editor->state().showAge);
+}
+
+TEST_F(EditorFlows, showTheKeyboardThatTakesOverFromTheHand) {
+    openEditor();
+    click(QStringLiteral("New event"));
+    ASSERT_FALSE(showsFocus(*quick->contentItem()));
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(until([&] { return showsFocus(*quick->contentItem()); }));
 }
 
 TEST_F(EditorFlows, putTheKeyboardWhereTypingBegins) {
