@@ -10,6 +10,7 @@
 #include "Classes/Category/ImagePicture.h"
 #include "Classes/Interface/Edit/EventEditViewController.h"
 #include "Classes/Interface/Edit/RRuleExViewController.h"
+#include "Classes/Interface/Select/CategoriesViewController.h"
 #include "shell/FlowsFixture.h"
 
 namespace dayward {
@@ -171,6 +172,19 @@ TEST_F(EditorFlows, putTheKeyboardWhereTypingBegins) {
     press(Qt::Key_Escape);
     ASSERT_TRUE(until([&] { return shell.navigation().modalStacks().empty(); }));
     EXPECT_EQ(EventLocalStore::shared().eventByIdentifier("party")->note(), std::nullopt);
+}
+
+TEST_F(EditorFlows, nameANewCategoryAtOnce) {
+    shell.navigation().present(std::make_shared<CategoriesViewController>());
+    settle();
+    click(QStringLiteral("Edit"));
+    click(QStringLiteral("New category"));
+    ASSERT_TRUE(topIs("Category"));
+    settle();
+    type(QStringLiteral("Work"));
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(topIs("Categories"));
+    EXPECT_TRUE(until([&] { return item(QStringLiteral("Work")) != nullptr; }));
 }
 
 TEST_F(EditorFlows, takeADroppedPictureUprightAndSmall) {

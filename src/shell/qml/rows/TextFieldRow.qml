@@ -8,6 +8,7 @@ RowFrame {
     takesFocus: false
     LineField {
         width: parent.width
+        focus: true
         text: frame.row.content.text ?? ""
         placeholder: frame.row.content.placeholder || frame.row.label
         enabled: frame.row.enabled
