@@ -174,6 +174,16 @@ TEST_F(EditorFlows, putTheKeyboardWhereTypingBegins) {
     EXPECT_EQ(EventLocalStore::shared().eventByIdentifier("party")->note(), std::nullopt);
 }
 
+TEST_F(EditorFlows, takeBackWhatWasTypedIntoANote) {
+    const auto editor = openEditor();
+    open(QStringLiteral("Note"), "Note");
+    type(QStringLiteral("Cake"));
+    for (int letter = 0; letter < 4; ++letter) press(Qt::Key_Backspace);
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(topIs("New event"));
+    EXPECT_EQ(editor->state().note.value_or(""), "");
+}
+
 TEST_F(EditorFlows, nameANewCategoryAtOnce) {
     shell.navigation().present(std::make_shared<CategoriesViewController>());
     settle();

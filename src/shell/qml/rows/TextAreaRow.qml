@@ -25,8 +25,12 @@ RowFrame {
             selectByMouse: true
             Accessible.role: Accessible.EditableText
             Accessible.name: frame.row.label
-            onTextChanged: if (text !== frame.row.content.text)
+            // What the screen knows; the row itself is not told of what is typed in it.
+            property string told: frame.row.content.text ?? ""
+            onTextChanged: if (text !== told) {
+                told = text
                 frame.rows.editText(frame.index, text)
+            }
             // A tab would be typed, and the keyboard never come out.
             Keys.onTabPressed: (frame.ListView.view as TableBody).tabbed(true)
             Keys.onBacktabPressed: (frame.ListView.view as TableBody).tabbed(false)
