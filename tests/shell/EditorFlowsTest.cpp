@@ -8,6 +8,7 @@
 #include "Classes/Category/ImageEventBackgroundPicture.h"
 #include "Classes/Category/ImageEventIconPicture.h"
 #include "Classes/Category/ImagePicture.h"
+#include "Classes/Interface/Edit/DateTimesViewController.h"
 #include "Classes/Interface/Edit/EventEditViewController.h"
 #include "Classes/Interface/Edit/RRuleExViewController.h"
 #include "Classes/Interface/Select/CategoriesViewController.h"
@@ -127,6 +128,52 @@ TEST_F(EditorFlows, makeAnEventByTheKeyboardAlone) {
     ASSERT_EQ(made->alerts().list->size(), 2U);
     EXPECT_EQ(made->alerts().list->front(), XDIDateInterval());
     EXPECT_EQ(made->alerts().list->back(), XDIDateInterval(CalendarUnit::hour, 2));
+}
+
+TEST_F(EditorFlows, goThroughTheYearsOfTheCalendar) {
+    openEditor();
+    const auto day = [&] { return environment.text(top<DateTimesViewController>().date()).substr(0, 10); };
+    open(QStringLiteral("Date,"), "Date");
+    press(Qt::Key_Down);
+    press(Qt::Key_PageUp);
+    EXPECT_EQ(day(), "2026-02-10");
+    press(Qt::Key_PageUp, Qt::ShiftModifier);
+    press(Qt::Key_PageUp, Qt::ShiftModifier);
+    EXPECT_EQ(day(), "2024-02-10");
+    for (int days = 0; days < 19; ++days) press(Qt::Key_Right);
+    EXPECT_EQ(day(), "2024-02-29");
+    press(Qt::Key_PageDown, Qt::ShiftModifier);
+    EXPECT_EQ(day(), "2025-02-28") << "the last day of a month that is too short";
+
+    click(QStringLiteral("Previous month"));
+    EXPECT_EQ(day(), "2025-02-28");
+    press(Qt::Key_Left);
+    EXPECT_EQ(day(), "2025-02-27");
+    EXPECT_TRUE(until([&] { return item(QStringLiteral("February 2025")) != nullptr; })) << "what is picked is in sight";
+
+    click(QStringLiteral("February 2025"));
+    click(QStringLiteral("2024"));
+    EXPECT_TRUE(until([&] { return day() == "2024-02-27"; }));
+    settle();
+    click(QStringLiteral("April"));
+    EXPECT_TRUE(until([&] { return day() == "2024-04-27"; }));
+    settle();
+    press(Qt::Key_Up);
+    EXPECT_EQ(day(), "2023-04-27") << "the wheel of years has the keyboard";
+    click(QStringLiteral("April 2023"));
+    press(Qt::Key_Left);
+    EXPECT_EQ(day(), "2023-04-26");
+}
+
+TEST_F(EditorFlows, comeBackToTodaysMonth) {
+    openEditor();
+    open(QStringLiteral("Date,"), "Date");
+    press(Qt::Key_Down);
+    press(Qt::Key_Right);
+    click(QStringLiteral("Previous month"));
+    ASSERT_TRUE(until([&] { return item(QStringLiteral("February 2026")) != nullptr; }));
+    click(QStringLiteral("Today"));
+    EXPECT_TRUE(until([&] { return item(QStringLiteral("March 2026")) != nullptr; }));
 }
 
 TEST_F(EditorFlows, turnASwitchBothWaysByKeyboardAndMouse) {

@@ -1,7 +1,8 @@
 import QtQuick
 import Dayward
 
-// A month's days to pick one from; its head goes from month to month, the arrows from day to day.
+// A month's days to pick one from. Its head goes from month to month and opens wheels of months and years; the
+// arrows go from day to day, the page keys from month to month, and with Shift from year to year.
 FocusScope {
     id: root
 
@@ -13,14 +14,38 @@ FocusScope {
     // The month that is in sight.
     property int shownYear: year
     property int shownMonth: month
+    // The wheels stand in place of the days.
+    property bool choosesMonth: false
+    readonly property int lastYear: 9999
     readonly property var language: Qt.locale(Appearance.localeName)
     readonly property date now: new Date()
     readonly property real cell: Math.min(52, width / 7)
 
+    // The place of a month among all: 12 is January of the year 1.
+    function placeOf(itsYear: int, itsMonth: int): int {
+        return Math.max(12, Math.min(lastYear * 12 + 11, itsYear * 12 + itsMonth - 1))
+    }
     function show(months: int) {
-        const place = shownYear * 12 + shownMonth - 1 + months
+        const place = placeOf(shownYear, shownMonth + months)
         shownYear = Math.floor(place / 12)
         shownMonth = place - shownYear * 12 + 1
+    }
+    // Back from where the head has gone.
+    function showPicked() {
+        shownYear = year
+        shownMonth = month
+    }
+    // Picks the same day of the month that is as far from the one in sight, its last where it is too short.
+    function turn(months: int) {
+        const place = placeOf(shownYear, shownMonth + months)
+        const itsYear = Math.floor(place / 12)
+        const itsMonth = place - itsYear * 12 + 1
+        const lastDay = dateOf(itsYear, itsMonth + 1, 0).getDate()
+        pick(dateOf(itsYear, itsMonth, Math.min(day, lastDay)))
+    }
+    function monthName(itsMonth: int): string {
+        const name = language.standaloneMonthName(itsMonth - 1)
+        return name.charAt(0).toUpperCase() + name.slice(1)
     }
     // At noon, which every day has. The constructor would take the years up to 99 for those of its century.
     function dateOf(itsYear: int, itsMonth: int, itsDay: int): date {
@@ -38,16 +63,14 @@ FocusScope {
     }
     function pick(date: date) {
         picked(date.getFullYear(), date.getMonth() + 1, date.getDate())
+        showPicked()
     }
     function step(days: int) {
         pick(dateOf(year, month, day + days))
     }
 
-    onYearChanged: shownYear = year
-    onMonthChanged: {
-        shownYear = year
-        shownMonth = month
-    }
+    onYearChanged: showPicked()
+    onMonthChanged: showPicked()
 
     implicitHeight: column.implicitHeight + 6
     activeFocusOnTab: true
@@ -64,9 +87,9 @@ FocusScope {
         else if (event.key === Qt.Key_Down)
             step(7)
         else if (event.key === Qt.Key_PageUp)
-            show(-1)
+            turn(event.modifiers & Qt.ShiftModifier ? -12 : -1)
         else if (event.key === Qt.Key_PageDown)
-            show(1)
+            turn(event.modifiers & Qt.ShiftModifier ? 12 : 1)
         else
             return
         event.accepted = true
@@ -91,11 +114,13 @@ FocusScope {
                 focusPolicy: Qt.NoFocus
                 onClicked: root.show(-1)
             }
-            UiText {
+            BarButton {
                 anchors.centerIn: parent
-                text: root.language.standaloneMonthName(root.shownMonth - 1) + " " + Theme.digits(root.shownYear.toString())
-                font.weight: Font.DemiBold
-                font.capitalization: Font.Capitalize
+                text: root.monthName(root.shownMonth) + " " + Theme.digits(root.shownYear.toString())
+                tint: root.choosesMonth ? Theme.accent : Theme.text
+                strong: true
+                focusPolicy: Qt.NoFocus
+                onClicked: root.choosesMonth = !root.choosesMonth
             }
             BarButton {
                 anchors.right: parent.right
@@ -105,7 +130,35 @@ FocusScope {
                 onClicked: root.show(1)
             }
         }
+        Loader {
+            active: root.choosesMonth
+            visible: active
+            focus: active
+            width: parent.width
+            sourceComponent: Row {
+                Wheel {
+                    width: parent.width * 0.6
+                    titles: Array.from({
+                        "length": 12
+                    }, (_, place) => root.monthName(place + 1))
+                    selected: root.shownMonth - 1
+                    spoken: Theme.tr("Months")
+                    onPicked: place => root.turn(place + 1 - root.shownMonth)
+                }
+                Wheel {
+                    focus: true
+                    width: parent.width * 0.4
+                    titles: Array.from({
+                        "length": root.lastYear
+                    }, (_, place) => Theme.digits((place + 1).toString()))
+                    selected: root.shownYear - 1
+                    spoken: Theme.tr("Years")
+                    onPicked: place => root.turn(12 * (place + 1 - root.shownYear))
+                }
+            }
+        }
         Row {
+            visible: !root.choosesMonth
             Repeater {
                 model: 7
                 delegate: UiText {
@@ -122,6 +175,7 @@ FocusScope {
         }
         Grid {
             id: grid
+            visible: !root.choosesMonth
             readonly property int dayHeight: 40
             columns: 7
             Repeater {

@@ -10,7 +10,11 @@ RowFrame {
         rows.pickDate(index, year, month, day, hour, minute)
     }
 
+    // "Today" may pick the day that is picked already, while another month is in sight.
+    onDateChanged: (calendar.item as MonthCalendar)?.showPicked()
+
     Loader {
+        id: calendar
         focus: active
         width: parent.width
         active: frame.isOpen && (frame.date.hasDate ?? false)
