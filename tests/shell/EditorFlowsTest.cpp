@@ -203,6 +203,20 @@ TEST_F(EditorFlows, showTheKeyboardThatTakesOverFromTheHand) {
     EXPECT_TRUE(until([&] { return showsFocus(*quick->contentItem()); }));
 }
 
+TEST_F(EditorFlows, putARowThatComesWhereItBelongs) {
+    auto event = std::make_shared<HHEvent>("pills");
+    event->setTimes({600, 1200});
+    openEditor(event);
+    open(QStringLiteral("Repeat,"), "Repeat");
+    walkTo(QStringLiteral("Yearly"));
+    press(Qt::Key_Return);
+    ASSERT_TRUE(topIs("New event"));
+    settle();
+    settle();
+    const auto* const above = rowOf(QStringLiteral("Repeat"));
+    EXPECT_EQ(above->y() + above->height(), rowOf(QStringLiteral("Show age"))->y());
+}
+
 TEST_F(EditorFlows, putTheKeyboardWhereTypingBegins) {
     auto event = std::make_shared<HHEvent>("party");
     event->setName("Party");

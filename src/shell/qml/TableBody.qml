@@ -52,6 +52,12 @@ ListView {
         return true
     }
 
+    // Brings a row into sight. The view's own way lays rows that are on their move over one another.
+    function reveal(row: Item) {
+        if (height > 0)
+            contentY = Math.min(row.y, Math.max(contentY, row.y + row.height - height))
+    }
+
     // True once: for the row that the keyboard is on when the screen opens.
     function takeStart(): bool {
         const isFirst = !hasStarted

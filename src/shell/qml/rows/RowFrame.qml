@@ -42,7 +42,7 @@ FocusScope {
     clip: height < implicitHeight
     activeFocusOnTab: takesFocus && row.enabled
     onActiveFocusChanged: if (activeFocus && ListView.view && Appearance.keyboardInUse)
-        ListView.view.positionViewAtIndex(index, ListView.Contain)
+        (ListView.view as TableBody).reveal(frame)
 
     Accessible.role: row.hasSwitch ? Accessible.CheckBox : row.kind === "check" ? Accessible.RadioButton : row.tappable ? Accessible.Button : Accessible.StaticText
     Accessible.name: row.spoken
