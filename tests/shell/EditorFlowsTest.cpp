@@ -10,6 +10,7 @@
 #include "Classes/Category/ImagePicture.h"
 #include "Classes/Interface/Edit/DateTimesViewController.h"
 #include "Classes/Interface/Edit/EventEditViewController.h"
+#include "Classes/Interface/Edit/PeriodExViewController.h"
 #include "Classes/Interface/Edit/RRuleExViewController.h"
 #include "Classes/Interface/Select/CategoriesViewController.h"
 #include "shell/FlowsFixture.h"
@@ -233,6 +234,20 @@ TEST_F(EditorFlows, putTheKeyboardWhereTypingBegins) {
     press(Qt::Key_Escape);
     ASSERT_TRUE(until([&] { return shell.navigation().modalStacks().empty(); }));
     EXPECT_EQ(EventLocalStore::shared().eventByIdentifier("party")->note(), std::nullopt);
+}
+
+TEST_F(EditorFlows, turnAWheelByOnePlaceForANotchOfTheMouse) {
+    XDIDateInterval picked;
+    shell.navigation().present(std::make_shared<PeriodExViewController>(
+        XDIDateInterval(CalendarUnit::hour, 5), [&](const XDIDateInterval& duration) { picked = duration; }));
+    settle();
+    const QPoint middle = middleOf(QStringLiteral("5"));
+    QWheelEvent turn(middle, quick->mapToGlobal(middle), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(quick, &turn);
+    for (int rest = 0; rest < 4; ++rest) settle();
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(until([&] { return picked.getSingleValue() != 0; }));
+    EXPECT_EQ(picked, XDIDateInterval(CalendarUnit::hour, 6));
 }
 
 TEST_F(EditorFlows, takeBackWhatWasTypedIntoANote) {

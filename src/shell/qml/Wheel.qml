@@ -85,15 +85,19 @@ Item {
             }
         }
     }
-    WheelHandler {
-        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
-        property int turned: 0
-        onWheel: event => {
-            turned += event.angleDelta.y
-            const steps = Math.trunc(turned / 120)
-            turned -= steps * 120
-            if (steps !== 0)
-                root.turn(-steps)
+    Item {
+        // Above the wheel's own view, which would go as far as a list does.
+        anchors.fill: parent
+        WheelHandler {
+            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+            property int turned: 0
+            onWheel: event => {
+                turned += event.angleDelta.y
+                const steps = Math.trunc(turned / 120)
+                turned -= steps * 120
+                if (steps !== 0)
+                    root.turn(-steps)
+            }
         }
     }
 }
