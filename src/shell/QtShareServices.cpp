@@ -8,6 +8,7 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QStandardPaths>
 #include <QUrlQuery>
 #include <utility>
 
@@ -22,15 +23,16 @@ namespace dayward {
 
 namespace {
 
-/// The desktop's own command carries a file to any program for mail; false where there is none.
+/// The desktop's own command carries a file to any program for mail.
+const QString kMailCommand = QStringLiteral("xdg-email");
+
 bool startMailCommand(const MailDraft& draft) {
-    return QProcess::startDetached(
-        QStringLiteral("xdg-email"),
-        {QStringLiteral("--utf8"), QStringLiteral("--subject"), qtText(draft.subject), QStringLiteral("--body"),
-         qtText(draft.text), QStringLiteral("--attach"), qtText(draft.attachmentPath)});
+    return QProcess::startDetached(kMailCommand, {QStringLiteral("--utf8"), QStringLiteral("--subject"),
+                                                  qtText(draft.subject), QStringLiteral("--body"), qtText(draft.text),
+                                                  QStringLiteral("--attach"), qtText(draft.attachmentPath)});
 }
 
-/// A file in a link is taken by most of the programs only.
+/// Without the file, which programs leave out of links.
 QUrl mailLink(const MailDraft& draft) {
     QUrlQuery query;
     const auto add = [&query](const char* name, const std::string& value) {
@@ -39,7 +41,6 @@ QUrl mailLink(const MailDraft& draft) {
     };
     add("subject", draft.subject);
     add("body", draft.text);
-    add("attach", draft.attachmentPath);
     QUrl link(QStringLiteral("mailto:"));
     link.setQuery(query);
     return link;
@@ -68,6 +69,8 @@ void QtShareServices::takeSavePath(const QUrl& file) {
     const auto completion = std::exchange(pathChosen_, nullptr);
     if (completion && file.isLocalFile()) completion(file.toLocalFile().toStdString());
 }
+
+bool QtShareServices::mailTakesFiles() const { return !QStandardPaths::findExecutable(kMailCommand).isEmpty(); }
 
 Result<> QtShareServices::composeMail(const MailDraft& draft) {
     if (!draft.attachmentPath.empty() && startMailCommand(draft)) return {};

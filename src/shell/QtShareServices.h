@@ -31,6 +31,7 @@ public:
     void copyImage(Picture image) override;
     void chooseSavePath(const std::string& suggestedName,
                         std::function<void(const std::string& path)> completion) override;
+    bool mailTakesFiles() const override;
     Result<> composeMail(const MailDraft& draft) override;
     Result<> openWith(const std::string& path) override;
     void renderDetail(const EventDetailView& view, PixelSize size, double pixelsPerPoint,

@@ -32,7 +32,9 @@ public:
     /// Lets the user choose where a file goes. The completion is not called where the user chooses no place.
     virtual void chooseSavePath(const std::string& suggestedName,
                                 std::function<void(const std::string& path)> completion) = 0;
-    /// Fails where no program takes it.
+    /// Whether a mail can bring a file along.
+    [[nodiscard]] virtual bool mailTakesFiles() const = 0;
+    /// Fails where no program takes it. Without a file where mailTakesFiles() is false.
     virtual Result<> composeMail(const MailDraft& draft) = 0;
     /// Has the desktop open the file with a program that the user chooses.
     virtual Result<> openWith(const std::string& path) = 0;

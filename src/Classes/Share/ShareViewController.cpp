@@ -42,11 +42,23 @@ void ShareViewController::saveAction() {
                              });
 }
 
-void ShareViewController::mailAction() { finish(presenter(), sendMail()); }
+void ShareViewController::mailAction() {
+    const Result<MailDraft> draft = mailDraft();
+    if (draft && !draft->attachmentPath.empty() && !services_.mailTakesFiles()) return offerSaveInstead();
+    finish(presenter(), draft ? services_.composeMail(*draft) : std::unexpected(draft.error()));
+}
+
+void ShareViewController::offerSaveInstead() {
+    const auto save = [this, self = shared_from_this()] {
+        if (isPresented()) saveAction();
+    };
+    presenter().alert(
+        {localized("The picture cannot be put into a mail."),
+         localized("Save it, and add it to the mail yourself."),
+         {{localized("Save…"), AlertButton::Role::normal, save}, {localized("Cancel"), AlertButton::Role::cancel}}});
+}
 
 void ShareViewController::openWithAction() { finish(presenter(), openWith()); }
-
-Result<> ShareViewController::sendMail() const { return services_.composeMail(TRY(mailDraft())); }
 
 Result<> ShareViewController::openWith() const { return services_.openWith(TRY(temporaryFile())); }
 

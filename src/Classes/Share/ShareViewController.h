@@ -38,9 +38,9 @@ private:
     void copyAction();
     void saveAction();
     void mailAction();
+    void offerSaveInstead();
     void openWithAction();
     Result<> openWith() const;
-    Result<> sendMail() const;
     Result<> write(const std::string& path) const;
     [[nodiscard]] std::string fileName() const;
     /// Closes the sheet, where it is still open, with a word in passing, or says what failed.

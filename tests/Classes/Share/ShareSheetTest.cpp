@@ -45,6 +45,7 @@ protected:
         pathChosen = std::move(completion);
         if (!savePath.empty()) pathChosen(savePath);
     }
+    bool mailTakesFiles() const override { return hasMailCommand; }
     Result<> composeMail(const MailDraft& mail) override {
         draft = mail;
         return works;
@@ -73,6 +74,7 @@ protected:
     std::vector<std::string> lines;
     std::string savePath = environment.home + "/saved";
     std::function<void(const std::string&)> pathChosen;
+    bool hasMailCommand = true;
     MailDraft draft;
     std::string opened;
     Result<> works;
@@ -124,6 +126,20 @@ TEST_F(ShareSheet, APictureIsDrawnInItsShapeBeforeItIsShared) {
     finishDrawing();
     shell.tap("mail");
     EXPECT_TRUE(Image::decode(*environment->files().readFile(draft.attachmentPath)));
+}
+
+TEST_F(ShareSheet, APictureThatNoMailTakesIsSavedInstead) {
+    hasMailCommand = false;
+    toolbar.textAction();
+    shell.tap("mail");
+    EXPECT_EQ(std::exchange(draft, {}).subject, "Countdown to Launch") << "a text goes as it is";
+    toolbar.imageAction();
+    environment.queues->runAll();
+    finishDrawing();
+    shell.tap("mail");
+    EXPECT_EQ(draft.subject, "");
+    shell.answer("Save…");
+    EXPECT_TRUE(Image::decode(*environment->files().readFile(savePath)));
 }
 
 TEST_F(ShareSheet, ASaveIsToldOfWhenTheSheetWasClosedMeanwhile) {
