@@ -129,6 +129,7 @@ Window {
                             color: window.text
                             wrapMode: Text.Wrap
                             maximumLineCount: row.stacked ? 1 : 2
+                            lineHeight: lineCount > 1 ? 0.85 : 1
                             horizontalAlignment: Text.AlignLeft
                         }
                         Line {
