@@ -18,21 +18,31 @@ std::string nameOf(const HHEvent& event) {
     return event.name().value_or("").empty() ? localized("???") : *event.name();
 }
 
-}  // namespace
+constexpr std::size_t kMostKnown = 64;
 
-std::string notificationText(const std::string& name, const XDIDateInterval& alert) {
-    const double value = alert.getSingleValue();
-    if (value == 0) return formatText(localized("%@ is happening!"), {name});
-    if (value < 0) {
-        const XDIDateInterval since(alert.getSingleUnit(), -value);
-        return formatText(localized("%@ since last %@!"),
-                          {name, XDIFormatter::stringForDateInterval(since, TextStyle::full)});
-    }
-    return formatText(localized("%@ - is coming in %@!"),
-                      {name, XDIFormatter::stringForDateInterval(alert, TextStyle::full)});
+std::string lengthText(const XDIDateInterval& length) {
+    return XDIFormatter::stringForDateInterval(length, TextStyle::full);
 }
 
-EventNotifications::EventNotifications(const HHEvent& event) : event_(event) {
+}  // namespace
+
+std::string AlertTexts::text(const std::string& name, const XDIDateInterval& alert) {
+    auto words = std::ranges::find_if(known_, [&](const Words& one) { return one.alert.hasSameFields(alert); });
+    if (words == known_.end()) {
+        if (known_.size() == kMostKnown) known_.clear();
+        words = known_.insert(known_.end(), wordsOf(alert));
+    }
+    return formatText(words->format, {name, words->length});
+}
+
+AlertTexts::Words AlertTexts::wordsOf(const XDIDateInterval& alert) {
+    const double value = alert.getSingleValue();
+    if (value == 0) return {alert, localized("%@ is happening!"), ""};
+    if (value < 0) return {alert, localized("%@ since last %@!"), lengthText({alert.getSingleUnit(), -value})};
+    return {alert, localized("%@ - is coming in %@!"), lengthText(alert)};
+}
+
+EventNotifications::EventNotifications(const HHEvent& event, AlertTexts& texts) : event_(event) {
     creator_.maxNotificationsCount = kMaximumNotificationsForEvent;
     creator_.objectKey = event.identifier();
     creator_.startDateDay = event.date();
@@ -40,8 +50,8 @@ EventNotifications::EventNotifications(const HHEvent& event) : event_(event) {
     creator_.rrule = event.rrule();
     creator_.alerts = event.alerts().list.value_or(std::vector<XDIDateInterval>());
     creator_.setSoundName(event.alerts().soundName);
-    creator_.alertBodyBlock = [name = nameOf(event)](const XDIDateInterval& alert) {
-        return notificationText(name, alert);
+    creator_.alertBodyBlock = [name = nameOf(event), &texts](const XDIDateInterval& alert) {
+        return texts.text(name, alert);
     };
 }
 
@@ -76,7 +86,8 @@ LocalNotification EventNotifications::notification(const Firing& firing) {
 }
 
 std::vector<LocalNotification> notificationsOfEvent(const HHEvent& event) {
-    EventNotifications notifications(event);
+    AlertTexts texts;
+    EventNotifications notifications(event, texts);
     std::vector<LocalNotification> result;
     for (const auto& firing : notifications.firings()) result.push_back(notifications.notification(firing));
     return result;

@@ -7,19 +7,34 @@
 #include <vector>
 
 #include "alerts/XELNotificationCreator.h"
+#include "intervals/XDIDateInterval.h"
 #include "platform/Date.h"
 #include "platform/LocalNotification.h"
 
 namespace dayward {
 
 class HHEvent;
-class XDIDateInterval;
 
 /// How many an event gets at most, but for the rounding of XELNotificationCreator.
 inline constexpr std::size_t kMaximumNotificationsForEvent = 30;
 
-/// What a notification for that alert of an event of that name says.
-std::string notificationText(const std::string& name, const XDIDateInterval& alert);
+/// What a notification for an alert says. Keeps the words of alerts, which many events share. One thread; works in
+/// the language of the moment at which it was made.
+class AlertTexts {
+public:
+    [[nodiscard]] std::string text(const std::string& name, const XDIDateInterval& alert);
+
+private:
+    /// All but the name.
+    struct Words {
+        XDIDateInterval alert;
+        std::string format, length;
+    };
+
+    static Words wordsOf(const XDIDateInterval& alert);
+
+    std::vector<Words> known_;
+};
 
 /// What should be scheduled for an event now, each notification made when it is asked for. One thread; the event
 /// outlives it.
@@ -27,7 +42,8 @@ class EventNotifications {
 public:
     using Firing = XELNotificationCreator::Firing;
 
-    explicit EventNotifications(const HHEvent& event);
+    /// The texts outlive it.
+    EventNotifications(const HHEvent& event, AlertTexts& texts);
 
     [[nodiscard]] const HHEvent& event() const { return event_; }
     /// Alert by alert, for each by date. Two alerts that come to the same text at the same moment give one. What

@@ -19,12 +19,6 @@ constexpr TimeInterval kLongestDay{25 * 3600.0};
 
 XELEventMath mathOf(const HHEvent& event) { return {event.rrule(), event.date(), event.times()}; }
 
-/// Stricter than the interval's own comparison: what is not a number equals nothing.
-bool isSame(const XDIDateInterval& one, const XDIDateInterval& other) {
-    return one.minute == other.minute && one.hour == other.hour && one.day == other.day && one.week == other.week &&
-           one.month == other.month && one.year == other.year && one.second == other.second;
-}
-
 std::optional<Date> earlier(std::optional<Date> one, std::optional<Date> other) {
     if (!one || !other) return one ? one : other;
     return std::min(*one, *other);
@@ -70,14 +64,14 @@ std::optional<Date> FirstFireDate::sharpened(const HHEvent& event, const Answer&
 }
 
 void FirstFireDate::setOffsets(const std::vector<XDIDateInterval>& alerts) {
-    const auto isOf = [](const Offset& offset, const XDIDateInterval& alert) { return isSame(offset.alert, alert); };
+    const auto isOf = [](const Offset& offset, const XDIDateInterval& alert) { return offset.alert.hasSameFields(alert); };
     if (std::ranges::equal(offsets_, alerts, isOf)) return;
     offsets_.clear();
     for (const XDIDateInterval& alert : alerts) offsets_.push_back(offsetOf(alert));
 }
 
 const FirstFireDate::Offset& FirstFireDate::offsetOf(const XDIDateInterval& alert) {
-    const auto found = std::ranges::find_if(known_, [&](const Offset& one) { return isSame(one.alert, alert); });
+    const auto found = std::ranges::find_if(known_, [&](const Offset& one) { return one.alert.hasSameFields(alert); });
     if (found != known_.end()) return *found;
     if (known_.size() == kMostKnown) known_.pop_back();
     return known_.emplace_back(makeOffset(alert));

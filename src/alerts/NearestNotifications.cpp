@@ -121,9 +121,10 @@ std::vector<LocalNotification> nearestNotifications(const std::vector<std::share
     Nearest nearest(count);
     for (LocalNotification& one : others) nearest.add(one);
     Candidates candidates(events);
+    AlertTexts texts;
     std::deque<EventNotifications> opened;
     while (const HHEvent* event = candidates.next(nearest.last())) {
-        EventNotifications& notifications = opened.emplace_back(*event);
+        EventNotifications& notifications = opened.emplace_back(*event, texts);
         for (const auto& firing : notifications.firings(latestOf(nearest.last()))) nearest.add(notifications, firing);
     }
     return nearest.take();

@@ -1,6 +1,7 @@
 #include "alerts/XELNotificationCreator.h"
 
 #include <cmath>
+#include <utility>
 
 #include "platform/Environment.h"
 #include "platform/Strings.h"
@@ -21,6 +22,22 @@ std::vector<Date> datesFrom(const XELEventMath& math, Date from, Date to, std::s
     return dates;
 }
 
+/// When an alert fires for its occurrences.
+class FireDates {
+public:
+    FireDates(const XDIDateInterval& alert, std::shared_ptr<const Calendar> calendar)
+        : isSet_(alert.isSet()), back_(alert.dateComponentsWithMultiplier(-1.0)), calendar_(std::move(calendar)) {}
+
+    [[nodiscard]] std::optional<Date> of(Date occurrence) const {
+        return isSet_ ? calendar_->dateByAddingComponents(back_, occurrence) : occurrence;
+    }
+
+private:
+    const bool isSet_;
+    const DateComponents back_;
+    const std::shared_ptr<const Calendar> calendar_;
+};
+
 }  // namespace
 
 void XELNotificationCreator::setSoundName(const std::optional<std::string>& name) {
@@ -40,8 +57,7 @@ std::shared_ptr<const Calendar> XELNotificationCreator::systemCalendar() {
 }
 
 std::optional<Date> XELNotificationCreator::fireDate(Date date, const XDIDateInterval& interval) {
-    if (!interval.isSet()) return date;
-    return systemCalendar()->dateByAddingComponents(interval.dateComponentsWithMultiplier(-1.0), date);
+    return FireDates(interval, systemCalendar()).of(date);
 }
 
 std::vector<LocalNotification> XELNotificationCreator::getNotifications() {
@@ -64,8 +80,9 @@ std::vector<XELNotificationCreator::Firing> XELNotificationCreator::getFirings()
         const auto from = systemCalendar()->dateByAddingComponents(alert.dateComponents(), now);
         if (!from) continue;
         const std::vector<Date> dates = datesFrom(math, *from, *from + maxTimeInterval, count);
+        const FireDates fireDates(alert, systemCalendar());
         for (const Date date : dates) {
-            const auto fires = fireDate(date, alert);
+            const auto fires = fireDates.of(date);
             if (!fires || *fires < now || (latestFireDate && *fires > *latestFireDate)) continue;
             firings.push_back({*fires, number});
         }

@@ -71,6 +71,11 @@ public:
     [[nodiscard]] std::partial_ordering compare(const XDIDateInterval& other) const;
     /// compare() finds no difference: 0 days equals an empty interval.
     bool operator==(const XDIDateInterval& other) const { return compare(other) == 0; }
+    /// Stricter: unset is not 0, and what is not a number equals nothing.
+    [[nodiscard]] bool hasSameFields(const XDIDateInterval& other) const {
+        return minute == other.minute && hour == other.hour && day == other.day && week == other.week &&
+               month == other.month && year == other.year && second == other.second;
+    }
 
     [[nodiscard]] std::vector<std::string> archiveClassNames() const override { return {kClassName}; }
     void encodeWithCoder(KeyedArchiver& coder) const override;

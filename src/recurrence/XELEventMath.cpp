@@ -71,7 +71,7 @@ std::vector<Date> XELEventMath::datesFromDate(Date fromDate, Date toDate, std::s
     return dates;
 }
 
-bool XELEventMath::isSteady() const { return XELRRuleMath(parsed_, startDateDay_).isSteady(); }
+bool XELEventMath::isSteady() const { return !parsed_ || XELRRuleMath(parsed_, startDateDay_).isSteady(); }
 
 std::optional<Date> XELEventMath::lastDate() const {
     std::optional<Date> latest;

@@ -329,7 +329,7 @@ TEST(NotificationsWithoutADevice, AreStillToldButNotScheduled) {
 }
 
 TEST(NotificationText, SaysWhenInTheUsersLanguage) {
-    const auto text = [](const XDIDateInterval& alert) { return notificationText("Tea", alert); };
+    const auto text = [](const XDIDateInterval& alert) { return AlertTexts().text("Tea", alert); };
     {
         TestEnvironment environment;
         EXPECT_EQ(text(onEvent), "Tea is happening!");
