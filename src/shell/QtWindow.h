@@ -36,8 +36,6 @@ protected:
     void show() override;
 
 private:
-    void collectAfterFirstFrame();
-
     Shell& shell_;
     Appearance appearance_;
     QQmlApplicationEngine engine_;
