@@ -106,5 +106,5 @@ elif INSIDE in os.environ:
     measure(int(sys.argv[1]), sys.argv[2:])
 else:
     os.environ[INSIDE] = "1"
-    os.execvp("xvfb-run", ["xvfb-run", "-a", "-s", "-screen 0 1000x2000x24", "dbus-run-session", "--",
+    os.execvp("xvfb-run", ["xvfb-run", "-a", "-s", "-screen 0 1000x2000x24 -noreset", "dbus-run-session", "--",
                            sys.executable, *sys.argv])

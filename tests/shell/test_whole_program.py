@@ -3,8 +3,6 @@
 line beside it on the same home.
 
 Use: test_whole_program.py DAYWARD-APP DAYWARD. Ends with 77 where there is no display server or bus to start."""
-import array
-import collections
 import json
 import os
 import pathlib
@@ -18,9 +16,10 @@ import unittest
 
 import dbus
 
+import display
+from display import colors, magenta
 from waiting import PATIENCE, wait_for
 
-NEEDED = ("Xvfb", "xvfb-run", "dbus-run-session", "xdotool", "openbox")
 APPLICATION = PROGRAM = None
 # Where the window shows no row.
 LIGHT, DARK = 0xf3f2f7, 0x121117
@@ -32,18 +31,24 @@ def output(*command):
     return subprocess.run(command, capture_output=True, timeout=PATIENCE).stdout
 
 
+def pixels(color):
+    """How many of them the display shows, with an alpha channel or without."""
+    shown = colors()
+    return shown[color] + shown[color | 0xff000000]
+
+
 class WholeProgram(unittest.TestCase):
     def setUp(self):
         directory = tempfile.TemporaryDirectory(prefix="dayward-test-")
         self.addCleanup(directory.cleanup)
-        self.home = pathlib.Path(directory.name) / "home"
+        scratch = pathlib.Path(directory.name)
+        self.home = scratch / "home"
         self.started = []
         self.addCleanup(self.end_all)
-        self.run_beside("openbox", "--sm-disable")
-        wait_for("the window manager", lambda: output("xdotool", "get_num_desktops").strip())
+        display.start_window_manager(self.run_beside, scratch)
         self.application = self.start()
         self.window = wait_for("the window", self.visible_window)
-        wait_for("the first picture", lambda: len(self.colors()) > 200)
+        wait_for("the first picture", lambda: len(colors()) > 200)
 
     def end_all(self):
         for process in self.started:
@@ -64,29 +69,22 @@ class WholeProgram(unittest.TestCase):
         return output("xdotool", "getactivewindow").strip()
 
     def cover_window(self):
-        """Another window, of an application on another home and no bus, takes the keyboard and lies on top."""
+        """Another window, of an application on another home and no bus, takes the keyboard and lies on top. It asks
+        for the keyboard before it draws."""
+        before = pixels(LIGHT)
         alone = os.environ | {"DBUS_SESSION_BUS_ADDRESS": "unix:path=/nonexistent"}
         self.run_beside(APPLICATION, "--home", str(self.home) + "-other", env=alone)
         wait_for("the window that covers", lambda: self.active_window() not in (b"", self.window))
+        wait_for("its picture", lambda: pixels(LIGHT) > before + 10000)
 
     def visible_window(self):
         found = output("xdotool", "search", "--onlyvisible", "--name", "^Dayward$").split()
         return found[0] if found else None
 
-    def colors(self):
-        """How many pixels of each colour the display shows."""
-        screen = pathlib.Path(os.environ["DAYWARD_TEST_SCREEN"], "Xvfb_screen0").read_bytes()
-        return collections.Counter(array.array("I", screen[:len(screen) // 4 * 4]))
-
     def settle(self):
         before = None
-        while before != (before := self.colors()):
+        while before != (before := colors()):
             time.sleep(0.15)
-
-    def magenta(self):
-        """How many pixels are between white and pure magenta, where the row's gradient puts them."""
-        channels = ((color >> 16 & 255, color >> 8 & 255, color & 255, count) for color, count in self.colors().items())
-        return sum(count for red, green, blue, count in channels if red == blue and red > green + 40)
 
     def command(self, *arguments):
         done = subprocess.run([PROGRAM, "--home", str(self.home), "--json", *arguments], capture_output=True,
@@ -107,9 +105,9 @@ class WholeProgram(unittest.TestCase):
 
     def test_from_start_to_end(self):
         self.settle()
-        list_shown = self.colors()
+        list_shown = colors()
         self.keys("ctrl+n")
-        wait_for("the editor", lambda: self.colors() != list_shown)
+        wait_for("the editor", lambda: colors() != list_shown)
         time.sleep(0.5)
         self.settle()
         self.click(200, 100)  # the name
@@ -117,31 +115,34 @@ class WholeProgram(unittest.TestCase):
         self.click(387, 28)  # "Done"
         added = wait_for("the new event in the store", lambda: self.event("Picnic"))
         self.settle()
-        self.assertLess(self.magenta(), 1000)
+        self.assertLess(magenta(), 1000)
 
         self.command("edit", added["identifier"], "--background", "#ff00ff")
-        wait_for("the row in its new colour", lambda: self.magenta() > 10000)
+        wait_for("the row in its new colour", lambda: magenta() > 10000)
 
         self.cover_window()
         self.assertEqual(self.start().wait(PATIENCE), 0)
         wait_for("the first window on top", lambda: self.active_window() == self.window)
         self.assertIsNone(self.application.poll())
 
-        self.application.send_signal(signal.SIGTERM)
-        self.assertEqual(self.application.wait(PATIENCE), 0)
+        self.end_by(signal.SIGTERM)
         self.assertIsNotNone(self.event("Picnic"))
 
+    def end_by(self, ending):
+        self.application.send_signal(ending)
+        self.assertEqual(self.application.wait(PATIENCE), 0, ending)
+
     def test_signals_end_it_without_loss(self):
+        self.end_by(signal.SIGTERM)  # the first events are written once the window is there
         before = self.command("list")
         for ending in (signal.SIGINT, signal.SIGHUP):
-            self.keys("ctrl+n")
-            time.sleep(1)
-            self.application.send_signal(ending)
-            self.assertEqual(self.application.wait(PATIENCE), 0, ending)
-            self.assertEqual(self.command("list"), before, "an editor left open has changed nothing")
-            self.assertEqual(self.command("doctor")["problems"], [])
             self.application = self.start()
             self.window = wait_for("the window again", self.visible_window)
+            self.keys("ctrl+n")
+            time.sleep(1)
+            self.end_by(ending)
+            self.assertEqual(self.command("list"), before, "an editor left open has changed nothing")
+            self.assertEqual(self.command("doctor")["problems"], [])
 
     def start_portal(self, preference):
         """The desktop's settings, mocked; they answer the older question, which wraps its answer twice."""
@@ -156,9 +157,7 @@ class WholeProgram(unittest.TestCase):
                           ["org.freedesktop.appearance", "color-scheme", dbus.UInt32(preference)])
 
     def shows(self, color, other):
-        colors = self.colors()
-        shown, left = (colors[one] + colors[one | 0xff000000] for one in (color, other))
-        return shown > 10000 > left
+        return pixels(color) > 10000 > pixels(other)
 
     def test_follows_the_desktop_into_the_dark_and_back(self):
         wait_for("a light window", lambda: self.shows(LIGHT, DARK))
@@ -176,16 +175,16 @@ class WholeProgram(unittest.TestCase):
 def main():
     global APPLICATION, PROGRAM
     if "--inside" not in sys.argv:
-        missing = [program for program in NEEDED if not shutil.which(program)]
+        missing = [program for program in ("dbus-run-session", *display.NEEDED) if not shutil.which(program)]
         if missing:
             print("skipped: without " + ", ".join(missing))
             sys.exit(77)
         with tempfile.TemporaryDirectory(prefix="dayward-run-") as runtime:
             kept = {name: value for name, value in os.environ.items()
                     if not name.startswith(("DAYWARD", "XDG", "QT_", "WAYLAND", "DBUS"))}
-            kept |= {"XDG_RUNTIME_DIR": runtime, "DAYWARD_TEST_SCREEN": runtime, "LC_ALL": "C.UTF-8", "QT_QPA_PLATFORM": "xcb"}
-            sys.exit(subprocess.run(["xvfb-run", "-a", "-s", f"-screen 0 600x900x24 -fbdir {runtime}", "dbus-run-session", "--",
-                                     *sys.argv, "--inside"], env=kept).returncode)
+            command, variables = display.on_display("600x900", runtime)
+            kept |= {"XDG_RUNTIME_DIR": runtime, "LC_ALL": "C.UTF-8"} | variables
+            sys.exit(subprocess.run([*command, "dbus-run-session", "--", *sys.argv, "--inside"], env=kept).returncode)
     APPLICATION, PROGRAM = sys.argv[1:3]
     unittest.main(argv=sys.argv[:1])
 

@@ -14,6 +14,7 @@ import threading
 import time
 import unittest
 
+from display import on_display
 from waiting import PATIENCE, wait_for
 
 BUS = ("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus")
@@ -193,8 +194,9 @@ def on_bus(needed=(), services=None, screen=None):
             (directory / f"{name}.service").write_text(f"[D-BUS Service]\nName={name}\nExec={program}\n")
         command = ["dbus-run-session", "--", sys.executable, *sys.argv, "--inside"]
         if screen:
-            kept |= {"DAYWARD_TEST_SCREEN": runtime, "QT_QPA_PLATFORM": "xcb"}
-            command = ["xvfb-run", "-a", "-s", f"-screen 0 {screen}x24 -fbdir {runtime}", *command]
+            display_command, variables = on_display(screen, runtime)
+            kept |= variables
+            command = [*display_command, *command]
         sys.exit(subprocess.run(command, env=kept).returncode)
 
 

@@ -4,13 +4,10 @@ display, with a mocked notification service and a real one. Only the agent's clo
 come.
 
 Use: test_application.py DAYWARD-AGENT DAYWARD-APP DAYWARD. Ends with 77 where there is no display or bus to start."""
-import array
-import collections
 import contextlib
 import datetime
 import json
 import os
-import pathlib
 import signal
 import subprocess
 import time
@@ -18,6 +15,7 @@ import unittest
 
 import dbus
 
+import display
 from desktop import BUS, DesktopTest, DrivenAgent, alert, archived, call, on_bus
 from waiting import PATIENCE, wait_for
 
@@ -27,7 +25,7 @@ TOMORROW = (int(time.time()) // DAY + 1) * DAY
 NOON, MINUTE = TOMORROW + DAY // 2, 60
 SCREEN = (600, 900)
 TRIES = 6  # alerts, for one of which a busy machine's application is in time
-NEEDED = ("Xvfb", "xvfb-run", "xdotool", "openbox", "dunst", "dunstctl")
+NEEDED = (*display.NEEDED, "dunst", "dunstctl")
 
 
 def output(*command):
@@ -40,8 +38,7 @@ class ApplicationTest(DesktopTest):
     def setUp(self):
         super().setUp()
         self.addCleanup(self.end_applications)
-        self.run_beside("openbox", "--sm-disable")
-        wait_for("the window manager", lambda: output("xdotool", "get_num_desktops"))
+        display.start_window_manager(self.run_beside, self.scratch)
         # The agent comes first, so that no other is started by those who schedule.
         self.agent = DrivenAgent(self, AGENT, TOMORROW - DAY, *self.home_options())
         default = [event["identifier"] for section in self.command("list")["sections"] for event in section["events"]]
@@ -92,11 +89,7 @@ class ApplicationTest(DesktopTest):
         return next(iter(output("xdotool", "search", "--onlyvisible", "--name", "^Dayward$").split()), None)
 
     def is_event_open(self):
-        screen = pathlib.Path(os.environ["DAYWARD_TEST_SCREEN"], "Xvfb_screen0").read_bytes()
-        colors = collections.Counter(array.array("I", screen[:len(screen) // 4 * 4]))
-        magenta = sum(count for color, count in colors.items()
-                      if color >> 16 & 255 == color & 255 > (color >> 8 & 255) + 40)
-        return magenta > SCREEN[0] * SCREEN[1] * 0.3
+        return display.magenta() > SCREEN[0] * SCREEN[1] * 0.3
 
     def ask_application(self, method, *arguments, home=None):
         name, = self.applications()
