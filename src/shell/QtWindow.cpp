@@ -31,6 +31,15 @@ QtWindow::QtWindow(Environment& environment, Shell& shell)
     engine_.addImportPath(QStringLiteral("qrc:/"));
     engine_.load(QUrl(QStringLiteral("qrc:/Dayward/Main.qml")));
     shell_.shareServices().setWindow(quickWindow(), &engine_);
+    collectAfterFirstFrame();
+}
+
+/// What starting has left is collected while nothing moves yet: the first fling would wait for it.
+void QtWindow::collectAfterFirstFrame() {
+    const QQuickWindow* const window = quickWindow();
+    if (window == nullptr) return;
+    QObject::connect(window, &QQuickWindow::frameSwapped, &engine_, [this] { engine_.collectGarbage(); },
+                     static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
 }
 
 QtWindow::~QtWindow() { shell_.shareServices().setWindow(nullptr, nullptr); }

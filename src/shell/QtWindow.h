@@ -36,6 +36,8 @@ protected:
     void show() override;
 
 private:
+    void collectAfterFirstFrame();
+
     Shell& shell_;
     Appearance appearance_;
     QQmlApplicationEngine engine_;
