@@ -2,6 +2,8 @@
 // display, and how much memory is in use a little later.
 // shell_floor tick COUNT: a window with twenty bare texts that all change COUNT times; prints the processor's
 // time of each, from the change to the frame.
+// shell_floor pauses MILLISECONDS: a thread that only reads the clock of its own time for so long; prints each step of
+// that clock over a millisecond, which is what the machine took.
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
 #include <QQuickStyle>
@@ -64,9 +66,21 @@ int showTicks(QQuickWindow& window, int count) {
     return 0;
 }
 
+int showPauses(long long milliseconds) {
+    constexpr long long kMillisecond = 1000000;
+    const long long end = bench::threadNanoseconds() + milliseconds * kMillisecond;
+    for (long long before = bench::threadNanoseconds(); before < end;) {
+        const long long present = bench::threadNanoseconds();
+        if (present - before > kMillisecond) std::cout << present - before << "\n";
+        before = present;
+    }
+    return 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (argc == 3 && std::string(argv[1]) == "pauses") return showPauses(std::atoll(argv[2]));
     QQuickStyle::setStyle(QStringLiteral("Material"));
     const QGuiApplication application(argc, argv);
     const bool isTick = argc == 3 && std::string(argv[1]) == "tick";
