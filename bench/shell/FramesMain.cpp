@@ -1,6 +1,7 @@
 // shell_frames HOME tick COUNT: so many seconds of a list with twenty rows in sight, each counting seconds.
 // shell_frames HOME fling PIXELS: the list moves by so many pixels a frame, from its first row to its last.
 // Prints a line for each frame: our share and the whole, in nanoseconds of the processor's time.
+#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QQuickItem>
 #include <cstdlib>
@@ -23,7 +24,7 @@ using namespace dayward;
 
 constexpr int kWidth = 420, kHeight = 860;
 constexpr int kHeightForTwentyRows = 1900;
-constexpr int kFramesBefore = 60;
+constexpr long long kMillisecondsToRest = 1500;
 
 class List {
 public:
@@ -33,7 +34,7 @@ public:
         window_.setRootViewController(split_.master());
         window_.makeKeyAndVisible();
         frames_ = std::make_unique<bench::Frames>(*window_.quickWindow());
-        for (int frame = 0; frame < kFramesBefore; ++frame) frames_->draw([] {});
+        for (QElapsedTimer time = started(); time.elapsed() < kMillisecondsToRest;) frames_->draw([] {});
         view_ = viewIn(*window_.quickWindow()->contentItem());
         if (view_ == nullptr) std::abort();
     }
@@ -42,6 +43,12 @@ public:
     bench::Frame draw(const std::function<void()>& change) { return frames_->draw(change); }
 
 private:
+    static QElapsedTimer started() {
+        QElapsedTimer timer;
+        timer.start();
+        return timer;
+    }
+
     static QQuickItem* viewIn(QQuickItem& item) {
         if (item.inherits("QQuickListView") && item.property("rowHeight").isValid()) return &item;
         for (QQuickItem* child : item.childItems()) {

@@ -55,7 +55,7 @@ ListView {
     model: rows
     clip: true
     reuseItems: true
-    cacheBuffer: 300
+    cacheBuffer: spareRows.running ? 900 : 300
     currentIndex: -1
     keyNavigationEnabled: false
     // A search in which nothing is typed yet ends when the keyboard leaves its field.
@@ -104,6 +104,13 @@ ListView {
             return
         if (row || event.accepted)
             event.accepted = true
+    }
+
+    // As many rows as a fling needs at once are made while nothing moves, and then put aside for it.
+    Timer {
+        id: spareRows
+        interval: 500
+        running: true
     }
 
     ScrollBar.vertical: ScrollBar {
