@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 #include <algorithm>
 
+#include "Classes/App/HHAppTimerKeys.h"
 #include "Classes/Category/ImageEventBackgroundPicture.h"
 #include "Classes/Category/ImageEventIconPicture.h"
 #include "Classes/Category/ImagePicture.h"
@@ -175,6 +176,29 @@ TEST_F(EditorFlows, comeBackToTodaysMonth) {
     ASSERT_TRUE(until([&] { return item(QStringLiteral("February 2026")) != nullptr; }));
     click(QStringLiteral("Today"));
     EXPECT_TRUE(until([&] { return item(QStringLiteral("March 2026")) != nullptr; }));
+}
+
+TEST_F(EditorFlows, moveTheRingOfTodayAtMidnight) {
+    environment.clock->set(environment.at("2026-03-20T23:59:58"));
+    auto concert = std::make_shared<HHEvent>("concert");
+    concert->setDate(environment.at("2026-03-15"));
+    openEditor(concert);
+    open(QStringLiteral("Date,"), "Date");
+    const auto hasRing = [&](const QString& day) {
+        const QQuickItem* const text = item(day);
+        return text != nullptr && text->parentItem()->property("today").toBool();
+    };
+    const auto second = [&] {
+        environment.clock->advance(TimeInterval(1));
+        environment->notifications().post(HHAppTimerKeys::everySecound, nullptr);
+    };
+    ASSERT_TRUE(until([&] { return item(QStringLiteral("20")) != nullptr; }));
+    second();
+    EXPECT_TRUE(hasRing(QStringLiteral("20")));
+    EXPECT_FALSE(hasRing(QStringLiteral("21")));
+    second();
+    EXPECT_FALSE(hasRing(QStringLiteral("20")));
+    EXPECT_TRUE(hasRing(QStringLiteral("21")));
 }
 
 TEST_F(EditorFlows, turnASwitchBothWaysByKeyboardAndMouse) {

@@ -18,7 +18,6 @@ FocusScope {
     property bool choosesMonth: false
     readonly property int lastYear: 9999
     readonly property var language: Qt.locale(Appearance.localeName)
-    readonly property date now: new Date()
     readonly property real cell: Math.min(52, width / 7)
 
     // The place of a month among all: 12 is January of the year 1.
@@ -95,6 +94,9 @@ FocusScope {
         event.accepted = true
     }
 
+    Today {
+        id: present
+    }
     FocusRing {
         target: root
         radius: 10
@@ -187,7 +189,7 @@ FocusScope {
                     readonly property date date: root.dateAt(index)
                     readonly property bool inMonth: date.getMonth() === root.shownMonth - 1
                     readonly property bool chosen: inMonth && root.isDay(date, root.year, root.month, root.day)
-                    readonly property bool today: root.isDay(date, root.now.getFullYear(), root.now.getMonth() + 1, root.now.getDate())
+                    readonly property bool today: root.isDay(date, present.year, present.month, present.day)
                     width: root.cell
                     height: grid.dayHeight
                     Rectangle {
