@@ -8,13 +8,11 @@
 #include "agent/desktop/BusNames.h"
 #include "agent/desktop/NotificationMessage.h"
 #include "platform/Log.h"
+#include "shell/Activation.h"
 
 namespace dayward {
 
 namespace {
-
-constexpr const char* kTokenKey = "activation-token";
-constexpr const char* kTokenVariable = "XDG_ACTIVATION_TOKEN";
 
 qulonglong monotonicMicroseconds() {
     const auto now = std::chrono::steady_clock::now().time_since_epoch();
@@ -45,9 +43,7 @@ bool NotificationPort::Deliver(const QString& home, const QByteArray& notificati
 void NotificationPort::Open(const QString& home, const QByteArray& notification, const QVariantMap& platformData) {
     const auto opened = isOwn(home) ? decoded(notification) : std::nullopt;
     if (!opened) return;
-    // The window takes it from there as it comes to the front.
-    const QByteArray token = platformData.value(QString::fromLatin1(kTokenKey)).toString().toUtf8();
-    if (!token.isEmpty()) qputenv(kTokenVariable, token);
+    keepActivation(platformData);
     if (handlers_.open) return handlers_.open(*opened);
     opened_.push_back(*opened);
 }

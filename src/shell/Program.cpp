@@ -21,6 +21,7 @@
 #include "platform/UserDefaults.h"
 #include "platform/linux/AsioQueues.h"
 #include "platform/linux/LinuxEnvironment.h"
+#include "shell/Activation.h"
 #include "shell/Life.h"
 #include "shell/NotificationPort.h"
 #include "shell/QtAudioDevice.h"
@@ -42,6 +43,7 @@ struct Options {
     std::string home;
     bool selfTest = false;
     std::vector<std::string> launch;
+    QVariantMap activation;
 };
 
 std::filesystem::path programDirectory() {
@@ -89,7 +91,10 @@ int run(const Options& options, const LaunchOptions& launch) {
     NotificationPort port(home.directory);
     SingleInstance instance(QString::fromStdString(applicationBusName(home)));
     if (!options.selfTest) port.registerObject();
-    if (!options.selfTest && instance.begin(qtArguments(options.launch)) == SingleInstance::Role::later) return done;
+    if (!options.selfTest &&
+        instance.begin(qtArguments(options.launch), options.activation) == SingleInstance::Role::later) {
+        return done;
+    }
     const auto queues = std::make_shared<AsioQueues>();
     auto services = makeServices(options.selfTest ? scratch.path().toStdString() : options.home, queues);
     if (!services) {
@@ -125,6 +130,7 @@ int runApplication(int argc, char** argv) {
         complain(launch.error().description() + "; try --help");
         return wrongUsage;
     }
+    options.activation = activationOfStart();
     prepareQt();
     const auto application = makeQtApplication(kName, argc, argv);
     return run(options, *launch);

@@ -5,6 +5,7 @@
 #include <QQuickStyle>
 #include <QQuickWindow>
 
+#include "shell/Activation.h"
 #include "shell/CoverableItem.h"
 #include "shell/PictureProvider.h"
 #include "shell/QtValues.h"
@@ -66,7 +67,7 @@ void QtWindow::show() {
     window->setWindowStates(window->windowStates() & ~Qt::WindowMinimized);
     window->show();
     window->raise();
-    window->requestActivate();
+    activate(*window);
 }
 
 }  // namespace dayward

@@ -26,8 +26,8 @@ public:
     /// `service` is the home's bus name (agent/desktop/BusNames.h).
     explicit SingleInstance(QString service) : service_(std::move(service)) {}
 
-    /// Takes the name, or hands the arguments over where another has it.
-    Role begin(const QStringList& arguments);
+    /// Takes the name, or hands the arguments over where another has it, with the right to come to the front.
+    Role begin(const QStringList& arguments, const QVariantMap& platformData);
     /// Gives the name back: whoever comes from now on starts an application of its own.
     void end();
     /// Called with the arguments of each later start, none for a mere raise; those that came before are
@@ -41,9 +41,9 @@ public slots:
     void ActivateAction(const QString& name, const QVariantList& parameter, const QVariantMap& platformData);
 
 private:
-    void start(const QStringList& arguments);
+    void start(const QStringList& arguments, const QVariantMap& platformData);
     /// Whether the first start has taken them.
-    bool handOver(const QStringList& arguments) const;
+    bool handOver(const QStringList& arguments, const QVariantMap& platformData) const;
 
     const QString service_;
     std::function<void(const QStringList& arguments)> handler_;
