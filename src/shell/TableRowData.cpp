@@ -43,7 +43,9 @@ struct ContentMaker {
         }
         return {{"columns", int(grid.columns)}, {"items", items}};
     }
-    QVariantMap operator()(const RowPicture& picture) const { return {{"picture", pictures.add(picture)}}; }
+    QVariantMap operator()(const RowPicture& picture) const {
+        return {{"picture", pictures.add(picture)}, {"whole", picture.isWhole}};
+    }
     QVariantMap operator()(const Color& color) const { return {{"color", qtColor(color)}}; }
     QVariantMap operator()(const LookContent& look) const {
         return {{"background", pictures.add(look.background)},

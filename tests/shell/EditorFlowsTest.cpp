@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "Classes/App/HHAppTimerKeys.h"
+#include "Classes/Category/EventCategory.h"
 #include "Classes/Category/ImageEventBackgroundPicture.h"
 #include "Classes/Category/ImageEventIconPicture.h"
 #include "Classes/Category/ImagePicture.h"
@@ -14,6 +15,7 @@
 #include "Classes/Interface/Edit/PeriodExViewController.h"
 #include "Classes/Interface/Edit/RRuleExViewController.h"
 #include "Classes/Interface/Select/CategoriesViewController.h"
+#include "Classes/Interface/Select/CategoryViewController.h"
 #include "shell/FlowsFixture.h"
 
 namespace dayward {
@@ -199,6 +201,29 @@ TEST_F(EditorFlows, moveTheRingOfTodayAtMidnight) {
     second();
     EXPECT_FALSE(hasRing(QStringLiteral("20")));
     EXPECT_TRUE(hasRing(QStringLiteral("21")));
+}
+
+TEST_F(EditorFlows, showACategorysIconWhole) {
+    const auto category = std::make_shared<EventCategory>("work");
+    shell.navigation().present(std::make_shared<CategoryViewController>(category));
+    settle();
+    const auto isWhole = [&](const QString& row) {
+        const QQuickItem* const picture = itemIn(rowOf(row), "loaded", QStringLiteral("true"));
+        return picture != nullptr && picture->property("whole").toBool();
+    };
+    EXPECT_TRUE(isWhole(QStringLiteral("Icon")));
+    EXPECT_FALSE(isWhole(QStringLiteral("Background")));
+}
+
+TEST_F(EditorFlows, keepTheTextsOfTheCategoryClearOfItsRing) {
+    openEditor();
+    QQuickItem* const button = item(QStringLiteral("Category: Default"));
+    ASSERT_NE(button, nullptr);
+    const auto* const ring = button->property("background").value<QQuickItem*>();
+    const QQuickItem* const label = itemIn(button, "text", QStringLiteral("Category"));
+    ASSERT_TRUE(ring != nullptr && label != nullptr);
+    constexpr double kClear = 4;
+    EXPECT_GE(label->mapToScene({}).x(), ring->mapToScene({}).x() + kClear);
 }
 
 TEST_F(EditorFlows, turnASwitchBothWaysByKeyboardAndMouse) {

@@ -39,7 +39,9 @@ RowPicture thumbnail(std::shared_ptr<const Picture> picture) {
 }  // namespace
 
 RowPicture Interface::thumbnailViewForEventIcon(std::shared_ptr<const EventIconPicture> icon) {
-    return thumbnail(std::move(icon));
+    RowPicture picture = thumbnail(std::move(icon));
+    picture.isWhole = true;
+    return picture;
 }
 
 RowPicture Interface::thumbnailViewForEventBackground(std::shared_ptr<const EventBackgroundPicture> background) {

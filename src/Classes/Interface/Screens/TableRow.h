@@ -64,6 +64,7 @@ struct WheelsContent {
 struct RowPicture {
     std::string key;
     std::function<std::shared_ptr<const Image>()> load;
+    bool isWhole = false;  ///< kept whole in a small place, which others are cut to fill
     bool operator==(const RowPicture& other) const { return key == other.key; }
 };
 

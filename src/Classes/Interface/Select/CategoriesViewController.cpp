@@ -2,8 +2,6 @@
 
 #include "Classes/Category/CategoryLocalStore.h"
 #include "Classes/Category/EventCategory.h"
-#include "Classes/Event/EventDisplay.h"
-#include "Classes/Interface/General/Interface.h"
 #include "Classes/Interface/Screens/Presenter.h"
 #include "Classes/Interface/Select/CategoryViewController.h"
 #include "platform/Strings.h"
@@ -56,7 +54,6 @@ TableRow CategoriesViewController::rowOf(const Category& category, bool isFirst)
     TableRow row = checkRow("category:" + category->key, name.empty() ? localized("No name") : name, isChecked,
                             [this, category] { didSelect(category); });
     if (mode_ == Mode::manage) row.kind = RowKind::value;
-    row.content = Interface::thumbnailViewForEventIcon(EventDisplay::icon(nullptr, category));
     row.emphasized = category->key == CategoryLocalStore::kDefaultCategoryKey;
     row.opensScreen = editing_ || mode_ == Mode::manage;
     row.canDelete = editing_ && !isFirst;

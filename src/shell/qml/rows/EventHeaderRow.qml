@@ -71,6 +71,9 @@ RowFrame {
             BarButton {
                 id: categoryButton
                 width: parent.width
+                // Its ground goes beyond its texts, which stay in line with the name.
+                leftInset: -8
+                rightInset: -8
                 text: (frame.row.content.categoryPlaceholder ?? "") + ": " + (frame.row.content.category ?? "")
                 onClicked: frame.rows.tapItem(frame.index, 1)
                 background: Rectangle {

@@ -8,16 +8,20 @@ RowFrame {
     id: frame
     showsHead: !large
     readonly property bool large: !row.tappable
+    // An icon, which has no frame.
+    readonly property bool whole: row.content.whole ?? false
     hasBody: large
     takesFocus: row.tappable
     trailing: Component {
         Picture {
-            width: 56
+            width: frame.whole ? 40 : 56
             height: 40
-            radius: 8
+            radius: frame.whole ? 0 : 8
+            whole: frame.whole
             key: frame.row.content.picture ?? ""
             Rectangle {
                 anchors.fill: parent
+                visible: !frame.whole
                 radius: 8
                 color: "transparent"
                 border.width: 1
