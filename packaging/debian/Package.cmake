@@ -10,7 +10,8 @@ if(TARGET dayward-app)
     file(STRINGS ${CMAKE_CURRENT_SOURCE_DIR}/packages.txt NEEDED REGEX "^[^#]+ app( |$)")
     list(TRANSFORM NEEDED REPLACE " .*" "")
     list(APPEND DEPENDS ${NEEDED})
-    set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-noto-color-emoji, default-dbus-session-bus | dbus-session-bus")
+    set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
+        "fonts-noto-color-emoji, default-dbus-session-bus | dbus-session-bus, xdg-utils")
 endif()
 list(JOIN DEPENDS ", " CPACK_DEBIAN_PACKAGE_DEPENDS)
 
