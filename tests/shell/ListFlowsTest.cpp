@@ -233,6 +233,18 @@ TEST_F(ListFlows, theKeyboardGoesThroughTheSearchFieldWithoutSearching) {
     EXPECT_EQ(shownRows().size(), 3);
 }
 
+TEST_F(ListFlows, aListThatHasLostItsRowsIsNoStopOfTheKeyboard) {
+    storeThree();
+    EventLocalStore::shared().removeAllEvents();
+    ASSERT_TRUE(until([&] { return shownRows().isEmpty(); }));
+    settle();
+    QQuickItem* const list = quick->activeFocusItem();
+    ASSERT_TRUE(list != nullptr && list->property("rowHeight").isValid());
+    item(QStringLiteral("Settings"))->forceActiveFocus(Qt::TabFocusReason);
+    EXPECT_FALSE(list->hasActiveFocus());
+    EXPECT_FALSE(list->activeFocusOnTab());
+}
+
 TEST_F(ListFlows, aTapSelectsBesideTheDetail) {
     storeThree();
     quick->resize(1200, 800);

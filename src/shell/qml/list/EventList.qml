@@ -59,7 +59,7 @@ ListView {
     currentIndex: -1
     keyNavigationEnabled: false
     // A search in which nothing is typed yet ends when the keyboard leaves its field.
-    activeFocusOnTab: count > 0 || (screen.searching && screen.searchText.length === 0)
+    activeFocusOnTab: activeFocus || count > 0 || (screen.searching && screen.searchText.length === 0)
     bottomMargin: 88
     boundsBehavior: Flickable.DragOverBounds
     highlightFollowsCurrentItem: false
