@@ -104,7 +104,19 @@ void EventListViewController::categoryStoreDidUpdate(const Notification&) { star
 
 void EventListViewController::applicationWillEnterForeground(const Notification&) { startReload(Reload::order); }
 
-void EventListViewController::settingsTableSortDidUpdate(const Notification&) { configureDataSources(); }
+void EventListViewController::settingsTableSortDidUpdate(const Notification&) {
+    beginCustomOrder();
+    configureDataSources();
+}
+
+// Without an order of the user's own the rows would come as the store has them.
+void EventListViewController::beginCustomOrder() {
+    const bool isCustom = eventSortType(AppSettings::tableSortType()) == EventSortType::byCustom;
+    if (!isCustom || table_.manager() == nullptr || !AppSettings::tableSortIdentifiers().empty()) return;
+    std::vector<std::string> keys;
+    for (const EventRow& event : table_.manager()->objects()) keys.push_back(event->identifier());
+    AppSettings::setTableSortIdentifiers(keys);
+}
 
 void EventListViewController::eventTableManagerDidSelectItem(const Notification& notification) {
     if (notification.object != activeTable().manager()) return;

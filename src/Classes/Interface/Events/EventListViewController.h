@@ -163,6 +163,8 @@ private:
     void ubiquityStoreFinishDownloading(const Notification& notification);
     void eventEditDidCreateItem(const Notification& notification);
     void settingsTableSortDidUpdate(const Notification& notification);
+    /// The first order made by hand is the one in sight.
+    void beginCustomOrder();
 
     [[nodiscard]] bool hasDetailPane() const;
     [[nodiscard]] std::vector<EventRow> shownEvents() const;

@@ -127,6 +127,22 @@ TEST_F(EventList, TheEndOfASearchSelectsAgain) {
     EXPECT_EQ(list().selectedEventKey(), "b");
 }
 
+TEST_F(EventList, TheOrderMadeByHandBeginsWithTheOneInSight) {
+    store({"a", "2026-05-20", "Late"});
+    store({"b", "2026-03-20", "Soon"});
+    store({"c", "2026-04-20", "Between"});
+    sortBy(EventSortType::byDate);
+    start();
+    sortBy(EventSortType::byCustom);
+    EXPECT_THAT(rows(list().table()), ElementsAre("b", "c", "a"));
+    EXPECT_EQ(AppSettings::tableSortIdentifiers(), (std::vector<std::string>{"b", "c", "a"})) << "for the next start";
+    ASSERT_TRUE(list().moveRow({0, 2}, EventListViewController::Step::up));
+    sortBy(EventSortType::byName);
+    EXPECT_THAT(rows(list().table()), ElementsAre("c", "a", "b"));
+    sortBy(EventSortType::byCustom);
+    EXPECT_THAT(rows(list().table()), ElementsAre("b", "a", "c")) << "the user's own stands";
+}
+
 TEST_F(EventList, ARemovedEventComesBackAsItWas) {
     for (const char* key : {"a", "b", "c"}) store({key, "2026-03-20", key});
     auto picture = store({"b", "2026-03-20", "Picture"});
