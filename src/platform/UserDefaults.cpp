@@ -103,6 +103,16 @@ Object UserDefaults::unarchiveObjectForKey(const std::string& key) const {
     return {};
 }
 
+bool UserDefaults::hasChanges() const {
+    const Lock lock(mutex_);
+    return !changed_.empty();
+}
+
+bool UserDefaults::hasChange(const std::string& key) const {
+    const Lock lock(mutex_);
+    return changed_.contains(key);
+}
+
 Result<> UserDefaults::synchronize() {
     const Lock whole(synchronizing_);
     Dictionary known;

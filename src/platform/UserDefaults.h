@@ -41,6 +41,9 @@ public:
     /// Writes what changed and takes in what other processes wrote. A failure is returned and also
     /// logged with path and reason; the changes stay in memory for the next call.
     Result<> synchronize();
+    /// Whether a change waits for synchronize(): of any key, or of that one.
+    [[nodiscard]] bool hasChanges() const;
+    [[nodiscard]] bool hasChange(const std::string& key) const;
 
 private:
     void loadOnce() const DAYWARD_REQUIRES(mutex_);

@@ -2,8 +2,10 @@
 
 #include "Classes/App/AppInfo.h"
 #include "Classes/App/AppManager.h"
+#include "Classes/Category/CategoryLocalStore.h"
 #include "Classes/Event/EventLocalStore.h"
 #include "Classes/Interface/Screens/Window.h"
+#include "Classes/Settings/AppSettings.h"
 #include "Submodules/CorpLibrary2/App/Analytics.h"
 
 namespace dayward {
@@ -27,6 +29,8 @@ void AppDelegate::applicationDidBecomeActive(Application& application) {
 void AppDelegate::applicationDidEnterBackground(Application& application) {
     ProjectAppDelegate::applicationDidEnterBackground(application);
     EventLocalStore::shared().retryFailedWrites();
+    CategoryLocalStore::shared().retryFailedWrites();
+    AppSettings::retryFailedWrites();
     if (services().lock->useSecrecy()) window().setCover(securityView_);
     services().widget->exportEvents();
 }

@@ -287,6 +287,14 @@ void CategoryLocalStore::refreshFromDisk() {
     if (changed) postDidUpdate();
 }
 
+void CategoryLocalStore::retryFailedWrites() {
+    const Lock lock(mutex_);
+    UserDefaults& defaults = environment_.standardDefaults();
+    if (!defaults.hasChange(kCategoriesDefaultsKey)) return;
+    const auto savedLock = lockSaved();
+    static_cast<void>(defaults.synchronize());
+}
+
 std::optional<CCSyncItemVersion> CategoryLocalStore::syncVersionForKey(const std::string&) {
     const Lock lock(mutex_);
     const auto version =

@@ -64,6 +64,9 @@ public:
     void setCategories(const std::vector<Category>& categories);
     /// Takes in what other processes saved; posts the update where the list is another one.
     void refreshFromDisk();
+    /// Saves the list once more where that failed: there may be room on the device again. That it fails again
+    /// is logged, and not told again.
+    void retryFailedWrites();
 
     // CCSyncKeyStore; a value in transit is a dictionary of the two entries above.
     [[nodiscard]] bool initialized() const override { return true; }

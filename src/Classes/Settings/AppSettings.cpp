@@ -221,4 +221,10 @@ Result<> AppSettings::synchronize() {
     return Environment::current().standardDefaults().synchronize();
 }
 
+void AppSettings::retryFailedWrites() {
+    shared().storage_.retryFailedWrite();
+    UserDefaults& defaults = Environment::current().standardDefaults();
+    if (defaults.hasChanges()) static_cast<void>(defaults.synchronize());
+}
+
 }  // namespace dayward

@@ -91,6 +91,9 @@ public:
     /// Writes what waits for its write, the launch lock too. For a program that is about to end. After a
     /// failure the values wait for the next write.
     static Result<> synchronize();
+    /// Writes what an earlier write failed to, the rest of the standard defaults too. That it fails again is
+    /// logged, and not told again.
+    static void retryFailedWrites();
 
     /// Opens the storage. Use the class operations.
     explicit AppSettings(Environment& environment);

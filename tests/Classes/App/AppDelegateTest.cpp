@@ -3,13 +3,18 @@
 #include "Classes/App/AppFixture.h"
 #include "Classes/App/HHAppTimerKeys.h"
 #include "Classes/App/ProjectAppInfo.h"
+#include "Classes/Category/CategoryLocalStore.h"
+#include "Classes/Category/EventCategory.h"
 #include "Classes/Event/EventLocalStore.h"
 #include "Classes/Event/HHEvent.h"
+#include "Classes/Settings/AppSettings.h"
+#include "Classes/Settings/InterfaceSettings.h"
 #include "Submodules/CorpLibrary2/App/CCAppHistory.h"
 #include "Submodules/CorpLibrary2/App/CCAppValues.h"
 #include "Submodules/CorpLibrary2/App/LoggingAnalytics.h"
 #include "Submodules/CorpLibrary2/App/ReviewModule.h"
 #include "Submodules/CorpLibrary2/App/XXAppData.h"
+#include "platform/FailedSave.h"
 #include "platform/UserDefaults.h"
 #include "platform/linux/AsioQueues.h"
 #include "platform/linux/DesktopApplication.h"
@@ -156,6 +161,31 @@ TEST_F(AppDelegateTest, WhatCouldNotBeSavedIsSavedWhenTheProgramIsLeft) {
     app.application.enterBackground();
     rest();
     EXPECT_TRUE(files->exists(package));
+}
+
+TEST_F(AppDelegateTest, ChoicesThatCouldNotBeSavedAreSavedWhenTheProgramIsLeftAndToldOnce) {
+    launched();
+    rest();
+    NotificationRecorder told{*app.environment, {DidFailToSaveNotification}};
+    files->fillDiskAt(1);
+    AppSettings::setDefaultTime(30);
+    InterfaceSettings::setTheme(InterfaceSettings::Theme::dark);
+    auto category = std::make_shared<EventCategory>("late");
+    CategoryLocalStore::shared().updateCategory(category, CategoryLocalStore::Initialize::no);
+    advance(1);
+    rest();
+    EXPECT_EQ(told.take().size(), 3U);
+    app.application.enterBackground();
+    rest();
+    EXPECT_THAT(told.take(), IsEmpty());
+    files->heal();
+    app.application.enterForeground();
+    app.application.enterBackground();
+    rest();
+    const TestEnvironment another(AppProcess::options(files));
+    EXPECT_EQ(AppSettings::defaultTime(), 30);
+    EXPECT_EQ(InterfaceSettings::theme(), InterfaceSettings::Theme::dark);
+    EXPECT_TRUE(CategoryLocalStore::shared().getCategory("late"));
 }
 
 TEST_F(AppDelegateTest, TwoQuickEntriesFlushOnceAndARefusalNever) {

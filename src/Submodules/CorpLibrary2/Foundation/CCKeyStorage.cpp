@@ -47,6 +47,7 @@ struct CCKeyStorage::State {
     Mutex mutex;
     MergedDictionary data DAYWARD_GUARDED_BY(mutex);
     std::function<void(const Error&)> didFail DAYWARD_GUARDED_BY(mutex);
+    bool hasFailed DAYWARD_GUARDED_BY(mutex) = false;  ///< the latest write
     TimeInterval timeOutWrite DAYWARD_GUARDED_BY(mutex) = kDefaultTimeOutWrite;
     /// The latest write request that is pending; 0 at rest.
     std::int64_t writeIndex DAYWARD_GUARDED_BY(mutex) = 0;
@@ -192,7 +193,18 @@ Result<> CCKeyStorage::write() {
     return written;
 }
 
-Result<> CCKeyStorage::persist(State& state) {
+void CCKeyStorage::retryFailedWrite() {
+    state_->writeQueue->async([state = state_] {
+        bool hasFailed = false;
+        {
+            const Lock lock(state->mutex);
+            hasFailed = state->hasFailed;
+        }
+        if (hasFailed) static_cast<void>(persist(*state, Telling::no));
+    });
+}
+
+Result<> CCKeyStorage::persist(State& state, Telling telling) {
     MergedDictionary::Changes changes;
     Dictionary values;
     {
@@ -204,12 +216,13 @@ Result<> CCKeyStorage::persist(State& state) {
     std::function<void(const Error&)> didFail;
     {
         const Lock lock(state.mutex);
+        state.hasFailed = !written;
         if (written) {
             state.data.adopt(std::move(*written));
             return {};
         }
         state.data.restoreChanges(std::move(changes));
-        didFail = state.didFail;
+        if (telling == Telling::yes) didFail = state.didFail;
     }
     const std::string place = state.filePath.empty() ? state.defaultsKey : state.filePath;
     state.environment.log().error("CCKeyStorage write: " + place + ", error: " + written.error().description());

@@ -62,8 +62,11 @@ public:
     /// burst of changes costs one write.
     void setNeedsWrite();
     /// Writes before it returns; takes the place of a pending request. A failure is logged too, and the
-    /// values stay in memory for the write of the next change. Never from a block of the write queue.
+    /// values stay in memory for the next write. Never from a block of the write queue.
     Result<> write();
+    /// Asks for a write now where the latest one failed: there may be room on the device again. The failure
+    /// handler hears nothing of it.
+    void retryFailedWrite();
 
 protected:
     /// The stored object as it is, for subclasses that wrap their values.
@@ -72,7 +75,8 @@ protected:
 
 private:
     struct State;
-    static Result<> persist(State& state);
+    enum class Telling { yes, no };
+    static Result<> persist(State& state, Telling telling = Telling::yes);
     std::shared_ptr<State> state_;
 };
 
