@@ -46,6 +46,16 @@ protected:
         while (row != nullptr && !row->property("takesFocus").isValid()) row = row->parentItem();
         return row;
     }
+    static void expectRowsBelowOneAnother(const QQuickItem& form) {
+        QList<QQuickItem*> rows = form.childItems();
+        rows.removeIf([](const QQuickItem* row) { return !row->isVisible() || row->height() == 0; });
+        ASSERT_GT(rows.size(), 5);
+        std::ranges::sort(rows, {}, &QQuickItem::y);
+        for (int place = 1; place < rows.size(); ++place) {
+            const QQuickItem& above = *rows[place - 1];
+            EXPECT_EQ(rows[place]->y(), above.y() + above.height()) << spokenOf(*rows[place]).toStdString();
+        }
+    }
     /// Whether the place of the keyboard is drawn anywhere below that item.
     static bool showsFocus(const QQuickItem& parent) {
         const auto children = parent.childItems();
@@ -265,6 +275,20 @@ TEST_F(EditorFlows, putARowThatComesWhereItBelongs) {
     settle();
     const auto* const above = rowOf(QStringLiteral("Repeat"));
     EXPECT_EQ(above->y() + above->height(), rowOf(QStringLiteral("Show age"))->y());
+}
+
+TEST_F(EditorFlows, layRowsThatGrowWhileTheyComeBelowOneAnother) {
+    auto event = std::make_shared<HHEvent>("pills");
+    event->setTimes({600, 1200});
+    openEditor(event);
+    open(QStringLiteral("Repeat,"), "Repeat");
+    walkTo(QStringLiteral("Yearly"));
+    press(Qt::Key_Return);
+    ASSERT_TRUE(until([&] { return item(QStringLiteral("Show age")) != nullptr; }));
+    window.appearance().setTextScale(1.5);
+    settle();
+    settle();
+    expectRowsBelowOneAnother(*rowOf(QStringLiteral("Show age"))->parentItem());
 }
 
 TEST_F(EditorFlows, putTheKeyboardWhereTypingBegins) {

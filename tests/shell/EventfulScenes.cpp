@@ -7,11 +7,14 @@
 #include "Classes/Event/EventLocalStore.h"
 #include "Classes/Event/HHEvent.h"
 #include "Classes/Interface/Edit/EventEditViewController.h"
+#include "Classes/Interface/Info/SettingsViewController.h"
 #include "Classes/Interface/Screens/TableScreen.h"
 #include "alerts/MissedEventsHelper.h"
+#include "alerts/NotificationsManager.h"
 #include "platform/Environment.h"
 #include "platform/Locale.h"
 #include "shell/Scenes.h"
+#include "support/FakeNotificationDevice.h"
 
 namespace dayward {
 
@@ -38,6 +41,9 @@ void storeEvents() {
     const auto today = event(kToday, "Lunch with Maria", "Обед с Марией", 0);
     today->setTimes({13 * 60 + 30});
     today->setIntervalFormat({CalendarUnit::hour | CalendarUnit::minute, TextStyle::full});
+    XDIDateInterval before;
+    before.minute = 15;
+    today->alerts().list = {XDIDateInterval(), before};
     const auto longest = event(kLong, "A long weekend with everybody in a house by the lake",
                                "Длинные выходные со всеми в доме у озера", 500);
     longest->setBackground(std::make_shared<NamedEventBackgroundPicture>("bg-05.jpg"));
@@ -68,6 +74,15 @@ void askForDeletion(Stage& stage) {
     editor.select(*editor.pathOfRow("delete"));
 }
 
+void showAlerts(Stage& stage) {
+    (void)NotificationsManager::syncRefresh();
+    SettingsViewController::Services services;
+    services.notificationDevice = std::make_shared<FakeNotificationDevice>();
+    stage.shell.navigation().present(std::make_shared<SettingsViewController>(services));
+    auto& settings = dynamic_cast<TableScreen&>(*stage.shell.navigation().topScreen());
+    settings.select(*settings.pathOfRow("alerts"));
+}
+
 /// What an empty list was emptied of.
 std::vector<std::shared_ptr<HHEvent>>& removedEvents() {
     static std::vector<std::shared_ptr<HHEvent>> removed;
@@ -95,6 +110,7 @@ std::vector<Scene> eventfulScenes() {
         eventful("detail-long", showDetail),
         eventful("editor-stored", edit),
         eventful("question", askForDeletion),
+        eventful("alerts-next", showAlerts),
         {"list-empty", removeAll},
         eventful("list-removed", [](Stage& stage) {
             const auto path = stage.list.table().pathOfEvent(kToday);
@@ -111,6 +127,7 @@ void leaveEventfulScene() {
     }
     EventLocalStore::shared().removeEvents(made);
     MissedEventsHelper::clear();
+    (void)NotificationsManager::syncRefresh();
 }
 
 }  // namespace dayward

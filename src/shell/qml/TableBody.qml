@@ -10,6 +10,8 @@ ListView {
     required property TableModel rows
     property bool compact: false
     property bool hasStarted: false
+    // Rows have come, gone or moved: the others slide to where they belong now.
+    readonly property bool sliding: others.running
     // Tab is pressed where a row would take it for itself.
     signal tabbed(forward: bool)
 
@@ -84,26 +86,23 @@ ListView {
         Accessible.ignored: true
     }
 
-    component Motion: Transition {
-        NumberAnimation {
-            properties: "y"
-            duration: Theme.calm
-            easing.type: Easing.OutCubic
+    Connections {
+        target: list.rows
+        function onRowsInserted() {
+            others.restart()
         }
-        NumberAnimation {
-            property: "opacity"
-            to: 1
-            duration: Theme.quick
+        function onRowsRemoved() {
+            others.restart()
         }
-    }
-    add: Transition {
-        NumberAnimation {
-            property: "opacity"
-            from: 0
-            to: 1
-            duration: Theme.calm
+        function onRowsMoved() {
+            others.restart()
         }
     }
+    Timer {
+        id: others
+        interval: Theme.quick
+    }
+
     remove: Transition {
         NumberAnimation {
             property: "opacity"
@@ -111,8 +110,6 @@ ListView {
             duration: Theme.quick
         }
     }
-    move: Motion {}
-    displaced: Motion {}
 
     delegate: DelegateChooser {
         role: "kind"

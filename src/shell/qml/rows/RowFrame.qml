@@ -33,6 +33,7 @@ FocusScope {
             rows.select(index)
     }
 
+    ListView.onAdd: appearance.start()
     Component.onCompleted: if (row.startsFocused && ListView.view?.takeStart())
         focus = true
 
@@ -40,6 +41,9 @@ FocusScope {
     implicitHeight: column.implicitHeight
     height: implicitHeight
     clip: height < implicitHeight
+    transform: Slide {
+        row: frame
+    }
     activeFocusOnTab: takesFocus && row.enabled
     onActiveFocusChanged: if (activeFocus && ListView.view && Appearance.keyboardInUse)
         (ListView.view as TableBody).reveal(frame)
@@ -67,6 +71,14 @@ FocusScope {
         event.accepted = true
     }
 
+    NumberAnimation {
+        id: appearance
+        target: frame
+        property: "opacity"
+        from: 0
+        to: 1
+        duration: Theme.calm
+    }
     CardSlice {
         id: card
         x: frame.inset

@@ -10,6 +10,9 @@ Item {
 
     width: ListView.view?.width ?? 0
     height: row.label.length > 0 ? caption.implicitHeight + 8 : 0
+    transform: Slide {
+        row: footer
+    }
 
     UiText {
         id: caption

@@ -11,6 +11,9 @@ Item {
 
     width: ListView.view?.width ?? 0
     height: row.label.length > 0 ? caption.implicitHeight + (index === 0 ? 16 : 26) : (index === 0 ? 8 : 20)
+    transform: Slide {
+        row: header
+    }
 
     UiText {
         id: caption
