@@ -118,14 +118,16 @@ CategoryLocalStore::Map& CategoryLocalStore::load() {
     return map;
 }
 
-std::vector<Category> CategoryLocalStore::readBlocks() const {
-    return categoriesOfBlocks(environment_.standardDefaults().objectForKey(kCategoriesDefaultsKey),
-                              environment_.archiveClasses());
+std::vector<Category> CategoryLocalStore::readBlocks() {
+    const Object blocks = environment_.standardDefaults().objectForKey(kCategoriesDefaultsKey);
+    if (!known_) known_ = blocks;
+    return categoriesOfBlocks(blocks, environment_.archiveClasses());
 }
 
 void CategoryLocalStore::writeBlocks(const std::vector<Category>& categories) {
     UserDefaults& defaults = environment_.standardDefaults();
-    defaults.setObject(blocksOf(categories), kCategoriesDefaultsKey);
+    known_ = blocksOf(categories);
+    defaults.setObject(*known_, kCategoriesDefaultsKey);
     saveDefaults(environment_, defaults);
 }
 
@@ -271,9 +273,11 @@ std::shared_ptr<FileLock> CategoryLocalStore::lockSaved() {
 
 bool CategoryLocalStore::takeInSaved() {
     UserDefaults& defaults = environment_.standardDefaults();
-    const Object before = defaults.objectForKey(kCategoriesDefaultsKey);
-    if (!defaults.synchronize()) return false;
-    if (defaults.objectForKey(kCategoriesDefaultsKey) == before) return false;
+    if (!known_) known_ = defaults.objectForKey(kCategoriesDefaultsKey);
+    static_cast<void>(defaults.synchronize());  // what was read before counts too
+    Object saved = defaults.objectForKey(kCategoriesDefaultsKey);
+    if (saved == *known_) return false;
+    known_ = std::move(saved);
     categoryMap_.reset();
     return true;
 }

@@ -86,7 +86,7 @@ private:
     Map& load() DAYWARD_REQUIRES(mutex_);
     Category categoryNamed(const std::string& name) DAYWARD_REQUIRES(mutex_);
     void save(const std::vector<Category>& categories, Initialize initialize) DAYWARD_REQUIRES(mutex_);
-    [[nodiscard]] std::vector<Category> readBlocks() const;
+    [[nodiscard]] std::vector<Category> readBlocks() DAYWARD_REQUIRES(mutex_);
     void writeBlocks(const std::vector<Category>& categories) DAYWARD_REQUIRES(mutex_);
     /// None leaves the list without a version.
     void storeVersion(const std::shared_ptr<CCSyncItemVersion>& version) DAYWARD_REQUIRES(mutex_);
@@ -102,6 +102,8 @@ private:
     RecursiveMutex mutex_;
     std::weak_ptr<FileLock> savedLock_ DAYWARD_GUARDED_BY(mutex_);
     std::optional<Map> categoryMap_ DAYWARD_GUARDED_BY(mutex_);
+    /// The list last written or taken in. Others synchronise the defaults too, which may be ahead of it.
+    std::optional<Object> known_ DAYWARD_GUARDED_BY(mutex_);
 };
 
 }  // namespace dayward

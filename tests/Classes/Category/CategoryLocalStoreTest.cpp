@@ -235,6 +235,21 @@ TEST_F(CategoryLocalStoreTest, AFirstLookNeverOverwritesWhatAnotherProcessSaved)
     EXPECT_THAT(names(store.sortCategories()), ElementsAre("Default", "Work"));
 }
 
+TEST_F(CategoryLocalStoreTest, WhatTheDefaultsTookInAlreadyIsKnownToTheList) {
+    store.categoryWithName("Work", Initialize::no);
+    Device second(device.environment.home);
+    second.store().categoryWithName("Home", Initialize::no);
+    ASSERT_TRUE(device.environment->standardDefaults().synchronize());
+    (void)device.notifications.take();
+    store.refreshFromDisk();
+    EXPECT_THAT(device.notifications.take(), ElementsAre(kListUpdate));
+    ASSERT_EQ(store.getCategories().size(), 3U);
+    second.store().categoryWithName("Garden", Initialize::no);
+    ASSERT_TRUE(device.environment->standardDefaults().synchronize());
+    store.categoryWithName("School", Initialize::no);
+    EXPECT_THAT(names(store.sortCategories()), ElementsAre("Default", "Garden", "Home", "School", "Work"));
+}
+
 TEST_F(CategoryLocalStoreTest, TwoProcessesThatChangeTheListAtOnceLoseNothing) {
     constexpr int kEach = 15;
     Device second(device.environment.home);
