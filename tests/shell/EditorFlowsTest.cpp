@@ -14,6 +14,7 @@
 #include "Classes/Interface/Edit/EventEditViewController.h"
 #include "Classes/Interface/Edit/PeriodExViewController.h"
 #include "Classes/Interface/Edit/RRuleExViewController.h"
+#include "Classes/Interface/Info/DefaultValuesViewController.h"
 #include "Classes/Interface/Select/CategoriesViewController.h"
 #include "Classes/Interface/Select/CategoryViewController.h"
 #include "shell/FlowsFixture.h"
@@ -39,6 +40,8 @@ protected:
         ASSERT_TRUE(topIs(title));
         settle();
     }
+    /// The panel of the uppermost stack.
+    [[nodiscard]] ScreenItem* panel() const { return shell.modalStacks().last()->panel(); }
     /// The row of a form that shows that text.
     QQuickItem* rowOf(const QString& text) {
         EXPECT_TRUE(until([&] { return item(text) != nullptr; })) << text.toStdString();
@@ -75,10 +78,6 @@ protected:
         QCoreApplication::sendEvent(quick, &move);
         QDropEvent let(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(quick, &let);
-    }
-    [[nodiscard]] QPoint middleOf(const QString& text) const {
-        QQuickItem* const target = item(text);
-        return target != nullptr ? target->mapToScene({target->width() / 2, target->height() / 2}).toPoint() : QPoint();
     }
 
     /// Of a red picture of that size.
@@ -344,6 +343,27 @@ TEST_F(EditorFlows, nameANewCategoryAtOnce) {
     press(Qt::Key_Escape);
     ASSERT_TRUE(topIs("Categories"));
     EXPECT_TRUE(until([&] { return item(QStringLiteral("Work")) != nullptr; }));
+}
+
+TEST_F(EditorFlows, openAPanelWhileTheLastOneGoes) {
+    const auto screen = std::make_shared<DefaultValuesViewController>();
+    shell.navigation().present(screen);
+    settle();
+    const auto openTime = [&] { screen->select(*screen->pathOfRow("time")); };
+    openTime();
+    settle();
+    const QPointer<ScreenItem> first = panel();
+    ASSERT_NE(first, nullptr);
+    shell.goBack();
+    openTime();
+    const QPointer<ScreenItem> second = panel();
+    settle();
+    EXPECT_EQ(first, nullptr);
+    shell.goBack();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_NE(second, nullptr) << "it is drawn until it is out of sight";
+    settle();
+    EXPECT_EQ(second, nullptr);
 }
 
 TEST_F(EditorFlows, takeADroppedPictureUprightAndSmall) {

@@ -11,6 +11,8 @@ FocusScope {
     visible: shown !== null
     onPanelChanged: {
         if (panel) {
+            // A page is one screen's from its beginning to its end; the last one may still be going.
+            body.active = false
             shown = panel
             body.active = true
             disappear.stop()
