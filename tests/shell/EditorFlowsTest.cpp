@@ -366,6 +366,33 @@ TEST_F(EditorFlows, openAPanelWhileTheLastOneGoes) {
     EXPECT_EQ(second, nullptr);
 }
 
+TEST_F(EditorFlows, closeAPanelByATapBesideItAndNothingElse) {
+    shell.navigation().present(std::make_shared<DefaultValuesViewController>());
+    settle();
+    const QPoint units = middleOf(QStringLiteral("Units"));
+    for (const bool byFinger : {false, true}) {
+        click(QStringLiteral("Time"));
+        ASSERT_TRUE(until([&] { return panel() != nullptr; }));
+        settle();
+        byFinger ? drag(units, {}) : QTest::mouseClick(quick, Qt::LeftButton, {}, units);
+        EXPECT_TRUE(until([&] { return panel() == nullptr; }));
+        settle();
+        EXPECT_EQ(shell.navigation().topScreen()->title(), "Default Values");
+    }
+}
+
+TEST_F(EditorFlows, aTapOnAPanelsBarIsNoTapBesideIt) {
+    shell.navigation().present(std::make_shared<DefaultValuesViewController>());
+    settle();
+    click(QStringLiteral("Time"));
+    ASSERT_TRUE(until([&] { return panel() != nullptr; }));
+    settle();
+    const QPoint beside(quick->width() / 2, middleOf(QStringLiteral("Done")).y());
+    QTest::mouseClick(quick, Qt::LeftButton, {}, beside);
+    settle();
+    EXPECT_NE(panel(), nullptr);
+}
+
 TEST_F(EditorFlows, takeADroppedPictureUprightAndSmall) {
     const auto editor = openEditor();
     const QString file = pictureFile({2000, 1000});

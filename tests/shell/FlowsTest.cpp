@@ -136,6 +136,18 @@ TEST_F(Flows, aWordInPassingIsSeenOverASheet) {
     EXPECT_EQ(itemIn(bar, "strong", QStringLiteral("true")), nullptr) << "there is nothing to press";
 }
 
+TEST_F(Flows, aTapOnANoticeIsNotForTheRowBelow) {
+    for (const char letter : std::string("abcdefghijkl")) store({letter}, {letter}, "2026-03-20");
+    shell.navigation().showNotice({.text = "Deleted", .actionTitle = "Undo", .shownFor = TimeInterval(30)});
+    ASSERT_TRUE(until([&] { return item(QStringLiteral("Deleted")) != nullptr; }));
+    settle();
+    const QPoint text = middleOf(QStringLiteral("Deleted"));
+    QTest::mouseClick(quick, Qt::LeftButton, {}, text);
+    drag(text, {});
+    settle();
+    EXPECT_EQ(shell.navigation().topScreen()->title(), "Events");
+}
+
 TEST_F(Flows, rowsThatScrolledAwayAndCameBackAreLive) {
     std::vector<std::shared_ptr<HHEvent>> events;
     for (int number = 10; number < 70; ++number) {

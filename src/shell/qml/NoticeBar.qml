@@ -49,6 +49,10 @@ Rectangle {
     Accessible.role: Accessible.AlertMessage
     Accessible.name: text
 
+    TapHandler {
+        // A tap beside the button is for nobody.
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+    }
     Timer {
         id: life
         onTriggered: bar.shown = false

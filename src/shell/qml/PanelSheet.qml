@@ -26,10 +26,12 @@ FocusScope {
         anchors.fill: parent
         color: Theme.dim
         opacity: card.shownPart * 0.6
-        TapHandler {
-            onTapped: if (sheet.panel)
-                sheet.panel.goBack()
-        }
+    }
+    TapHandler {
+        // Otherwise what lies below would be tapped, too.
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+        onTapped: if (sheet.panel)
+            sheet.panel.goBack()
     }
     Rectangle {
         id: card
@@ -41,6 +43,10 @@ FocusScope {
         y: sheet.height - wantedHeight * shownPart
         radius: 20
         color: Theme.window
+        TapHandler {
+            // The panel itself is not beside it.
+            gesturePolicy: TapHandler.ReleaseWithinBounds
+        }
         Loader {
             id: body
             active: false
