@@ -367,6 +367,17 @@ TEST_F(Accessibility, whatIsCoveredIsNotSpoken) {
     EXPECT_TRUE(isSpoken(row));
 }
 
+TEST_F(Accessibility, aNoticeThatCannotBeTakenIsNotSpoken) {
+    shell.navigation().showNotice({.text = "Deleted", .actionTitle = "Undo", .shownFor = TimeInterval(60)});
+    ASSERT_TRUE(until([this] { return item(QStringLiteral("Undo")) != nullptr; }));
+    const QPointer<QQuickItem> undo = button(QStringLiteral("Undo"));
+    const auto isSpoken = [this, undo] { return spokenIn(*quick).contains(undo); };
+    EXPECT_TRUE(isSpoken());
+    shell.navigation().present(std::make_shared<SettingsViewController>(SettingsViewController::Services{}));
+    ASSERT_TRUE(until([this] { return item(QStringLiteral("Готово")) != nullptr; }));
+    EXPECT_FALSE(isSpoken()) << "it lies under the sheet";
+}
+
 TEST_F(Accessibility, whatIsCoveredCannotBePointedAt) {
     const QPoint place = quick->mapToGlobal(middleOf(QStringLiteral("День матери")));
     const auto namePointedAt = [this, place] {

@@ -136,6 +136,16 @@ TEST_F(Flows, aWordInPassingIsSeenOverASheet) {
     EXPECT_EQ(itemIn(bar, "strong", QStringLiteral("true")), nullptr) << "there is nothing to press";
 }
 
+TEST_F(Flows, aNoticeThatIsNotShownStaysOutOfAWindowThatGrows) {
+    shell.navigation().showNotice({.text = "Sent", .shownFor = TimeInterval(0.5)});
+    ASSERT_TRUE(until([&] { return item(QStringLiteral("Sent")) != nullptr; }));
+    const QQuickItem* const words = item(QStringLiteral("Sent"));
+    ASSERT_TRUE(until([&] { return !words->isVisible(); }));
+    quick->resize(400, 900);
+    ASSERT_TRUE(until([&] { return quick->contentItem()->height() == 900; }));
+    EXPECT_FALSE(words->isVisible());
+}
+
 TEST_F(Flows, aTapOnANoticeIsNotForTheRowBelow) {
     for (const char letter : std::string("abcdefghijkl")) store({letter}, {letter}, "2026-03-20");
     shell.navigation().showNotice({.text = "Deleted", .actionTitle = "Undo", .shownFor = TimeInterval(30)});

@@ -82,7 +82,7 @@ ApplicationWindow {
     }
     NoticeBar {
         id: notice
-        home: window.contentItem
+        home: stacks
         covered: window.covered
     }
     Cover {

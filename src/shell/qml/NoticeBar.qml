@@ -12,6 +12,8 @@ Rectangle {
     property string text
     property string action
     property bool shown: false
+    // From 0 to 1. A place that moved by itself would lag behind the edge of a window that grows.
+    property real risen: shown ? 1 : 0
     required property Item home
     readonly property Item over: Overlay.overlay
 
@@ -35,12 +37,12 @@ Rectangle {
     width: Math.min(parent.width - 32, Math.max(280, content.implicitWidth + 32))
     height: Math.max(52, label.implicitHeight + 24)
     x: (parent.width - width) / 2
-    y: parent.height - (shown ? height + 20 : -8)
-    visible: y < parent.height && !covered
+    y: parent.height + 8 - risen * (height + 28)
+    visible: risen > 0 && !covered
     radius: 16
     color: Theme.dark ? "#f3f1f8" : "#26232e"
     z: 100
-    Behavior on y {
+    Behavior on risen {
         NumberAnimation {
             duration: Theme.calm
             easing.type: Easing.OutCubic
