@@ -2,12 +2,14 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QQmlComponent>
 #include <QRegularExpression>
 #include <algorithm>
 #include <set>
 
 #include "Classes/App/EventFactory.h"
 #include "Classes/Interface/Edit/EventEditViewController.h"
+#include "Classes/Interface/Edit/NoteViewController.h"
 #include "Classes/Interface/Info/SettingsViewController.h"
 #include "platform/Strings.h"
 #include "shell/FlowsFixture.h"
@@ -418,6 +420,38 @@ TEST_F(RightToLeft, barsRowsAndSignsAreMirrored) {
     settle();
     EXPECT_TRUE(standsRight(QStringLiteral("Back")));
     EXPECT_TRUE(itemIn(item(QStringLiteral("Back")), "name", QStringLiteral("back"))->property("mirror").toBool());
+}
+
+TEST_F(RightToLeft, aLongTitleStandsBetweenTheButtons) {
+    const QString title = QStringLiteral("A title that needs all of the room");
+    QVariantList buttons;
+    for (const char* label : {"One", "Two", "Three"}) {
+        buttons.append(QVariantMap{{"role", "done"}, {"label", label}, {"enabled", true}});
+    }
+    QQmlComponent component(&window.engine(), QUrl(QStringLiteral("qrc:/Dayward/TitleBar.qml")));
+    const QVariantMap properties{{"width", 400}, {"title", title}, {"canGoBack", true}, {"buttons", buttons}};
+    const std::unique_ptr<QObject> made(component.createWithInitialProperties(properties));
+    qobject_cast<QQuickItem*>(made.get())->setParentItem(quick->contentItem());
+    settle();
+    const auto edge = [this](const QString& text, double share) {
+        const QQuickItem* const found = item(text);
+        return found->mapToScene({found->width() * share, 0}).x();
+    };
+    EXPECT_GE(edge(title, 0), edge(QStringLiteral("One"), 1));
+    EXPECT_LE(edge(title, 1), edge(QStringLiteral("Back"), 0));
+}
+
+TEST_F(RightToLeft, whatIsTypedStandsWhereItsPlaceholderDid) {
+    press(Qt::Key_N, Qt::ControlModifier);
+    ASSERT_TRUE(topIs("New event"));
+    settle();
+    EXPECT_EQ(field(QStringLiteral("Event name"))->property("effectiveHorizontalAlignment").toInt(), Qt::AlignRight);
+    shell.navigation().push(*shell.navigation().topScreen(),
+                            std::make_shared<NoteViewController>("", [](const std::string&) {}));
+    settle();
+    const QQuickItem* const note = quick->activeFocusItem();
+    ASSERT_TRUE(note->inherits("QQuickTextEdit"));
+    EXPECT_EQ(note->property("effectiveHorizontalAlignment").toInt(), Qt::AlignRight);
 }
 
 }  // namespace dayward

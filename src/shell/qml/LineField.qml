@@ -11,6 +11,7 @@ TextInput {
     signal edited(text: string)
 
     height: Math.max(Theme.target, contentHeight + 20)
+    horizontalAlignment: TextInput.AlignLeft
     verticalAlignment: TextInput.AlignVCenter
     font.family: Theme.family
     font.pixelSize: fontSize

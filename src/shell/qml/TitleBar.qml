@@ -90,8 +90,8 @@ FocusScope {
         UiText {
             id: caption
             // In the middle of the bar, or of what the buttons leave where that is too narrow.
-            readonly property real start: leading.width + 8
-            readonly property real end: parent.width - trailing.width - 8
+            readonly property real start: (Theme.rightToLeft ? trailing : leading).width + 8
+            readonly property real end: parent.width - (Theme.rightToLeft ? leading : trailing).width - 8
             readonly property bool fits: implicitWidth <= parent.width - 2 * Math.max(start, parent.width - end)
             anchors.verticalCenter: parent.verticalCenter
             width: Math.min(Math.ceil(implicitWidth), end - start)

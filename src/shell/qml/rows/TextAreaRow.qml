@@ -16,6 +16,7 @@ RowFrame {
             text: frame.row.content.text ?? ""
             focus: true
             activeFocusOnTab: true
+            horizontalAlignment: TextEdit.AlignLeft
             wrapMode: TextEdit.Wrap
             font.family: Theme.family
             font.pixelSize: Theme.body
@@ -38,9 +39,11 @@ RowFrame {
         }
         UiText {
             visible: area.text.length === 0 && !area.inputMethodComposing
+            width: parent.width
             topPadding: 14
             text: frame.row.content.placeholder ?? ""
             color: Theme.secondaryText
+            wrapMode: Text.Wrap
         }
     }
 }
