@@ -73,4 +73,15 @@ TEST_F(Layout, aWordThatIsTooWideIsMadeSmallerAndNotBroken) {
     EXPECT_LE(textIn(*fitted, text)->property("contentWidth").toDouble(), 150);
 }
 
+TEST_F(Layout, aFittedTextFollowsTheSizeOfTexts) {
+    window.appearance().setTextScale(1);
+    const QString word = QStringLiteral("Word");
+    const auto fitted = made(QStringLiteral("FittedText.qml"),
+                             {{"width", 300}, {"text", word}, {"sizes", QVariantList{20}}});
+    const auto pixels = [&] { return textIn(*fitted, word)->property("font").value<QFont>().pixelSize(); };
+    EXPECT_EQ(pixels(), 20);
+    window.appearance().setTextScale(2);
+    EXPECT_TRUE(until([&] { return pixels() == 40; })) << pixels();
+}
+
 }  // namespace dayward

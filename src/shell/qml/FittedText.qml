@@ -49,5 +49,11 @@ Item {
     onWidthChanged: Qt.callLater(refit) // qmllint disable
     onFontNameChanged: Qt.callLater(refit) // qmllint disable
     onSizesChanged: Qt.callLater(refit) // qmllint disable
+    Connections {
+        target: Theme
+        function onScaleChanged() {
+            Qt.callLater(root.refit) // qmllint disable
+        }
+    }
     Component.onCompleted: refit()
 }
