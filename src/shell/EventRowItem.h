@@ -25,7 +25,7 @@ public:
     ~EventRowItem() override;
 
     [[nodiscard]] const EventRowData& row() const { return row_; }
-    /// A row without an event, such as one that is going, leaves the last one in sight.
+    /// While it has no event, such as on its way out, the last one counts as in sight.
     void setRow(const EventRowData& row);
     [[nodiscard]] EventListModel* rows() const { return rows_; }
     void setRows(EventListModel* rows);
