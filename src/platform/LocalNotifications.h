@@ -29,12 +29,12 @@ public:
     /// Alerts that the user put off, by fire date. They take places of the schedule.
     [[nodiscard]] virtual std::vector<LocalNotification> snoozedLocalNotifications() = 0;
     /// One that equals a scheduled one changes nothing.
-    virtual void scheduleLocalNotification(const LocalNotification& notification) = 0;
+    void scheduleLocalNotification(const LocalNotification& notification) { (void)change({}, {notification}); }
     /// It no longer fires, and goes out of sight if it has fired.
-    virtual void cancelLocalNotification(const LocalNotification& notification) = 0;
+    void cancelLocalNotification(const LocalNotification& notification) { (void)change({notification}, {}); }
     /// Cancels and schedules several as one change, which other processes see whole or not at all. The error is logged.
     virtual Result<> change(const std::vector<LocalNotification>& cancelled,
-                        const std::vector<LocalNotification>& scheduled) = 0;
+                            const std::vector<LocalNotification>& scheduled) = 0;
 
     /// Takes some that the user put off away and brings others back, as one change: their event goes, or comes back. One
     /// that equals a snoozed one changes nothing. The error is logged.

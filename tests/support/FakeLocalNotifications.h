@@ -23,8 +23,6 @@ public:
         const Lock lock(mutex_);
         return snoozed_;
     }
-    void scheduleLocalNotification(const LocalNotification& notification) override { (void)change({}, {notification}); }
-    void cancelLocalNotification(const LocalNotification& notification) override { (void)change({notification}, {}); }
     Result<> change(const std::vector<LocalNotification>& cancelled,
                     const std::vector<LocalNotification>& scheduled) override {
         const Lock lock(mutex_);

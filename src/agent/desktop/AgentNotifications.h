@@ -28,8 +28,6 @@ public:
     [[nodiscard]] std::vector<LocalNotification> snoozedLocalNotifications() override {
         return schedule_->snoozedLocalNotifications();
     }
-    void scheduleLocalNotification(const LocalNotification& notification) override { (void)change({}, {notification}); }
-    void cancelLocalNotification(const LocalNotification& notification) override { (void)change({notification}, {}); }
     Result<> change(const std::vector<LocalNotification>& cancelled,
                     const std::vector<LocalNotification>& scheduled) override;
     Result<> changeSnoozed(const std::vector<LocalNotification>& removed,

@@ -14,8 +14,6 @@ public:
     void registerUserNotificationSettings(UserNotificationTypes) override {}
     [[nodiscard]] std::vector<LocalNotification> scheduledLocalNotifications() override;
     [[nodiscard]] std::vector<LocalNotification> snoozedLocalNotifications() override;
-    void scheduleLocalNotification(const LocalNotification& notification) override { (void)change({}, {notification}); }
-    void cancelLocalNotification(const LocalNotification& notification) override { (void)change({notification}, {}); }
     Result<> change(const std::vector<LocalNotification>& cancelled,
                     const std::vector<LocalNotification>& scheduled) override;
     Result<> changeSnoozed(const std::vector<LocalNotification>& removed,
