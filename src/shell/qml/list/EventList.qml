@@ -182,7 +182,7 @@ ListView {
         }
         NumberAnimation {
             property: "x"
-            to: -60
+            to: Theme.rightToLeft ? 60 : -60
             duration: Theme.calm
             easing.type: Easing.InCubic
         }

@@ -6,6 +6,8 @@ RowFrame {
     id: frame
     showsHead: false
     takesFocus: false
+    body.topPadding: 6
+    body.bottomPadding: 6
     LineField {
         width: parent.width
         focus: true
