@@ -42,6 +42,16 @@ protected:
     }
     /// The panel of the uppermost stack.
     [[nodiscard]] ScreenItem* panel() const { return shell.modalStacks().last()->panel(); }
+    /// For a new event with times, whose editor then gets the row "Show age".
+    void chooseYearly() {
+        auto event = std::make_shared<HHEvent>("pills");
+        event->setTimes({600, 1200});
+        openEditor(event);
+        open(QStringLiteral("Repeat,"), "Repeat");
+        walkTo(QStringLiteral("Yearly"));
+        press(Qt::Key_Return);
+        ASSERT_TRUE(until([&] { return item(QStringLiteral("Show age")) != nullptr; }));
+    }
     /// The row of a form that shows that text.
     QQuickItem* rowOf(const QString& text) {
         EXPECT_TRUE(until([&] { return item(text) != nullptr; })) << text.toStdString();
@@ -263,13 +273,7 @@ TEST_F(EditorFlows, showTheKeyboardThatTakesOverFromTheHand) {
 }
 
 TEST_F(EditorFlows, putARowThatComesWhereItBelongs) {
-    auto event = std::make_shared<HHEvent>("pills");
-    event->setTimes({600, 1200});
-    openEditor(event);
-    open(QStringLiteral("Repeat,"), "Repeat");
-    walkTo(QStringLiteral("Yearly"));
-    press(Qt::Key_Return);
-    ASSERT_TRUE(topIs("New event"));
+    chooseYearly();
     settle();
     settle();
     const auto* const above = rowOf(QStringLiteral("Repeat"));
@@ -277,13 +281,7 @@ TEST_F(EditorFlows, putARowThatComesWhereItBelongs) {
 }
 
 TEST_F(EditorFlows, layRowsThatGrowWhileTheyComeBelowOneAnother) {
-    auto event = std::make_shared<HHEvent>("pills");
-    event->setTimes({600, 1200});
-    openEditor(event);
-    open(QStringLiteral("Repeat,"), "Repeat");
-    walkTo(QStringLiteral("Yearly"));
-    press(Qt::Key_Return);
-    ASSERT_TRUE(until([&] { return item(QStringLiteral("Show age")) != nullptr; }));
+    chooseYearly();
     window.appearance().setTextScale(1.5);
     settle();
     settle();
