@@ -82,6 +82,7 @@ void activate(QWindow& window) {
     qunsetenv(kStartup.variable);
     auto* const display = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (time && display != nullptr) {
+        qunsetenv(kToken.variable);  // the same right, which is used up for the programs that are started from here
         return activateOnX11(*display->connection(), static_cast<xcb_window_t>(window.winId()), *time);
     }
     window.requestActivate();
